@@ -1,0 +1,37 @@
+#include "core/Main.h"
+
+#include "core/SettingsFile.h"
+#include "extras/Misc.h"
+#include "lite/frmMinorCalc.h"
+
+#include <QApplication>
+
+#include <memory>
+
+// Who calls whom: the Lite window calculates by CalculateBasis, which reads its boxes and fills its grids
+// through LiteView, with the searches and formulae of flow. All that leads out of a window is tied here.
+namespace plenair {
+
+namespace {
+
+std::unique_ptr<frmMinorCalc>& LiteWindow() {
+    static std::unique_ptr<frmMinorCalc> window;
+    return window;
+}
+
+} // namespace
+
+void Main() {
+    LoadSettings();
+    LiteWindow() = std::make_unique<frmMinorCalc>();
+    LiteWindow()->EndProgram = [] { QApplication::exit(); };
+    FocusLiteWindow = [] { LiteWindow()->activateWindow(); };
+    LiteWindow()->show();
+}
+
+void Unload() {
+    FocusLiteWindow = {};
+    LiteWindow().reset();
+}
+
+} // namespace plenair

@@ -1,0 +1,7 @@
+#include "core/Settings.h"
+
+namespace plenair {
+
+SettingsRecord Settings;
+
+} // namespace plenair

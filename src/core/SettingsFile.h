@@ -1,0 +1,21 @@
+#pragma once
+
+#include <functional>
+
+// The settings file: nine items, each on a line of its own, in the program's folder.
+namespace plenair {
+
+// Fills Settings from the first *.cfg file of the program's folder. Where there is none, or it can't be read
+// to the ninth item, Settings takes the defaults, they are saved as User.cfg, this month's reminder counts as
+// done, and a message says so. Where they can't be saved either, a message names the file and the reason, and
+// the defaults hold for this run.
+void LoadSettings();
+
+// Writes the nine items of Settings to Settings.ConfigFile in the program's folder, replacing the file as a
+// whole. Throws FileFailure; then the older file is as it was.
+void SaveSettings();
+
+// Run when the defaults are taken: unloads the options dialog. The start routine sets it.
+extern std::function<void()> UnloadOptions;
+
+} // namespace plenair

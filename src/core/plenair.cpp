@@ -1,0 +1,16 @@
+#include "core/Main.h"
+#include "platform/qt/Desktop.h"
+
+#include <QApplication>
+
+int main(int argc, char** argv) {
+    QApplication::setStyle("Fusion"); // one look whose margins the layout in twips fits
+    QApplication application(argc, argv);
+    QApplication::setApplicationName("Plenair");
+    QApplication::setQuitOnLastWindowClosed(false);
+    plenair::ConnectDesktop();
+    plenair::Main();
+    const int result = QApplication::exec();
+    plenair::Unload();
+    return result;
+}

@@ -1,0 +1,62 @@
+#include "extras/Misc.h"
+
+#include "core/modRegistry.h"
+#include "platform/MessageBox.h"
+#include "platform/RandomNumbers.h"
+#include "platform/Sound.h"
+#include "platform/TextFiles.h"
+
+#include <array>
+#include <string>
+
+namespace plenair {
+
+std::function<void()> ShowAboutAfterReminder;
+std::function<void()> FocusLiteWindow;
+
+namespace {
+
+const std::array<std::string, 6> kQuestions = {
+    "Enjoying Plenair?",
+    "Lying awake at night, just wondering how much better Plenair could be?",
+    "Been thinking about how good your company's name would look on Plenair?",
+    "Think Plenair could be improved?",
+    "Been searching for the ultimate duct sizing software?",
+    "Been searching for the ultimate pipe sizing software?",
+};
+
+// The month noted last; the stored text may have a terminator behind its six characters.
+std::string NotedMonth() {
+    const RegistryValue value = RegReadValue(HKEY_CURRENT_USER, ReminderSubKey, ReminderValueName);
+    const auto* text = std::get_if<std::string>(&value);
+    return text != nullptr ? text->substr(0, 6) : std::string();
+}
+
+} // namespace
+
+void PlayCall() {
+    PlaySoundFile(ProgramFolder() + "/Gus.psg");
+}
+
+void MonthlyReminder() {
+    if (NotedMonth() == ReminderMonth()) {
+        return;
+    }
+    SeedRandom(SecondsSinceMidnight());
+    const auto number = static_cast<std::size_t>(NextRandom() * 6 + 1);
+    const MessageAnswer answer = ShowMessage({kQuestions[number - 1], "Plenair's harmless self advertising",
+                                              MessageButtons::YesNo, MessageIcon::Question});
+    if (answer == MessageAnswer::No) {
+        ShowMessage({"Liar!", "Plenair", MessageButtons::Ok, MessageIcon::None});
+    }
+    RegCreateKey(HKEY_CURRENT_USER, ReminderSubKey);
+    RegWriteValue(HKEY_CURRENT_USER, ReminderSubKey, ReminderValueName, ReminderMonth(), REG_SZ);
+    if (ShowAboutAfterReminder) {
+        ShowAboutAfterReminder();
+    }
+    if (FocusLiteWindow) {
+        FocusLiteWindow();
+    }
+}
+
+} // namespace plenair

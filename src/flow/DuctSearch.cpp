@@ -1,0 +1,142 @@
+#include "flow/DuctSearch.h"
+
+#include "core/Settings.h"
+#include "flow/Arithmetic.h"
+#include "flow/FluidProperties.h"
+#include "flow/GeneralCalcs.h"
+#include "flow/Sizing.h"
+
+namespace plenair {
+
+namespace {
+
+constexpr int kSteps = 500000;
+constexpr int kDiameterPasses = 10000;
+constexpr double kStep = 0.01;
+
+void CountStep(int& steps) {
+    if (++steps > kSteps) {
+        throw CalcFailure("a search without an end");
+    }
+}
+
+// The round duct of a working value. Diameter and friction factor carry over from one working value to the
+// next, which is part of the result.
+class RoundDuctSearch {
+  public:
+    RoundDuctSearch(double flow, double roughness)
+        : m_flow(flow), m_roughness(roughness), m_density(Density(Settings.FluidTemp)) {}
+
+    double diameter = 1.0;
+    double friction = 1.0;
+
+    void SettleForLoss(double loss) {
+        Settle([&] { return DiameterForLoss(friction, loss, m_flow, m_density); });
+    }
+
+    void SettleForVelocity(double velocity) {
+        Settle([&] { return DiameterForVelocity(velocity, m_flow); });
+    }
+
+    // Width of the rectangle of `height` that stands for the round duct, on the size step. The search for it
+    // starts at `start`.
+    double RoundedWidth(double height, double start) const {
+        double change = 1.0;
+        return RoundedUpSize(OtherSide(height, diameter, start, change));
+    }
+
+    double Velocity() const { return RoundDuctVelocity(m_flow, diameter); }
+
+    // Loss of the rectangle at the velocity of the round duct: what a search compares with its target.
+    double TestedLoss(double width, double height, double velocity) const {
+        return LossGradient(friction, EquivalentDiameter(width, height), velocity, m_density);
+    }
+
+    // The duct as chosen. The friction factor stays that of the last round duct.
+    SizedDuct Close(double width, double height) const {
+        SizedDuct duct;
+        duct.width = width;
+        const double equivalent = EquivalentDiameter(width, height);
+        duct.velocity = RoundDuctVelocity(m_flow, equivalent);
+        duct.loss = LossGradient(friction, equivalent, duct.velocity, m_density);
+        duct.equivalent = RoundedUpSize(equivalent);
+        return duct;
+    }
+
+  private:
+    template <typename DiameterOf> void Settle(DiameterOf diameterOf) {
+        double previous = 0;
+        int passes = 0;
+        do {
+            if (++passes > kDiameterPasses) {
+                throw CalcFailure("the diameter does not settle");
+            }
+            previous = diameter;
+            diameter = diameterOf();
+            double change = 1.0;
+            FrictionFactor(m_flow, diameter, m_roughness, friction, change);
+        } while (!(std::fabs(previous - diameter) < 0.0000000001));
+    }
+
+    double m_flow;
+    double m_roughness;
+    double m_density;
+};
+
+// Where a search for a width starts when the height says nothing about it.
+constexpr double kFarStart = 1E+50;
+
+} // namespace
+
+SizedDuct SizeForLoss(double flow, double height, float target, double roughness, double& working) {
+    working = static_cast<double>(target);
+    RoundDuctSearch duct(flow, roughness);
+    bool last = false;
+    for (int steps = 0;;) {
+        duct.SettleForLoss(working);
+        const double width = duct.RoundedWidth(height, height);
+        const double loss = duct.TestedLoss(width, height, duct.Velocity());
+        if (last) {
+            return duct.Close(width, height);
+        }
+        CountStep(steps);
+        if (ToSingle(loss) < target) {
+            working += kStep;
+        } else {
+            working -= kStep;
+            last = true;
+        }
+    }
+}
+
+SizedDuct SizeForVelocity(double flow, double height, float target, double roughness, double& working) {
+    working = static_cast<double>(target);
+    RoundDuctSearch duct(flow, roughness);
+    duct.SettleForVelocity(working);
+    duct.RoundedWidth(height, kFarStart); // may fail for the target itself, though its width is not taken
+    working -= kStep;
+    duct.SettleForVelocity(working);
+    return duct.Close(duct.RoundedWidth(height, kFarStart), height);
+}
+
+SizedDuct SizeWithinCaps(double flow, double height, float lossCap, float velocityCap, double roughness,
+                         double& working) {
+    working = static_cast<double>(velocityCap);
+    RoundDuctSearch duct(flow, roughness);
+    for (int steps = 0;;) {
+        if (working <= 0.0) {
+            throw CapsNotMet("no velocity keeps the loss within its cap");
+        }
+        duct.SettleForVelocity(working);
+        const double width = duct.RoundedWidth(height, kFarStart);
+        const double velocity = duct.Velocity();
+        const bool capItself = steps == 0;
+        if (!capItself && !(ToSingle(duct.TestedLoss(width, height, velocity)) > lossCap)) {
+            return duct.Close(width, height);
+        }
+        CountStep(steps);
+        working -= kStep;
+    }
+}
+
+} // namespace plenair

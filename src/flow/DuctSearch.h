@@ -1,0 +1,38 @@
+#pragma once
+
+#include "flow/CalcFailure.h"
+
+// Sizing one rectangular duct of a given height: numbers to numbers. The width is rounded up to the size step,
+// so a search does not solve for its target. It moves a working value in steps of 0.01, and takes the first
+// one at which the rounded duct passes its test.
+//
+// Units: flow m³/s, height and roughness m, targets Pa/m and m/s. The targets and the losses compared with them
+// are 32-bit floats. `working` belongs to the caller: it holds the working value at every moment, and after a
+// failure the one that failed. Each search throws CalcFailure where its arithmetic has no result, and when it
+// has taken 500,000 steps.
+namespace plenair {
+
+struct SizedDuct {
+    double width = 0;      // m, on the size step
+    double velocity = 0;   // m/s, in the equivalent round duct
+    double loss = 0;       // Pa/m
+    double equivalent = 0; // m, equivalent round diameter rounded up to the size step
+};
+
+// No working velocity above 0 keeps the loss within its cap.
+struct CapsNotMet : CalcFailure {
+    using CalcFailure::CalcFailure;
+};
+
+// Steps the working loss up from `target` until the rounded duct reaches the target, and takes the step before.
+SizedDuct SizeForLoss(double flow, double height, float target, double roughness, double& working);
+
+// Takes the duct for `target` less 0.01.
+SizedDuct SizeForVelocity(double flow, double height, float target, double roughness, double& working);
+
+// Steps the working velocity down from `velocityCap`, which itself is never tried, until the loss of the
+// rounded duct is at most `lossCap`. Throws CapsNotMet when the working velocity arrives at 0 or below.
+SizedDuct SizeWithinCaps(double flow, double height, float lossCap, float velocityCap, double roughness,
+                         double& working);
+
+} // namespace plenair

@@ -1,0 +1,81 @@
+#include "flow/GeneralCalcs.h"
+
+#include "core/Settings.h"
+#include "flow/Arithmetic.h"
+#include "flow/FluidProperties.h"
+
+namespace plenair {
+
+namespace {
+
+constexpr int kFrictionPasses = 1000;
+constexpr int kOtherSidePasses = 100000;
+
+} // namespace
+
+double Log10(double x) {
+    if (x <= 0.0) {
+        throw CalcFailure("logarithm of a number that is not positive");
+    }
+    return std::log(Checked(x)) / std::log(10.0);
+}
+
+double RoundDuctVelocity(double flow, double diameter) {
+    return Divide(flow, (diameter * diameter * Pi) / 4);
+}
+
+double ReynoldsNumber(double velocity, double diameter, double density, double viscosity) {
+    return Divide((velocity * diameter) * density, viscosity);
+}
+
+double FrictionFactor(double flow, double diameter, double roughness, double& friction, double& change) {
+    const double velocity = RoundDuctVelocity(flow, diameter);
+    const double reynolds =
+        ReynoldsNumber(velocity, diameter, Density(Settings.FluidTemp), Viscosity(Settings.FluidTemp));
+    for (int pass = 0; change > 0.00001; ++pass) {
+        if (pass == kFrictionPasses) {
+            throw CalcFailure("the friction factor does not settle");
+        }
+        const double x = Divide(2.51, SquareRoot(friction) * reynolds) + Divide(roughness, diameter) / 3.7;
+        const double log = Log10(x);
+        const double next = Divide(0.25, log * log);
+        change = std::fabs(friction - next);
+        friction = next;
+    }
+    return friction;
+}
+
+double LossGradient(double friction, double diameter, double velocity, double density) {
+    return Divide((velocity * velocity * friction) * density, diameter + diameter);
+}
+
+double DiameterForLoss(double friction, double loss, double flow, double density) {
+    const double perLoss = Divide(1.0, loss);
+    return Power(Divide(flow * flow * (8 * friction * density * perLoss), Pi * Pi), 1.0 / 5);
+}
+
+double DiameterForVelocity(double velocity, double flow) {
+    return SquareRoot(Divide(flow * 4, velocity * Pi));
+}
+
+double RoundDuctFlow(double velocity, double diameter) {
+    return Checked(((diameter * diameter * Pi) / 4) * velocity);
+}
+
+double EquivalentDiameter(double a, double b) {
+    return Power(Divide(Power(a, 3) * 32 * Power(b, 3), Pi * Pi * (a + b)), 1.0 / 5);
+}
+
+double OtherSide(double side, double diameter, double& other, double& change) {
+    for (int pass = 0; change > 0.0000000001; ++pass) {
+        if (pass == kOtherSidePasses) {
+            throw CalcFailure("the other side does not settle");
+        }
+        const double next = Divide(Power(Power(other + side, 0.25) * diameter / 1.3, 1.6), side);
+        change = std::fabs(other - next);
+        other = next;
+    }
+    return other;
+}
+
+} // namespace plenair

@@ -1,0 +1,119 @@
+#include "lite/CalculateMinorStuff.h"
+
+#include "core/Settings.h"
+#include "extras/Misc.h"
+#include "flow/Arithmetic.h"
+#include "flow/DuctSearch.h"
+#include "flow/FluidProperties.h"
+#include "flow/GeneralCalcs.h"
+#include "flow/Sizing.h"
+#include "lite/ResultGrids.h"
+#include "platform/MessageBox.h"
+#include "platform/NumberText.h"
+
+namespace plenair {
+
+namespace {
+
+// Runs one step of a calculation; a failure ends that step alone, silently.
+template <typename Step> void Attempt(Step step) {
+    try {
+        step();
+    } catch (const CalcFailure&) {
+        // The rows written so far stay, and the user sees where they end.
+    }
+}
+
+void RunBasis(LiteView& view, double inputA, double inputB, double value, std::int16_t basis) {
+    switch (basis) {
+    case 0:
+        return CalcLossPerMetre(view, inputA, inputB);
+    case 1:
+        return CalcVelocity(view, inputA, inputB);
+    case 2:
+        return CalcCapped(view, inputA, inputB);
+    case 3:
+        return CalcAnalyseFlow(view, inputA, inputB, value);
+    case 4:
+        return CalcAnalyseVelocity(view, inputA, inputB, value);
+    default:
+        ShowMessage({"Error in Calculation.  Calculation basis not yet available.", "Plenair"});
+    }
+}
+
+// Five rows around the height given, one size step apart; `size` gives the duct for a height in m.
+template <typename Size> void FillRows(LiteView& view, double inputA, double inputB, Size size) {
+    const double flow = inputA / 1000;
+    double height = inputB - ToInt16(2.0 * Settings.RoundOff);
+    for (std::int16_t row = 0; row <= 4; ++row) {
+        const SizedDuct duct = size(flow, height / 1000);
+        FillGrids(view, ToSingle(duct.width * 1000), ToSingle(height), ToSingle(duct.velocity),
+                  ToSingle(duct.loss), duct.equivalent, flow, row);
+        height += Settings.RoundOff;
+    }
+}
+
+// The one row of an analysis, in the middle of the table.
+constexpr std::int16_t kAnalysisRow = 2;
+
+// Friction factor of a duct that is given, from the usual start.
+double FrictionOf(double flow, double equivalent) {
+    double friction = 1.0;
+    double change = 1.0;
+    return FrictionFactor(flow, equivalent, Settings.SurfaceRoughness1, friction, change);
+}
+
+} // namespace
+
+void CalculateBasis(LiteView& view, double inputA, double inputB, double value, std::int16_t basis) {
+    Attempt([] { MonthlyReminder(); });
+    Attempt([&] { RunBasis(view, inputA, inputB, value, basis); });
+}
+
+void CalcLossPerMetre(LiteView& view, double inputA, double inputB) {
+    FillRows(view, inputA, inputB, [&](double flow, double height) {
+        const float target = SingleOf(view.BasisText(0));
+        return SizeForLoss(flow, height, target, Settings.SurfaceRoughness1, Settings.MaxLPM);
+    });
+}
+
+void CalcVelocity(LiteView& view, double inputA, double inputB) {
+    FillRows(view, inputA, inputB, [&](double flow, double height) {
+        const float target = SingleOf(view.BasisText(1));
+        return SizeForVelocity(flow, height, target, Settings.SurfaceRoughness1, Settings.MaxVelocity);
+    });
+}
+
+void CalcCapped(LiteView& view, double inputA, double inputB) {
+    FillRows(view, inputA, inputB, [&](double flow, double height) {
+        const float lossCap = SingleOf(view.BasisText(2));
+        const float velocityCap = SingleOf(view.BasisText(9));
+        return SizeWithinCaps(flow, height, lossCap, velocityCap, Settings.SurfaceRoughness1,
+                              Settings.MaxVelocity);
+    });
+}
+
+void CalcAnalyseFlow(LiteView& view, double inputA, double inputB, double value) {
+    const double equivalent = EquivalentDiameter(inputA / 1000, inputB / 1000);
+    const double flow = value / 1000;
+    const double velocity = RoundDuctVelocity(flow, equivalent);
+    const double friction = FrictionOf(flow, equivalent);
+    const double loss = LossGradient(friction, equivalent, velocity, Density(Settings.FluidTemp));
+    const double rounded = RoundedUpSize(equivalent);
+    FillGrids(view, ToSingle(inputA), ToSingle(inputB), ToSingle(velocity), ToSingle(loss), rounded, flow,
+              kAnalysisRow);
+}
+
+void CalcAnalyseVelocity(LiteView& view, double inputA, double inputB, double value) {
+    const double equivalent = EquivalentDiameter(inputA / 1000, inputB / 1000);
+    const double flow = RoundDuctFlow(value, equivalent);
+    const double friction = FrictionOf(flow, equivalent);
+    const double loss = LossGradient(friction, equivalent, value, Density(Settings.FluidTemp));
+    const double rounded = RoundedUpSize(equivalent);
+    FillGrids(view, ToSingle(inputA), ToSingle(inputB), ToSingle(value), ToSingle(loss), rounded, flow,
+              kAnalysisRow);
+    view.SetMinorCell(3, 1, "( " + Format(Checked(flow * 1000), "0"));
+    view.SetMinorCell(3, 2, "L/s )");
+}
+
+} // namespace plenair

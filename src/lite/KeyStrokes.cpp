@@ -1,0 +1,43 @@
+#include "lite/KeyStrokes.h"
+
+#include "core/Settings.h"
+#include "flow/CalcFailure.h"
+#include "lite/CalculateMinorStuff.h"
+#include "lite/ResultGrids.h"
+
+namespace plenair {
+
+namespace {
+
+constexpr std::int16_t kUp = 38;
+constexpr std::int16_t kDown = 40;
+
+} // namespace
+
+void HandleKeyStroke(LiteInputs& window, std::int16_t key, const std::string& controlName) {
+    if (Settings.CalcBasis == 3 || Settings.CalcBasis == 4 || (key != kUp && key != kDown)) {
+        return;
+    }
+    const int row = key == kUp ? 1 : 3;
+    window.SetInputB(window.MinorCell(row, 1));
+    if (!window.InputA().empty() && !window.InputB().empty()) {
+        CalculateTexts(window, window.InputA(), window.InputB(), "1");
+    }
+    if (controlName == "txtInputA") {
+        window.FocusInputB();
+    }
+}
+
+void CalculateTexts(LiteView& view, const std::string& inputA, const std::string& inputB,
+                    const std::string& value) {
+    try {
+        const double a = NumberOf(inputA);
+        const double b = NumberOf(inputB);
+        const double c = NumberOf(value);
+        CalculateBasis(view, a, b, c, Settings.CalcBasis);
+    } catch (const CalcFailure&) {
+        // Nothing is said: the grids stay blank.
+    }
+}
+
+} // namespace plenair

@@ -1,0 +1,54 @@
+#include "lite/ResultGrids.h"
+
+#include "flow/Arithmetic.h"
+#include "flow/GeneralCalcs.h"
+#include "platform/NumberText.h"
+
+namespace plenair {
+
+double NumberOf(const std::string& text) {
+    const auto number = NumberFromText(text);
+    if (!number) {
+        throw CalcFailure("text that is no number");
+    }
+    return *number;
+}
+
+float SingleOf(const std::string& text) {
+    const auto number = SingleFromText(text);
+    if (!number) {
+        throw CalcFailure("text that is no 32-bit number");
+    }
+    return *number;
+}
+
+Lamp LampFor(double width, double height) {
+    const double a = Divide(width, height);
+    const double b = Divide(height, width);
+    const float ratio = ToSingle(b < a ? a : b);
+    if (ratio > 8.0F) {
+        return Lamp::Red;
+    }
+    if (ratio > 5.0F) {
+        return Lamp::Orange;
+    }
+    return ratio > 4.0F ? Lamp::Yellow : Lamp::Green;
+}
+
+void FillGrids(LiteView& view, float width, float height, float velocity, float loss, double equivalent,
+               double flow, std::int16_t row) {
+    view.SetMinorCell(row, 0, Format(width, "0"));
+    const double shownWidth = NumberOf(view.MinorCell(row, 0));
+    view.SetMinorCell(row, 1, Format(height, "0"));
+    const double shownHeight = NumberOf(view.MinorCell(row, 1));
+    view.SetMinorCell(row, 2, Format(velocity, "0.00"));
+    view.SetMinorCell(row, 3, Format(loss, "0.00"));
+    if (row == 2) {
+        view.SetOtherCell(0, Format(Checked(equivalent * 1000), "0"));
+        view.SetOtherCell(2, Format(RoundDuctVelocity(flow, equivalent), "0.00"));
+        view.SetOtherCell(3, Format(loss, "0.00"));
+    }
+    view.LightLamp(row, LampFor(shownWidth, shownHeight));
+}
+
+} // namespace plenair

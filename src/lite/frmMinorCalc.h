@@ -1,0 +1,107 @@
+#pragma once
+
+#include "lite/KeyStrokes.h"
+#include "platform/qt/Controls.h"
+#include "platform/qt/Form.h"
+#include "platform/qt/MSFlexGrid.h"
+#include "platform/qt/TextBox.h"
+
+#include <QAction>
+
+#include <array>
+#include <functional>
+#include <map>
+
+class QMenu;
+
+namespace plenair {
+
+// Plenair Lite, the first window: sizes one duct at a time. Two inputs, five calculation bases, Enter. Folded
+// it ends below cmdMoreInfo; the bases then lie below its bottom edge and are as alive as ever.
+//
+// The text boxes are the live store of the targets: the calculation reads them here, through LiteView.
+class frmMinorCalc : public Form, public LiteInputs {
+    Q_OBJECT
+
+  public:
+    frmMinorCalc();
+
+    // Blanks both grids and all lamps.
+    void ResetGrid();
+
+    // What the rest of the program does for this window; the start routine sets them.
+    std::function<void()> OpenProjectSolver;
+    std::function<void()> RecordLog;
+    std::function<void()> OpenLog;
+    std::function<void()> ShowOptions;
+    std::function<void()> ShowAbout;
+    std::function<void()> EndProgram;
+    std::function<void(int row)> RecordRow;
+
+    // For the options dialog and the reminder, which bring this window up to date.
+    void SelectBasis(int index) { OptCalcBasis(index)->SetOn(); }
+    void SetBasisText(int index, const std::string& text) { TxtCalcBasis(index)->SetText(text); }
+    void FocusInputA(); // selects its text
+
+    // For the log: the table with its current cell, and the menu entry.
+    MSFlexGrid& Table() { return *grdMinorCalc; }
+    void EnableRecordLog(bool enabled) { mnuFileLog->setEnabled(enabled); }
+
+    std::string BasisText(int index) const override { return TxtCalcBasis(index)->Text(); }
+    std::string MinorCell(int row, int column) const override;
+    void SetMinorCell(int row, int column, const std::string& text) override;
+    void SetOtherCell(int column, const std::string& text) override;
+    void LightLamp(int row, Lamp colour) override;
+    std::string InputA() const override { return txtInputA->Text(); }
+    std::string InputB() const override { return txtInputB->Text(); }
+    void SetInputB(const std::string& text) override { txtInputB->SetText(text); }
+    void FocusInputB() override { GiveFocus(txtInputB); }
+
+  private:
+    void CreateInputs();
+    void CreateResults();
+    void CreateBases();
+    void CreateMenus();
+    void SetTabStops();
+    QAction* AddEntry(QMenu* menu, const QString& name, const QString& caption, void (frmMinorCalc::*handler)());
+
+    void Form_Load();
+    void SetFolded(bool folded);
+    void Calculate();
+
+    void txtInputA_KeyPress(int character);
+    void txtInputB_KeyPress(int character);
+    void txtCalcBasis_Change(int index);
+    void txtCalcBasis_GotFocus(int index);
+    void txtCalcBasis_KeyPress(int character);
+    void optCalcBasis_Click(int index);
+    void cmdMoreInfo_Click();
+    void cmdLog_Click(int index);
+    void mnuFileMajor_Click();
+    void mnuFileLog_Click();
+    void mnuFileLogOpen_Click();
+    void mnuFileExit_Click();
+    void mnuEditOptions_Click();
+    void mnuViewOnTop_Click();
+    void mnuHelpManual_Click();
+    void mnuHelpAbout_Click();
+
+    TextBox* TxtCalcBasis(int index) const { return txtCalcBasis.at(index); }
+    Option* OptCalcBasis(int index) const { return optCalcBasis.at(static_cast<std::size_t>(index)); }
+
+    Label* lblInputA = nullptr;
+    Label* lblInputB = nullptr;
+    TextBox* txtInputA = nullptr;
+    TextBox* txtInputB = nullptr;
+    MSFlexGrid* grdMinorCalc = nullptr;
+    MSFlexGrid* grdOtherShapes = nullptr;
+    std::array<Label*, 5> lblRatio = {};
+    Button* cmdMoreInfo = nullptr;
+    std::array<Option*, 5> optCalcBasis = {};
+    std::map<int, TextBox*> txtCalcBasis; // 0 to 4 and 9
+    QAction* mnuFileLog = nullptr;
+    QAction* mnuViewOnTop = nullptr;
+    bool m_folded = true;
+};
+
+} // namespace plenair

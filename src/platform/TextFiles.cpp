@@ -1,0 +1,378 @@
+#include "platform/TextFiles.h"
+
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <cstddef>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace plenair {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::size_t LongestItem = 65'536;
+
+[[noreturn]] void Fail(const std::string& path, const std::string& reason) {
+    throw FileFailure(path + ": " + reason);
+}
+
+[[noreturn]] void Fail(const std::string& path, int error) {
+    Fail(path, std::generic_category().message(error));
+}
+
+void RequireRegularFile(const std::string& path, const struct stat& status) {
+    if (S_ISDIR(status.st_mode)) {
+        Fail(path, EISDIR);
+    }
+    if (!S_ISREG(status.st_mode)) {
+        Fail(path, "Not a regular file");
+    }
+}
+
+bool IsBlank(int byte) {
+    return byte == ' ' || byte == '\t';
+}
+
+bool EndsLine(int byte) {
+    return byte == '\r' || byte == '\n';
+}
+
+// An open file of the system, closed at the end of its scope.
+class Descriptor {
+  public:
+    explicit Descriptor(int number) : m_number(number) {}
+    ~Descriptor() { Close(); }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+
+    bool IsOpen() const { return m_number >= 0; }
+    int Number() const { return m_number; }
+
+    // False if the system reports only now that what was written couldn't be kept.
+    bool Close() { return !IsOpen() || ::close(std::exchange(m_number, -1)) == 0; }
+
+  private:
+    int m_number;
+};
+
+} // namespace
+
+struct ItemReader::State {
+    State(const std::string& name, Quotes innerQuotes);
+
+    static constexpr int End = -1;
+
+    int Peek(); // the next byte, or End
+    void Skip() { ++m_next; }
+    bool SkipIf(char byte);
+    void SkipBlanks();
+    void SkipSeparator();
+    void FailAtEnd();
+    void Append(std::string& item);
+
+    const std::string path;
+    const Quotes quotes;
+
+  private:
+    // Without O_NONBLOCK the opening of a pipe that nobody writes to would never return.
+    Descriptor m_file;
+    std::array<char, 8192> m_buffer;
+    std::size_t m_next = 0;
+    std::size_t m_filled = 0;
+};
+
+ItemReader::State::State(const std::string& name, Quotes innerQuotes)
+    : path(name), quotes(innerQuotes), m_file(::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {
+    struct stat status {};
+    if (!m_file.IsOpen() || ::fstat(m_file.Number(), &status) != 0) {
+        Fail(path, errno);
+    }
+    RequireRegularFile(path, status);
+}
+
+int ItemReader::State::Peek() {
+    if (m_next == m_filled) {
+        ssize_t count = -1;
+        do {
+            count = ::read(m_file.Number(), m_buffer.data(), m_buffer.size());
+        } while (count < 0 && errno == EINTR);
+        if (count < 0) {
+            Fail(path, errno);
+        }
+        m_next = 0;
+        m_filled = static_cast<std::size_t>(count);
+    }
+    return m_next < m_filled ? static_cast<unsigned char>(m_buffer[m_next]) : End;
+}
+
+bool ItemReader::State::SkipIf(char byte) {
+    const bool found = Peek() == byte;
+    if (found) {
+        Skip();
+    }
+    return found;
+}
+
+void ItemReader::State::SkipBlanks() {
+    for (std::size_t count = 0; IsBlank(Peek()); ++count) {
+        if (count == LongestItem) {
+            Fail(path, "Item too long");
+        }
+        Skip();
+    }
+}
+
+// Skips one comma or line end, with the blanks before it.
+void ItemReader::State::SkipSeparator() {
+    SkipBlanks();
+    if (SkipIf(',')) {
+        return;
+    }
+    if (SkipIf('\r')) {
+        SkipIf('\n');
+    } else {
+        SkipIf('\n');
+    }
+}
+
+void ItemReader::State::FailAtEnd() {
+    if (Peek() == End) {
+        Fail(path, "Unexpected end of file");
+    }
+}
+
+// Moves the next byte to the end of `item`.
+void ItemReader::State::Append(std::string& item) {
+    if (item.size() == LongestItem) {
+        Fail(path, "Item too long");
+    }
+    item.push_back(static_cast<char>(Peek()));
+    Skip();
+}
+
+ItemReader::ItemReader(const std::string& path, Quotes quotes)
+    : m_state(std::make_unique<State>(path, quotes)) {}
+
+ItemReader::~ItemReader() = default;
+
+bool ItemReader::AtEnd() {
+    return m_state->Peek() == State::End;
+}
+
+std::string ItemReader::ReadText() {
+    State& state = *m_state;
+    state.FailAtEnd();
+    state.SkipBlanks();
+    std::string item;
+    if (state.SkipIf('"')) {
+        const bool doubled = state.quotes == Quotes::Doubled;
+        while (state.Peek() != State::End) {
+            // Of two quotes that stand for one, the second is still there to be appended.
+            if (state.SkipIf('"') && !(doubled && state.Peek() == '"')) {
+                break;
+            }
+            state.Append(item);
+        }
+    } else {
+        while (state.Peek() != State::End && state.Peek() != ',' && !EndsLine(state.Peek())) {
+            state.Append(item);
+        }
+        item.erase(item.find_last_not_of(" \t") + 1);
+    }
+    state.SkipSeparator();
+    return item;
+}
+
+std::string ItemReader::ReadNumberText() {
+    State& state = *m_state;
+    state.FailAtEnd();
+    state.SkipBlanks();
+    std::string item;
+    for (int byte = state.Peek(); byte != State::End && byte != ',' && !IsBlank(byte) && !EndsLine(byte);
+         byte = state.Peek()) {
+        state.Append(item);
+    }
+    state.SkipSeparator();
+    return item;
+}
+
+std::string Quoted(std::string_view text) {
+    std::string quoted = "\"";
+    for (const char byte : text) {
+        quoted.append(byte == '"' ? 2 : 1, byte);
+    }
+    return quoted.append("\"");
+}
+
+namespace {
+
+// The file that a link, or a row of links, finally names, be it there or not.
+fs::path FileBehind(const std::string& path) {
+    fs::path file = path;
+    for (int links = 0; links < 40; ++links) {
+        std::error_code isNoLink;
+        const fs::path next = fs::read_symlink(file, isNoLink);
+        if (isNoLink) {
+            return file;
+        }
+        file = file.parent_path() / next;
+    }
+    Fail(path, ELOOP);
+}
+
+fs::path FolderOf(const fs::path& file) {
+    return file.has_parent_path() ? file.parent_path() : fs::path(".");
+}
+
+// The state of the file that is to be replaced, or nothing if it is a new one.
+std::optional<struct stat> OlderFile(const std::string& path, const fs::path& file) {
+    struct stat status {};
+    if (::stat(file.c_str(), &status) != 0) {
+        if (errno == ENOENT) {
+            return std::nullopt;
+        }
+        Fail(path, errno);
+    }
+    RequireRegularFile(path, status);
+    // The folder's rights alone would let a write-protected file be replaced.
+    if (::faccessat(AT_FDCWD, file.c_str(), W_OK, AT_EACCESS) != 0) {
+        Fail(path, errno);
+    }
+    return status;
+}
+
+// A new file beside the one that is to be written, removed unless it takes that one's name.
+class PassingFile {
+  public:
+    PassingFile(std::string shownPath, const fs::path& folder, mode_t mode);
+    ~PassingFile();
+    PassingFile(const PassingFile&) = delete;
+    PassingFile& operator=(const PassingFile&) = delete;
+
+    void KeepRights(const struct stat& older);
+    void Write(std::string_view content);
+    void TakeName(const fs::path& file);
+
+  private:
+    void Require(bool succeeded) const {
+        if (!succeeded) {
+            Fail(m_shownPath, errno);
+        }
+    }
+
+    const std::string m_shownPath; // failures name the file that the user knows
+    fs::path m_path;
+    Descriptor m_file;
+};
+
+// Gives a file that nobody else has, and its name. None of these names ends like a file of the program.
+int OpenUnique(const fs::path& folder, mode_t mode, fs::path& path) {
+    static std::atomic<unsigned> counter = 0;
+    int file = -1;
+    for (int tries = 0; tries < 1000; ++tries) {
+        path = folder / (".plenair-" + std::to_string(::getpid()) + "-" + std::to_string(counter++) + ".tmp");
+        file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+        if (file >= 0 || errno != EEXIST) {
+            break;
+        }
+    }
+    return file;
+}
+
+PassingFile::PassingFile(std::string shownPath, const fs::path& folder, mode_t mode)
+    : m_shownPath(std::move(shownPath)), m_file(OpenUnique(folder, mode, m_path)) {
+    Require(m_file.IsOpen());
+}
+
+PassingFile::~PassingFile() {
+    if (!m_path.empty()) {
+        ::unlink(m_path.c_str());
+    }
+}
+
+void PassingFile::KeepRights(const struct stat& older) {
+    // Only an administrator can give a file back to its owner; anyone else becomes the owner.
+    [[maybe_unused]] const int owned = ::fchown(m_file.Number(), older.st_uid, older.st_gid);
+    Require(::fchmod(m_file.Number(), older.st_mode & 0777) == 0);
+}
+
+void PassingFile::Write(std::string_view content) {
+    while (!content.empty()) {
+        const ssize_t count = ::write(m_file.Number(), content.data(), content.size());
+        if (count > 0) {
+            content.remove_prefix(static_cast<std::size_t>(count));
+        } else if (count == 0) {
+            Fail(m_shownPath, EIO);
+        } else {
+            Require(errno == EINTR);
+        }
+    }
+    Require(::fsync(m_file.Number()) == 0);
+    Require(m_file.Close());
+}
+
+void PassingFile::TakeName(const fs::path& file) {
+    Require(::rename(m_path.c_str(), file.c_str()) == 0);
+    m_path.clear();
+}
+
+// Puts a change of names on the disk, where the file system can; by now the new file stands in any case.
+void SyncFolder(const fs::path& folder) {
+    const Descriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (opened.IsOpen()) {
+        ::fsync(opened.Number());
+    }
+}
+
+std::string& ProgramFolderText() {
+    static std::string folder;
+    return folder;
+}
+
+} // namespace
+
+void WriteWholeFile(const std::string& path, std::string_view content) {
+    const fs::path file = FileBehind(path);
+    const std::optional<struct stat> older = OlderFile(path, file);
+    PassingFile passing(path, FolderOf(file), older ? 0600 : 0666);
+    if (older) {
+        passing.KeepRights(*older);
+    }
+    passing.Write(content);
+    passing.TakeName(file);
+    SyncFolder(FolderOf(file));
+}
+
+std::optional<std::string> FirstFileWithExtension(const std::string& folder, std::string_view extension) {
+    std::error_code error;
+    fs::directory_iterator entry(folder, error);
+    for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+        const std::string name = entry->path().filename().string();
+        std::error_code unknown; // a link that leads nowhere is no file
+        if (name.ends_with(extension) && entry->is_regular_file(unknown)) {
+            return name;
+        }
+    }
+    if (error) {
+        Fail(folder, error.message());
+    }
+    return std::nullopt;
+}
+
+void SetProgramFolder(std::string folder) {
+    ProgramFolderText() = std::move(folder);
+}
+
+const std::string& ProgramFolder() {
+    return ProgramFolderText();
+}
+
+} // namespace plenair

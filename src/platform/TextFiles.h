@@ -1,0 +1,70 @@
+#pragma once
+
+#include <cstdio>
+#include <memory>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+// Sequential text files of items and lines, 8-bit text.
+namespace plenair {
+
+// A file that can't be opened, read or written. what() names the file and the system's reason.
+struct FileFailure : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+// What a double quote inside a quoted item is. Closes: the item ends there. Doubled: two of them stand for
+// one, so that any text survives being quoted.
+enum class Quotes { Closes, Doubled };
+
+// Reads a text file item by item. Items are separated by commas or line ends; CR LF, a lone CR and a lone LF
+// are line ends alike; blanks are spaces and tabs. The file is read in pieces, never whole. An item of more
+// than 65,536 bytes is no item of any file of this program and fails, so that a gigabyte of zeros costs
+// nothing. After a failure nothing more can be read.
+class ItemReader {
+  public:
+    // Opens `path`; throws FileFailure if that fails or if it is no regular file (a pipe could keep the
+    // program waiting).
+    explicit ItemReader(const std::string& path, Quotes quotes = Quotes::Closes);
+    ~ItemReader();
+    ItemReader(const ItemReader&) = delete;
+    ItemReader& operator=(const ItemReader&) = delete;
+
+    // Whether nothing at all is left to read.
+    bool AtEnd();
+
+    // The next text item, without the blanks around it. In double quotes it ends at the closing quote and may
+    // hold commas and line ends; otherwise at a comma or a line end. A quote that is never closed ends with
+    // the file. An empty line is an empty item. Throws FileFailure at the end of the file.
+    std::string ReadText();
+
+    // The next number item as text: without the blanks before it, up to a comma, a blank or a line end. An
+    // empty line gives empty text. Throws FileFailure at the end of the file.
+    std::string ReadNumberText();
+
+  private:
+    struct State;
+    std::unique_ptr<State> m_state;
+};
+
+// `text` in double quotes, each double quote in it doubled: the counterpart of Quotes::Doubled.
+std::string Quoted(std::string_view text);
+
+// Replaces the file `path` by `content`, as a whole or not at all: writes beside it, checks every step up to
+// the disk, and only then takes the name. The permissions of an older file stay, a link goes on pointing to
+// its file. A file that the user may not write is not replaced, nor is anything but a regular file. Throws
+// FileFailure; then an older file is as it was and nothing else is left behind.
+void WriteWholeFile(const std::string& path, std::string_view content);
+
+// Name, without folder, of the first file in `folder` that matches `*` followed by `extension` (".cfg"), in
+// the order in which the system lists the folder. Regular files count, and links to them. Nothing if there
+// is none. Throws FileFailure if the folder can't be searched.
+std::optional<std::string> FirstFileWithExtension(const std::string& folder, std::string_view extension);
+
+// The folder that holds the program, without a trailing separator. Set once at the start.
+void SetProgramFolder(std::string folder);
+const std::string& ProgramFolder();
+
+} // namespace plenair

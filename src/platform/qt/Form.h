@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QWidget>
+
+class QMenuBar;
+
+namespace plenair {
+
+// A window of the program: fixed layout in twips, a frame that can't be dragged to another size, and room for
+// a menu bar above the client area. Positions are those of the frame, sizes those of the client area, so that
+// the layout doesn't depend on what the desktop's frame and menu bar take.
+class Form : public QWidget {
+    Q_OBJECT
+
+  public:
+    Form(const QString& name, const QString& caption, Qt::WindowFlags flags);
+
+    // The area in which controls stand.
+    QWidget* Client() const { return m_client; }
+
+    // Makes the menu bar at the first call.
+    QMenuBar* MenuBar();
+
+    // Fixes the client area's size in twips. What lies outside it is cut off, and counts as visible still.
+    void SetClientSize(double width, double height);
+
+    // Puts a control of the client area in its place, in twips.
+    static void Place(QWidget* control, double left, double top, double width, double height);
+
+    // The frame's position, in twips from the screen's top left corner.
+    double Left() const;
+    double Top() const;
+    void MoveTo(double left, double top);
+
+    // Puts the frame's right edge at the screen's, its top at `top`; again when the window is first on the
+    // screen, since only then the width of the frame is known.
+    void MoveToTopRight(double top);
+
+  signals:
+    // The user closes the window by its frame. It stays open unless a handler does something about it.
+    void CloseRequested();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    void LayOut();
+
+    QWidget* m_client;
+    QMenuBar* m_menuBar = nullptr;
+    QSize m_clientSize;
+    double m_topRight = -1;
+};
+
+} // namespace plenair

@@ -1,0 +1,104 @@
+#include "platform/qt/MSFlexGrid.h"
+
+#include "platform/qt/Twips.h"
+
+#include <QAccessible>
+#include <QPainter>
+
+#include <stdexcept>
+
+namespace plenair {
+
+MSFlexGrid::MSFlexGrid(const QString& name, int rows, int columns, QWidget* parent)
+    : QWidget(parent), m_rows(rows), m_columns(columns),
+      m_cells(static_cast<std::size_t>(rows) * static_cast<std::size_t>(columns)),
+      m_formats(static_cast<std::size_t>(columns)) {
+    setObjectName(name);
+}
+
+std::size_t MSFlexGrid::Index(int row, int column) const {
+    if (row < 0 || row >= m_rows || column < 0 || column >= m_columns) {
+        throw std::out_of_range("no such cell");
+    }
+    return static_cast<std::size_t>(row) * static_cast<std::size_t>(m_columns) +
+           static_cast<std::size_t>(column);
+}
+
+const std::string& MSFlexGrid::TextMatrix(int row, int column) const {
+    return m_cells[Index(row, column)];
+}
+
+void MSFlexGrid::SetTextMatrix(int row, int column, const std::string& text) {
+    m_cells[Index(row, column)] = text;
+    ContentChanged();
+}
+
+void MSFlexGrid::Clear() {
+    for (std::string& cell : m_cells) {
+        cell.clear();
+    }
+    ContentChanged();
+}
+
+void MSFlexGrid::ContentChanged() {
+    update();
+    if (QAccessible::isActive()) {
+        // A screen reader has no cells to walk here; it reads the rows as a description.
+        QString content;
+        for (int row = 0; row < m_rows; ++row) {
+            for (int column = 0; column < m_columns; ++column) {
+                content += ToQt(TextMatrix(row, column)) + (column + 1 < m_columns ? ' ' : '\n');
+            }
+        }
+        setAccessibleDescription(content.simplified());
+    }
+}
+
+void MSFlexGrid::SetColWidth(int column, double width) {
+    m_formats[static_cast<std::size_t>(column)].width = width;
+    update();
+}
+
+void MSFlexGrid::SetRowHeight(double height) {
+    m_rowHeight = height;
+    update();
+}
+
+void MSFlexGrid::SetColAlignment(int column, int alignment) {
+    m_formats[static_cast<std::size_t>(column)].alignment = alignment;
+    update();
+}
+
+void MSFlexGrid::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.fillRect(rect(), palette().color(QPalette::Base));
+    QColor lines = palette().color(QPalette::Text);
+    lines.setAlphaF(0.2F);
+    for (int row = 0; row < m_rows; ++row) {
+        double left = 0;
+        for (int column = 0; column < m_columns; ++column) {
+            const QRect cell = ToPixels(left, row * m_rowHeight, Column(column).width, m_rowHeight);
+            left += Column(column).width;
+            if (cell.top() >= height()) {
+                continue;
+            }
+            if (cell.right() < width() - 1) {
+                painter.fillRect(cell.right(), cell.top(), 1, cell.height(), lines);
+            }
+            if (cell.bottom() < height() - 1) {
+                painter.fillRect(cell.left(), cell.bottom(), cell.width() - 1, 1, lines);
+            }
+            const int alignment = Column(column).alignment;
+            const int horizontal =
+                alignment == 4 ? Qt::AlignHCenter : (alignment == 7 ? Qt::AlignRight : Qt::AlignLeft);
+            painter.setPen(palette().color(QPalette::Text));
+            painter.drawText(cell.adjusted(1, 0, -1, -1), horizontal | int{Qt::AlignVCenter},
+                             ToQt(TextMatrix(row, column)));
+        }
+    }
+    lines.setAlphaF(0.45F);
+    painter.setPen(lines);
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+} // namespace plenair

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QWidget>
+
+#include <string>
+#include <vector>
+
+namespace plenair {
+
+// A table of texts that is only read: rows and columns without headings, a current cell that the program moves
+// and the user doesn't. Rows stand from the top; what doesn't fit the control's height is not seen.
+class MSFlexGrid : public QWidget {
+    Q_OBJECT
+
+  public:
+    MSFlexGrid(const QString& name, int rows, int columns, QWidget* parent);
+
+    int Rows() const { return m_rows; }
+    int Columns() const { return m_columns; }
+
+    // Text of any cell, from row 0 and column 0. The cell must exist.
+    const std::string& TextMatrix(int row, int column) const;
+    void SetTextMatrix(int row, int column, const std::string& text);
+
+    // Empties all cells. Sizes, alignments and the current cell stay.
+    void Clear();
+
+    // Width of a column and height of all rows, in twips.
+    double ColWidth(int column) const { return Column(column).width; }
+    void SetColWidth(int column, double width);
+    void SetRowHeight(double height);
+
+    // How the texts of a column stand: 1 to the left, 4 centred, 7 to the right.
+    int ColAlignment(int column) const { return Column(column).alignment; }
+    void SetColAlignment(int column, int alignment);
+
+    // The current cell, row 0 and column 0 at first, and its text.
+    int Row() const { return m_row; }
+    int Col() const { return m_column; }
+    void SetRow(int row) { m_row = row; }
+    void SetCol(int column) { m_column = column; }
+    const std::string& Text() const { return TextMatrix(m_row, m_column); }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    struct ColumnFormat {
+        double width = 960;
+        int alignment = 1;
+    };
+
+    const ColumnFormat& Column(int column) const { return m_formats[static_cast<std::size_t>(column)]; }
+    std::size_t Index(int row, int column) const;
+    void ContentChanged();
+
+    int m_rows;
+    int m_columns;
+    int m_row = 0;
+    int m_column = 0;
+    double m_rowHeight = 240;
+    std::vector<std::string> m_cells;
+    std::vector<ColumnFormat> m_formats;
+};
+
+} // namespace plenair

@@ -1,0 +1,149 @@
+#include "platform/qt/TextBox.h"
+
+#include "platform/qt/Twips.h"
+
+#include <QKeyEvent>
+
+namespace plenair {
+
+namespace {
+
+int KeyCodeOf(const QKeyEvent* event) {
+    switch (event->key()) {
+    case Qt::Key_Backspace:
+        return 8;
+    case Qt::Key_Tab:
+        return 9;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return 13;
+    case Qt::Key_Escape:
+        return 27;
+    case Qt::Key_End:
+        return 35;
+    case Qt::Key_Home:
+        return 36;
+    case Qt::Key_Left:
+        return 37;
+    case Qt::Key_Up:
+        return 38;
+    case Qt::Key_Right:
+        return 39;
+    case Qt::Key_Down:
+        return 40;
+    case Qt::Key_Delete:
+        return 46;
+    default:
+        return event->key() >= Qt::Key_Space && event->key() <= Qt::Key_AsciiTilde ? event->key() : 0;
+    }
+}
+
+// The characters that a key gives; none for a key that only moves or edits.
+QString CharactersOf(const QKeyEvent* event) {
+    if (event->modifiers() & Qt::AltModifier) {
+        return {};
+    }
+    switch (event->key()) {
+    case Qt::Key_Backspace:
+        return QString(QChar(8));
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return QString(QChar(13));
+    case Qt::Key_Escape:
+        return QString(QChar(27));
+    case Qt::Key_Delete:
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+        return {};
+    default:
+        break;
+    }
+    if ((event->modifiers() & Qt::ControlModifier) && event->key() >= Qt::Key_A && event->key() <= Qt::Key_Z) {
+        return QString(QChar(event->key() - Qt::Key_A + 1));
+    }
+    return event->text();
+}
+
+} // namespace
+
+TextBox::TextBox(const QString& name, QWidget* parent) : QLineEdit(parent) {
+    setObjectName(name);
+    connect(this, &QLineEdit::textChanged, this, [this] {
+        if (Change) {
+            Change();
+        }
+    });
+}
+
+std::string TextBox::Text() const {
+    return FromQt(text());
+}
+
+void TextBox::SetText(const std::string& text) {
+    setText(ToQt(text));
+}
+
+void TextBox::keyPressEvent(QKeyEvent* event) {
+    if (KeyDown) {
+        KeyDown(KeyCodeOf(event));
+    }
+    if (KeyPress) {
+        for (const QChar character : CharactersOf(event)) {
+            KeyPress(character.unicode());
+        }
+    }
+    QLineEdit::keyPressEvent(event);
+}
+
+void TextBox::keyReleaseEvent(QKeyEvent* event) {
+    if (KeyUp && !event->isAutoRepeat()) {
+        KeyUp(KeyCodeOf(event));
+    }
+    QLineEdit::keyReleaseEvent(event);
+}
+
+void TextBox::inputMethodEvent(QInputMethodEvent* event) {
+    if (KeyPress) {
+        for (const QChar character : event->commitString()) {
+            KeyPress(character.unicode());
+        }
+    }
+    QLineEdit::inputMethodEvent(event);
+}
+
+void TextBox::focusInEvent(QFocusEvent* event) {
+    // The line edit selects everything itself for some reasons of getting the focus; whether that happens is
+    // the handler's affair here.
+    const int cursor = cursorPosition();
+    const QString selected = selectedText();
+    const int start = selectionStart();
+    QLineEdit::focusInEvent(event);
+    if (selected.isEmpty()) {
+        deselect();
+        setCursorPosition(cursor);
+    } else {
+        setSelection(start, static_cast<int>(selected.size()));
+    }
+    m_entering = event->reason() == Qt::MouseFocusReason && GotFocus;
+}
+
+void TextBox::mousePressEvent(QMouseEvent* event) {
+    if (!m_entering) {
+        QLineEdit::mousePressEvent(event);
+    }
+}
+
+void TextBox::mouseMoveEvent(QMouseEvent* event) {
+    if (!m_entering) {
+        QLineEdit::mouseMoveEvent(event);
+    }
+}
+
+void TextBox::mouseReleaseEvent(QMouseEvent* event) {
+    if (!m_entering) {
+        QLineEdit::mouseReleaseEvent(event);
+    }
+    m_entering = false;
+}
+
+} // namespace plenair

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "platform/qt/FocusEvents.h"
+
+#include <QLineEdit>
+
+#include <functional>
+#include <string>
+
+namespace plenair {
+
+// A text box of one line. Handlers run at once: Change before the statement after SetText, and only if the
+// text differs; KeyPress before the box deals with the character.
+class TextBox : public QLineEdit, public FocusEvents {
+    Q_OBJECT
+
+  public:
+    TextBox(const QString& name, QWidget* parent);
+
+    std::string Text() const;
+    void SetText(const std::string& text);
+
+    // Selects from the start to the end of the text.
+    void SelectAll() { selectAll(); }
+
+    // Whether Tab stops here. The mouse and access keys always reach the box.
+    void SetTabStop(bool stop) { setFocusPolicy(stop ? Qt::StrongFocus : Qt::ClickFocus); }
+
+    std::function<void()> Change;
+
+    // A key that gives a character, with its code: Backspace 8, Enter 13 and Escape 27 included, as are
+    // characters typed with Ctrl and each of a text from an input method. Not Delete, Tab, the arrows, Home,
+    // End, and nothing typed with Alt. Auto-repeat repeats it.
+    std::function<void(int character)> KeyPress;
+
+    // Any key going down (repeated by auto-repeat) or really released, with its code: Enter 13, Escape 27,
+    // Left 37, Up 38, Right 39, Down 40, letters and digits by their character, 0 for one without a code.
+    std::function<void(int keyCode)> KeyDown;
+    std::function<void(int keyCode)> KeyUp;
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+  private:
+    // The press that brings the focus leaves the selection to GotFocus.
+    bool m_entering = false;
+};
+
+} // namespace plenair

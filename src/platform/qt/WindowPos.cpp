@@ -1,0 +1,25 @@
+#include "platform/qt/WindowPos.h"
+
+#include "platform/qt/Form.h"
+
+#include <QWindow>
+
+namespace plenair {
+
+void SetWindowPos(Form& form, int insertAfter, std::int16_t x, std::int16_t y, std::int16_t, std::int16_t,
+                  unsigned flags) {
+    form.winId(); // makes the native window, should the form never have been shown
+    // The widget's own setter would take the window off the screen to change it; the native window need not.
+    const bool topmost = insertAfter == HWND_TOPMOST;
+    form.overrideWindowFlags(form.windowFlags().setFlag(Qt::WindowStaysOnTopHint, topmost));
+    form.windowHandle()->setFlag(Qt::WindowStaysOnTopHint, topmost);
+    if (form.frameGeometry().topLeft() != QPoint(x, y)) {
+        form.move(x, y);
+    }
+    if ((flags & SWP_SHOWWINDOW) != 0 && !form.isVisible()) {
+        form.setAttribute(Qt::WA_ShowWithoutActivating, (flags & SWP_NOACTIVATE) != 0);
+        form.show();
+    }
+}
+
+} // namespace plenair
