@@ -4,8 +4,8 @@
 #include <stdexcept>
 #include <string>
 
-// The file and print dialogs, as a record of properties that a caller sets before and reads after. The windows'
-// side puts the real dialogs behind it; a test puts a script there.
+// The file and print dialogs, as a record of properties that a caller sets before and reads after. The
+// windows' side puts the real dialogs behind it; a test puts a script there.
 namespace plenair {
 
 // The user left a dialog by Cancel, and CancelError was on.
@@ -14,9 +14,9 @@ struct DialogCancelled : std::runtime_error {
 };
 
 // Values of CommonDialog::Flags. Those of the print dialog have numbers of their own.
-constexpr int OverwritePrompt = 2;     // ask before a file is replaced
-constexpr int PathMustExist = 2048;    // refuse a folder that doesn't exist
-constexpr int PrinterNoSelection = 4;  // offer no printing of a selection
+constexpr int OverwritePrompt = 2;      // ask before a file is replaced
+constexpr int PathMustExist = 2048;     // refuse a folder that doesn't exist
+constexpr int PrinterNoSelection = 4;   // offer no printing of a selection
 constexpr int PrinterNoPageNumbers = 8; // offer no range of pages
 
 struct CommonDialog {
@@ -34,9 +34,9 @@ struct CommonDialog {
     bool PrinterDefault = false; // the printer chosen becomes the one that Printer prints on
     int Copies = 1;              // afterwards: how many the user wants
 
-    // Show a dialog and wait. After Cancel they throw DialogCancelled if CancelError is on; otherwise FileName
-    // is empty and the rest as it was. After an accepted file dialog the current folder of the process is the
-    // folder of the file, where that can be entered.
+    // Show a dialog and wait. After Cancel they throw DialogCancelled if CancelError is on; otherwise
+    // FileName is empty and the rest as it was. After an accepted file dialog the current folder of the
+    // process is the folder of the file, where that can be entered.
     void ShowSave();
     void ShowOpen();
     void ShowPrinter();

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string>
 
-// What the program draws on, screen and paper alike. All coordinates are twips (1/1440 inch) from the top left
-// corner.
+// What the program draws on, screen and paper alike. All coordinates are twips (1/1440 inch) from the top
+// left corner.
 namespace plenair {
 
 // red + 256 × green + 65536 × blue
@@ -22,9 +22,9 @@ class DrawingSurface {
     virtual double Width() const = 0;
     virtual double Height() const = 0;
 
-    // Both hold for the lines and boxes from here on. A width counts pixels on the screen (of a screen of 96 per
-    // inch, so that it grows with the scale factor), and thirds of a point on paper. The first width is 1, the
-    // first style solid.
+    // Both hold for the lines and boxes from here on. A width counts pixels on the screen (of a screen of 96
+    // per inch, so that it grows with the scale factor), and thirds of a point on paper. The first width is
+    // 1, the first style solid.
     virtual void SetLineWidth(int width) = 0;
     virtual void SetLineStyle(LineStyle style) = 0;
 

@@ -14,9 +14,9 @@ struct PrinterFailure : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-// The printer that the print dialog chose. A document begins by itself with the first thing drawn and ends with
-// EndDoc; the next one is a print job, or a file, of its own. Width and Height are those of the paper in its
-// present orientation. Every operation may throw PrinterFailure.
+// The printer that the print dialog chose. A document begins by itself with the first thing drawn and ends
+// with EndDoc; the next one is a print job, or a file, of its own. Width and Height are those of the paper in
+// its present orientation. Every operation may throw PrinterFailure.
 class Printer : public DrawingSurface {
   public:
     virtual void SetColourMode(ColourMode mode) = 0;
@@ -27,8 +27,8 @@ class Printer : public DrawingSurface {
     // A face that is missing is replaced by one of the same metrics.
     virtual void SetFont(const std::string& name, double points, bool bold) = 0;
 
-    // After a line the position moves to the next one, at the left edge. A tab moves on to the next multiple of
-    // half an inch.
+    // After a line the position moves to the next one, at the left edge. A tab moves on to the next multiple
+    // of half an inch.
     void Print(const std::string& text) override = 0;
 
     // Begins a page, with the position at its top left corner or, where the printer can't reach that, at the

@@ -1,5 +1,8 @@
 #include "platform/RecordedSurface.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace plenair {
 
 void RecordedSurface::SetSize(double width, double height) {
@@ -28,9 +31,14 @@ void RecordedSurface::Print(const std::string& text) {
 void RecordedSurface::CutBackTo(std::size_t count) {
     if (count < m_items.size()) {
         m_items.resize(count);
+        m_kept = std::min(m_kept, count);
         ++m_cuts;
         TellChange();
     }
+}
+
+std::size_t RecordedSurface::TakeItemsKept() {
+    return std::exchange(m_kept, m_items.size());
 }
 
 void RecordedSurface::Add(DrawnItem::Kind kind, double x1, double y1, double x2, double y2,

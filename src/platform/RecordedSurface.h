@@ -25,8 +25,8 @@ struct DrawnItem {
 // A surface that keeps its picture as the list of what was drawn, so that it can be painted when it is to be
 // seen, at any scale, and as often as needed.
 //
-// A painter that keeps an image of the first Items().size() items only has to add the later ones, as long as
-// Cuts() is the same; after a cut the image is stale.
+// A painter that keeps an image of the first items only has to add the later ones, as long as TakeItemsKept
+// gives no less than the number it has.
 class RecordedSurface : public DrawingSurface {
   public:
     double Width() const override { return m_width; }
@@ -50,6 +50,10 @@ class RecordedSurface : public DrawingSurface {
     const std::vector<DrawnItem>& Items() const { return m_items; }
     std::size_t Cuts() const { return m_cuts; }
 
+    // How many of the items that stood here at the last call of this function have stood here ever since. For
+    // the one painter of the surface.
+    std::size_t TakeItemsKept();
+
     // `changed` runs after every change of the picture, and only has to note it.
     void WhenChanged(std::function<void()> changed) { m_changed = std::move(changed); }
 
@@ -65,6 +69,7 @@ class RecordedSurface : public DrawingSurface {
     double m_y = 0;
     std::vector<DrawnItem> m_items;
     std::size_t m_cuts = 0;
+    std::size_t m_kept = 0;
     std::function<void()> m_changed;
 };
 

@@ -82,13 +82,13 @@ struct ItemReader::State {
     const Quotes quotes;
 
   private:
-    // Without O_NONBLOCK the opening of a pipe that nobody writes to would never return.
     Descriptor m_file;
     std::array<char, 8192> m_buffer;
     std::size_t m_next = 0;
     std::size_t m_filled = 0;
 };
 
+// Without O_NONBLOCK the opening of a pipe that nobody writes to would never return.
 ItemReader::State::State(const std::string& name, Quotes innerQuotes)
     : path(name), quotes(innerQuotes), m_file(::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {
     struct stat status {};
@@ -136,11 +136,8 @@ void ItemReader::State::SkipSeparator() {
     if (SkipIf(',')) {
         return;
     }
-    if (SkipIf('\r')) {
-        SkipIf('\n');
-    } else {
-        SkipIf('\n');
-    }
+    SkipIf('\r');
+    SkipIf('\n');
 }
 
 void ItemReader::State::FailAtEnd() {
@@ -236,7 +233,7 @@ fs::path FolderOf(const fs::path& file) {
 std::optional<struct stat> OlderFile(const std::string& path, const fs::path& file) {
     struct stat status {};
     if (::stat(file.c_str(), &status) != 0) {
-        if (errno == ENOENT) {
+        if (errno == ENOENT && !path.empty()) {
             return std::nullopt;
         }
         Fail(path, errno);

@@ -3,6 +3,7 @@
 #include "platform/qt/Icons.h"
 
 #include <QEvent>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QShortcutEvent>
 
@@ -57,7 +58,53 @@ Button::Button(const QString& name, const QString& caption, QWidget* parent) : Q
     setFocusPolicy(Qt::NoFocus);
     setAutoDefault(false);
     connect(this, &QPushButton::clicked, this, [this] {
-        if (Click) {
+        if (Click && !isCheckable()) {
+            Click();
+        }
+    });
+}
+
+void Button::SetFocusable() {
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+void Button::SetIcon(const QString& icon, const QString& toolTip) {
+    m_icon = icon;
+    setToolTip(toolTip);
+    setAccessibleName(toolTip);
+    setIcon(ButtonIcon(icon, palette()));
+    SetFocusable();
+}
+
+void Button::resizeEvent(QResizeEvent* event) {
+    QPushButton::resizeEvent(event);
+    constexpr int kMargin = 2;
+    setIconSize(size() - QSize(2 * kMargin, 2 * kMargin));
+}
+
+void Button::changeEvent(QEvent* event) {
+    QPushButton::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && !m_icon.isEmpty()) {
+        setIcon(ButtonIcon(m_icon, palette()));
+    }
+}
+
+void Button::keyPressEvent(QKeyEvent* event) {
+    if (KeyPress && !event->text().isEmpty() && !(event->modifiers() & Qt::AltModifier)) {
+        KeyPress(event->text().front().unicode());
+    }
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        click();
+        return;
+    }
+    QPushButton::keyPressEvent(event);
+}
+
+ToggleButton::ToggleButton(Kind kind, const QString& name, QWidget* parent) : Button(name, QString(), parent) {
+    setCheckable(true);
+    setAutoExclusive(kind == Kind::Option);
+    connect(this, &QPushButton::toggled, this, [this, kind](bool on) {
+        if (Click && (on || kind == Kind::CheckBox)) {
             Click();
         }
     });
@@ -71,9 +118,33 @@ bool Button::event(QEvent* event) {
     return true;
 }
 
+void ToggleButton::paintEvent(QPaintEvent* event) {
+    Button::paintEvent(event);
+    if (isChecked()) {
+        // The shade of a pressed button alone is hard to tell from the others.
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+        painter.drawRoundedRect(QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5), 2, 2);
+    }
+}
+
+ScrollBar::ScrollBar(const QString& name, QWidget* parent) : QScrollBar(Qt::Horizontal, parent) {
+    setObjectName(name);
+    setFocusPolicy(Qt::WheelFocus);
+    setTracking(false);
+    setSingleStep(1);
+    setPageStep(1);
+    connect(this, &QScrollBar::valueChanged, this, [this] {
+        if (Change) {
+            Change();
+        }
+    });
+}
+
 Label::Label(const QString& name, const QString& caption, QWidget* parent) : QLabel(caption, parent) {
     setObjectName(name);
-    setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     setTextFormat(Qt::PlainText);
 }
 

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollBar>
 
 #include <functional>
 
@@ -32,17 +33,69 @@ class Option : public QRadioButton {
     bool event(QEvent* event) override;
 };
 
-// A push button. Its access key presses it at once.
+// A push button. Its access key presses it at once, and Enter when it has the focus. It has none, and the focus
+// stays where it was, unless SetFocusable has been called.
 class Button : public QPushButton, public FocusEvents {
     Q_OBJECT
 
   public:
     Button(const QString& name, const QString& caption, QWidget* parent);
 
+    void SetFocusable();
+
+    // Shows an icon (solver/save) instead of a text, what it does as a tool tip, and takes the focus.
+    void SetIcon(const QString& icon, const QString& toolTip);
+
     std::function<void()> Click;
+
+    // A character typed while the button has the focus.
+    std::function<void(int character)> KeyPress;
 
   protected:
     bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+  private:
+    QString m_icon;
+};
+
+// An option or a check box that is drawn as a button and stays down while it is on. Click runs whenever its
+// state is changed: of an option only when it goes on.
+class ToggleButton : public Button {
+    Q_OBJECT
+
+  public:
+    enum class Kind { Option, CheckBox };
+
+    ToggleButton(Kind kind, const QString& name, QWidget* parent);
+
+    bool IsOn() const { return isChecked(); }
+    void SetOn(bool on) { setChecked(on); }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+// A horizontal scroll bar in steps of 1. Change runs at once whenever the value changes, by the user (at the
+// end of a drag), by SetValue, or because a maximum is set below it.
+class ScrollBar : public QScrollBar, public FocusEvents {
+    Q_OBJECT
+
+  public:
+    ScrollBar(const QString& name, QWidget* parent);
+
+    std::function<void()> Change;
+};
+
+class CheckBox : public QCheckBox, public FocusEvents {
+    Q_OBJECT
+
+  public:
+    CheckBox(const QString& name, const QString& caption, QWidget* parent) : QCheckBox(caption, parent) {
+        setObjectName(name);
+    }
 };
 
 // A text without a background, or, opaque, with one of any colour.

@@ -1,5 +1,7 @@
 #include "platform/qt/Desktop.h"
 
+#include "platform/Desktop.h"
+#include "platform/InputBox.h"
 #include "platform/MessageBox.h"
 #include "platform/NumberText.h"
 #include "platform/RegistryStore.h"
@@ -8,6 +10,7 @@
 #include "platform/qt/Twips.h"
 
 #include <QApplication>
+#include <QInputDialog>
 #include <QLocale>
 #include <QMessageBox>
 #include <QStandardPaths>
@@ -87,6 +90,19 @@ MessageAnswer AskByMessageBox(const MessageRequest& request) {
     }
 }
 
+std::string AskByInputBox(const InputRequest& request) {
+    return FromQt(QInputDialog::getText(QApplication::activeWindow(), ToQt(request.title), ToQt(request.prompt)));
+}
+
+void ShowMousePointer(MousePointer pointer) {
+    while (QApplication::overrideCursor() != nullptr) {
+        QApplication::restoreOverrideCursor();
+    }
+    if (pointer == MousePointer::Hourglass) {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    }
+}
+
 } // namespace
 
 void ConnectDesktop() {
@@ -95,6 +111,9 @@ void ConnectDesktop() {
                     "/plenair/registry");
     SetNumberLocale(DesktopNumbers());
     SetMessageBoxProvider(AskByMessageBox);
+    SetInputBoxProvider(AskByInputBox);
+    SetBeepProvider([] { QApplication::beep(); });
+    SetMousePointerProvider(ShowMousePointer);
     WatchFocus();
 }
 

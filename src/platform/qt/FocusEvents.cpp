@@ -16,30 +16,67 @@ QPointer<QWidget>& Current() {
     return current;
 }
 
-void FocusMovedTo(QWidget* now) {
-    if (now == nullptr || now == Current() || qobject_cast<Form*>(now->window()) == nullptr ||
-        now->focusPolicy() == Qt::NoFocus) {
-        return;
-    }
-    QPointer<QWidget> before = Current();
-    Current() = now;
-    if (auto* control = dynamic_cast<FocusEvents*>(before.data()); control && control->LostFocus) {
-        control->LostFocus();
-    }
-    // The handler may have moved the focus on; then that move has told of everything.
-    if (Current() != now) {
-        return;
-    }
-    if (auto* control = dynamic_cast<FocusEvents*>(now); control && control->GotFocus) {
-        control->GotFocus();
+bool IsControlOfAForm(const QWidget* widget) {
+    return widget != nullptr && widget->focusPolicy() != Qt::NoFocus &&
+           qobject_cast<Form*>(widget->window()) != nullptr;
+}
+
+void Tell(QWidget* widget, std::function<void()> FocusEvents::*what) {
+    auto* control = dynamic_cast<FocusEvents*>(widget);
+    if (control != nullptr && control->*what) {
+        (control->*what)();
     }
 }
+
+void FocusMovedTo(QWidget* now) {
+    if (now == Current() || !IsControlOfAForm(now)) {
+        return;
+    }
+    const QPointer<QWidget> target = now;
+    const QPointer<QWidget> before = Current();
+    Current() = now;
+    Tell(before, &FocusEvents::LostFocus);
+    // A handler may have moved the focus on; then that move has told of everything.
+    if (Current() != target || target.isNull()) {
+        return;
+    }
+    auto* form = qobject_cast<Form*>(target->window());
+    if (form->GotFocus && (before.isNull() || before->window() != form)) {
+        form->GotFocus();
+    }
+    if (Current() == target) {
+        Tell(target, &FocusEvents::GotFocus);
+    }
+}
+
+// A window that isn't the active one gets the mouse button before the desktop makes it active. The click must
+// find the focus moved all the same.
+class ClickWatcher : public QObject {
+  public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* receiver, QEvent* event) override {
+        if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::Wheel) {
+            auto* widget = qobject_cast<QWidget*>(receiver);
+            const auto needed = event->type() == QEvent::Wheel ? Qt::WheelFocus : Qt::ClickFocus;
+            if (widget != nullptr && widget->isEnabled() && (widget->focusPolicy() & needed) == needed &&
+                !widget->window()->isActiveWindow() && widget != Current()) {
+                FocusMovedTo(widget);
+                if (auto* control = dynamic_cast<FocusEvents*>(widget)) {
+                    control->EnteredByMouse();
+                }
+            }
+        }
+        return false;
+    }
+};
 
 } // namespace
 
 void WatchFocus() {
     QObject::connect(qApp, &QApplication::focusChanged, qApp,
                      [](QWidget*, QWidget* now) { FocusMovedTo(now); });
+    qApp->installEventFilter(new ClickWatcher(qApp));
 }
 
 void GiveFocus(QWidget* control) {

@@ -14,6 +14,9 @@ class FocusEvents {
   public:
     virtual ~FocusEvents() = default;
 
+    // A click gives the focus before the window that it woke is the active one.
+    virtual void EnteredByMouse() {}
+
     std::function<void()> GotFocus;
     std::function<void()> LostFocus;
 };

@@ -2,8 +2,10 @@
 
 #include "platform/qt/Twips.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QMenuBar>
+#include <QScreen>
 #include <QTimer>
 
 namespace plenair {
@@ -17,6 +19,9 @@ QFont FormFont() {
     font.setPointSizeF(8.25);
     return font;
 }
+
+// What the desktop's frame adds to a window, once one has been seen.
+QSize s_frame(0, 0);
 
 } // namespace
 
@@ -54,6 +59,29 @@ void Form::Place(QWidget* control, double left, double top, double width, double
     control->setGeometry(ToPixels(left, top, width, height));
 }
 
+QSize Form::FrameSize() const {
+    // Before a window is on the screen its own frame is not known; the frames of all windows look alike.
+    for (const QWidget* window : QApplication::topLevelWidgets()) {
+        const QSize frame = window->frameGeometry().size() - window->size();
+        if (qobject_cast<const Form*>(window) != nullptr && !frame.isEmpty()) {
+            s_frame = frame;
+        }
+    }
+    const QSize known = frameGeometry().size();
+    return known != size() ? known : size() + s_frame;
+}
+
+void Form::FillScreen() {
+    const QSize size = QGuiApplication::primaryScreen()->size() - (FrameSize() - this->size());
+    if (size != m_clientSize) {
+        m_clientSize = size;
+        LayOut();
+    }
+    if (frameGeometry().topLeft() != QPoint(0, 0)) {
+        MoveTo(0, 0);
+    }
+}
+
 double Form::Left() const {
     return frameGeometry().left() * TwipsPerPixelX();
 }
@@ -62,14 +90,28 @@ double Form::Top() const {
     return frameGeometry().top() * TwipsPerPixelY();
 }
 
-void Form::MoveTo(double left, double top) {
-    m_topRight = -1;
-    move(ToPixelsX(left), ToPixelsY(top));
+double Form::Width() const {
+    return FrameSize().width() * TwipsPerPixelX();
 }
 
-void Form::MoveToTopRight(double top) {
-    move(ToPixelsX(ScreenWidth()) - frameGeometry().width(), ToPixelsY(top));
-    m_topRight = top;
+double Form::Height() const {
+    return FrameSize().height() * TwipsPerPixelY();
+}
+
+void Form::MoveTo(double left, double top) {
+    MoveToSpot({left, top, false});
+}
+
+void Form::MoveRightEdgeTo(double right, double top) {
+    MoveToSpot({right, top, true});
+}
+
+void Form::MoveToSpot(const Spot& spot) {
+    const int left = spot.isRightEdge ? ToPixelsX(spot.x) - FrameSize().width() : ToPixelsX(spot.x);
+    move(left, ToPixelsY(spot.top));
+    if (!m_seen) {
+        m_firstSpot = spot;
+    }
 }
 
 void Form::closeEvent(QCloseEvent* event) {
@@ -79,11 +121,11 @@ void Form::closeEvent(QCloseEvent* event) {
 
 void Form::paintEvent(QPaintEvent* event) {
     QWidget::paintEvent(event);
-    if (m_topRight >= 0) {
-        // First on the screen: by now the desktop has put its frame around the window.
-        const double top = m_topRight;
-        m_topRight = -1;
-        QTimer::singleShot(0, this, [this, top] { MoveTo(ScreenWidth() - frameGeometry().width() * TwipsPerPixelX(), top); });
+    if (!m_seen) {
+        m_seen = true;
+        if (m_firstSpot) {
+            QTimer::singleShot(0, this, [this] { MoveToSpot(*m_firstSpot); });
+        }
     }
 }
 

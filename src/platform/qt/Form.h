@@ -2,6 +2,9 @@
 
 #include <QWidget>
 
+#include <functional>
+#include <optional>
+
 class QMenuBar;
 
 namespace plenair {
@@ -27,14 +30,22 @@ class Form : public QWidget {
     // Puts a control of the client area in its place, in twips.
     static void Place(QWidget* control, double left, double top, double width, double height);
 
-    // The frame's position, in twips from the screen's top left corner.
+    // The frame's position, in twips from the screen's top left corner, and its size.
     double Left() const;
     double Top() const;
-    void MoveTo(double left, double top);
+    double Width() const;
+    double Height() const;
 
-    // Puts the frame's right edge at the screen's, its top at `top`; again when the window is first on the
-    // screen, since only then the width of the frame is known.
-    void MoveToTopRight(double top);
+    // Puts the frame's top left corner, or its right edge, at a place in twips. Done again when the window is
+    // first on the screen, since only then the desktop has put its frame around it.
+    void MoveTo(double left, double top);
+    void MoveRightEdgeTo(double right, double top);
+
+    // Puts the frame over the whole screen, and gives the client area what the frame leaves.
+    void FillScreen();
+
+    // A control of this window gets the focus from one of another window; runs before that control's own.
+    std::function<void()> GotFocus;
 
   signals:
     // The user closes the window by its frame. It stays open unless a handler does something about it.
@@ -45,12 +56,21 @@ class Form : public QWidget {
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    struct Spot {
+        double x;
+        double top;
+        bool isRightEdge;
+    };
+
     void LayOut();
+    void MoveToSpot(const Spot& spot);
+    QSize FrameSize() const;
 
     QWidget* m_client;
     QMenuBar* m_menuBar = nullptr;
     QSize m_clientSize;
-    double m_topRight = -1;
+    std::optional<Spot> m_firstSpot; // until the window has been on the screen
+    bool m_seen = false;
 };
 
 } // namespace plenair

@@ -59,4 +59,17 @@ QIcon ButtonIcon(const QString& icon, const QPalette& palette) {
     return QIcon(new InkEngine(icon, palette));
 }
 
+QIcon WindowIcon() {
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 64, 128}) {
+        QPixmap pixmap(size, size);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        DrawIcon(painter, "solver/plenair", pixmap.rect(), Qt::black);
+        painter.end();
+        icon.addPixmap(pixmap);
+    }
+    return icon;
+}
+
 } // namespace plenair

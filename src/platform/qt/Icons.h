@@ -14,4 +14,7 @@ void DrawIcon(QPainter& painter, const QString& icon, const QRectF& area, const 
 // The same for a button: sharp at any size and scale factor, in the button's text colour, greyed when disabled.
 QIcon ButtonIcon(const QString& icon, const QPalette& palette);
 
+// The program's icon, in the sizes that desktops ask for.
+QIcon WindowIcon();
+
 } // namespace plenair

@@ -124,7 +124,9 @@ void TextBox::focusInEvent(QFocusEvent* event) {
     } else {
         setSelection(start, static_cast<int>(selected.size()));
     }
-    m_entering = event->reason() == Qt::MouseFocusReason && GotFocus;
+    if (event->reason() == Qt::MouseFocusReason) {
+        EnteredByMouse();
+    }
 }
 
 void TextBox::mousePressEvent(QMouseEvent* event) {

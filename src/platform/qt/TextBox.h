@@ -38,6 +38,8 @@ class TextBox : public QLineEdit, public FocusEvents {
     std::function<void(int keyCode)> KeyDown;
     std::function<void(int keyCode)> KeyUp;
 
+    void EnteredByMouse() override { m_entering = static_cast<bool>(GotFocus); }
+
   protected:
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;

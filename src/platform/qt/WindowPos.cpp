@@ -1,6 +1,7 @@
 #include "platform/qt/WindowPos.h"
 
 #include "platform/qt/Form.h"
+#include "platform/qt/Twips.h"
 
 #include <QWindow>
 
@@ -14,7 +15,7 @@ void SetWindowPos(Form& form, int insertAfter, std::int16_t x, std::int16_t y, s
     form.overrideWindowFlags(form.windowFlags().setFlag(Qt::WindowStaysOnTopHint, topmost));
     form.windowHandle()->setFlag(Qt::WindowStaysOnTopHint, topmost);
     if (form.frameGeometry().topLeft() != QPoint(x, y)) {
-        form.move(x, y);
+        form.MoveTo(x * TwipsPerPixelX(), y * TwipsPerPixelY());
     }
     if ((flags & SWP_SHOWWINDOW) != 0 && !form.isVisible()) {
         form.setAttribute(Qt::WA_ShowWithoutActivating, (flags & SWP_NOACTIVATE) != 0);

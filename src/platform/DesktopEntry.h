@@ -1,0 +1,21 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// Desktop entries: the files by which a desktop knows its applications. Standard C++.
+namespace plenair {
+
+struct EntryCommand {
+    std::vector<std::string> arguments; // the program first; never empty
+    bool inTerminal = false;
+};
+
+// How the application of a desktop entry (`entry`, the content of its file) is started on the file `path`, which
+// is one argument whatever characters it has. Nothing if the entry names no program, or not in the form that
+// entries have.
+std::optional<EntryCommand> CommandOn(std::string_view entry, const std::string& path);
+
+} // namespace plenair

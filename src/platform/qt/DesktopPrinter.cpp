@@ -1,0 +1,240 @@
+#include "platform/qt/DesktopPrinter.h"
+
+#include "platform/qt/SurfacePainter.h"
+#include "platform/qt/Twips.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QPainter>
+#include <QPrintDialog>
+#include <QPrinter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace plenair {
+
+namespace {
+
+constexpr double kTwipsPerPoint = 20.0;
+constexpr double kLineWidthUnit = kTwipsPerPoint / 3;
+constexpr double kTabStop = 720;
+// Where a page of text begins, even where the printer could reach closer to the edge.
+constexpr double kTextMargin = 360;
+
+// The printer as the print dialog left it, and the file that it prints to, if any.
+struct ChosenPrinter {
+    QPrinter printer{QPrinter::HighResolution};
+    QString file;
+    int documents = 0; // printed to that file so far
+};
+
+ChosenPrinter& Chosen() {
+    static ChosenPrinter chosen;
+    return chosen;
+}
+
+// The name for the next document: the file itself, then numbers that are free.
+QString NextFile(const ChosenPrinter& chosen) {
+    if (chosen.documents == 0) {
+        return chosen.file;
+    }
+    const QFileInfo first(chosen.file);
+    for (int number = chosen.documents + 1;; ++number) {
+        const QString name = QString("%1/%2-%3.%4")
+                                 .arg(first.absolutePath(), first.completeBaseName(), QString::number(number),
+                                      first.suffix().isEmpty() ? QString("pdf") : first.suffix());
+        if (!QFile::exists(name)) {
+            return name;
+        }
+    }
+}
+
+class DesktopPrinter : public Printer {
+  public:
+    ~DesktopPrinter() override { Abandon(); }
+
+    double Width() const override { return PaperSize().width(); }
+    double Height() const override { return PaperSize().height(); }
+
+    void SetLineWidth(int width) override { m_lineWidth = width; }
+    void SetLineStyle(LineStyle style) override { m_lineStyle = style; }
+
+    void Line(double x1, double y1, double x2, double y2, ColourNumber colour) override {
+        Page().setPen(PenOf(colour));
+        Page().drawLine(QPointF(x1, y1), QPointF(x2, y2));
+    }
+
+    void Box(double x1, double y1, double x2, double y2, ColourNumber colour) override {
+        Page().setPen(PenOf(colour));
+        Page().setBrush(Qt::NoBrush);
+        Page().drawRect(QRectF(QPointF(x1, y1), QPointF(x2, y2)).normalized());
+    }
+
+    void SetPosition(double x, double y) override { m_position = QPointF(x, y); }
+
+    void Print(const std::string& text) override {
+        QPainter& page = Page();
+        page.setPen(Qt::black);
+        page.setFont(m_font);
+        const QFontMetricsF metrics(m_font);
+        double x = m_position.x();
+        bool first = true;
+        for (const QString& piece : ToQt(text).split('\t')) {
+            if (!first) {
+                x = (std::floor(x / kTabStop) + 1) * kTabStop;
+            }
+            page.drawText(QPointF(x, m_position.y() + metrics.ascent()), piece);
+            x += metrics.horizontalAdvance(piece);
+            first = false;
+        }
+        m_position = QPointF(kTextMargin, m_position.y() + metrics.lineSpacing());
+    }
+
+    void SetColourMode(ColourMode mode) override {
+        Chosen().printer.setColorMode(mode == ColourMode::Colour ? QPrinter::Color : QPrinter::GrayScale);
+    }
+
+    void SetOrientation(PageOrientation orientation) override { m_orientation = orientation; }
+
+    void SetFont(const std::string& name, double points, bool bold) override {
+        // In twips, the painter's own unit; the families after the first have the same metrics.
+        m_font.setFamilies({ToQt(name), "Liberation Sans", "Nimbus Sans", "DejaVu Sans"});
+        m_font.setPixelSize(static_cast<int>(std::lround(points * kTwipsPerPoint)));
+        m_font.setBold(bold);
+    }
+
+    void NewPage() override {
+        ++m_pagesToTurn;
+        m_position = QPointF(kTextMargin, kTextMargin);
+    }
+
+    void EndDoc() override {
+        m_pagesToTurn = 0;
+        if (!m_painter.isActive()) {
+            return;
+        }
+        const bool ended = m_painter.end();
+        if (!ended || Chosen().printer.printerState() == QPrinter::Error) {
+            Discard();
+            throw PrinterFailure("the document can't be printed");
+        }
+        if (!m_file.isEmpty()) {
+            QFile::remove(m_file);
+            if (!QFile::rename(UnfinishedFile(), m_file)) {
+                Discard();
+                throw PrinterFailure("the file can't be written: " + FromQt(m_file));
+            }
+            ++Chosen().documents;
+        }
+    }
+
+    void KillDoc() override { Abandon(); }
+
+  private:
+    QSizeF PaperSize() const {
+        const QSizeF portrait = Chosen().printer.pageLayout().pageSize().size(QPageSize::Point) * kTwipsPerPoint;
+        return m_orientation == PageOrientation::Landscape ? portrait.transposed() : portrait;
+    }
+
+    QPen PenOf(ColourNumber colour) const {
+        QPen pen(ToColour(colour), m_lineWidth * kLineWidthUnit,
+                 m_lineStyle == LineStyle::Solid ? Qt::SolidLine : Qt::CustomDashLine, Qt::RoundCap, Qt::MiterJoin);
+        if (m_lineStyle == LineStyle::Dashed) {
+            pen.setCapStyle(Qt::FlatCap);
+            const double unit = 1.0 / m_lineWidth;
+            pen.setDashPattern({12 * unit, 8 * unit});
+        }
+        return pen;
+    }
+
+    QString UnfinishedFile() const { return m_file + ".part"; }
+
+    // The page to draw on: begins the document, or turns the pages that NewPage has asked for, at the first thing
+    // drawn, so that an empty last page never comes out.
+    QPainter& Page() {
+        QPrinter& printer = Chosen().printer;
+        if (m_painter.isActive() && m_pagesToTurn == 0) {
+            return m_painter;
+        }
+        printer.setPageOrientation(m_orientation == PageOrientation::Landscape ? QPageLayout::Landscape
+                                                                              : QPageLayout::Portrait);
+        if (!m_painter.isActive()) {
+            BeginDocument();
+        }
+        for (; m_pagesToTurn > 0; --m_pagesToTurn) {
+            if (!printer.newPage()) {
+                throw PrinterFailure("no new page");
+            }
+        }
+        return m_painter;
+    }
+
+    void BeginDocument() {
+        QPrinter& printer = Chosen().printer;
+        printer.setFullPage(true);
+        printer.setDocName("Plenair");
+        printer.setCreator("Plenair");
+        printer.setCopyCount(1); // each copy is a document of its own
+        m_file.clear();
+        if (!Chosen().file.isEmpty()) {
+            m_file = NextFile(Chosen());
+            printer.setOutputFormat(QPrinter::PdfFormat);
+            printer.setOutputFileName(UnfinishedFile());
+        }
+        if (!m_painter.begin(&printer)) {
+            throw PrinterFailure("the printer does not answer");
+        }
+        const double scale = printer.resolution() / kTwipsPerInch;
+        m_painter.scale(scale, scale);
+    }
+
+    void Abandon() {
+        m_pagesToTurn = 0;
+        if (m_painter.isActive()) {
+            Chosen().printer.abort();
+            m_painter.end();
+            Discard();
+        }
+    }
+
+    void Discard() {
+        if (!m_file.isEmpty()) {
+            QFile::remove(UnfinishedFile());
+        }
+    }
+
+    QPainter m_painter;
+    QString m_file; // of the present document; empty on a real printer
+    QFont m_font;
+    QPointF m_position{kTextMargin, kTextMargin};
+    PageOrientation m_orientation = PageOrientation::Portrait;
+    int m_lineWidth = 1;
+    LineStyle m_lineStyle = LineStyle::Solid;
+    int m_pagesToTurn = 0;
+};
+
+} // namespace
+
+std::unique_ptr<Printer> MakeDesktopPrinter() {
+    return std::make_unique<DesktopPrinter>();
+}
+
+bool ShowPrintDialog(CommonDialog& dialog) {
+    ChosenPrinter& chosen = Chosen();
+    chosen.printer.setOutputFileName(chosen.file);
+    chosen.printer.setCopyCount(std::max(dialog.Copies, 1));
+    QPrintDialog box(&chosen.printer, QApplication::activeWindow());
+    box.setOption(QAbstractPrintDialog::PrintSelection, (dialog.Flags & PrinterNoSelection) == 0);
+    box.setOption(QAbstractPrintDialog::PrintPageRange, (dialog.Flags & PrinterNoPageNumbers) == 0);
+    if (box.exec() != QDialog::Accepted) {
+        return false;
+    }
+    dialog.Copies = chosen.printer.copyCount();
+    chosen.file = chosen.printer.outputFileName();
+    chosen.documents = 0;
+    return true;
+}
+
+} // namespace plenair

@@ -1,0 +1,98 @@
+#include "platform/qt/SurfacePainter.h"
+
+#include "platform/qt/Twips.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace plenair {
+
+QColor ToColour(ColourNumber colour) {
+    return {static_cast<int>(colour & 255), static_cast<int>(colour >> 8 & 255),
+            static_cast<int>(colour >> 16 & 255)};
+}
+
+ColourNumber ToColourNumber(const QColor& colour) {
+    return static_cast<ColourNumber>(colour.red()) | static_cast<ColourNumber>(colour.green()) << 8 |
+           static_cast<ColourNumber>(colour.blue()) << 16;
+}
+
+SurfacePainter::SurfacePainter(QPainter& painter, double pixelRatio, QFont font)
+    : m_painter(painter), m_ratio(pixelRatio), m_pixelsPerTwipX(1 / TwipsPerPixelX()),
+      m_pixelsPerTwipY(1 / TwipsPerPixelY()), m_ascent(QFontMetrics(font).ascent()) {
+    m_painter.setFont(font);
+}
+
+void SurfacePainter::Paint(const DrawnItem& item) {
+    switch (item.kind) {
+    case DrawnItem::Kind::Line:
+        return PaintLine(item);
+    case DrawnItem::Kind::Box:
+        return PaintBox(item);
+    case DrawnItem::Kind::Text:
+        return PaintText(item);
+    }
+}
+
+void SurfacePainter::PaintAlongAxis(double x1, double y1, double x2, double y2, double width,
+                                    const QColor& colour) {
+    const auto device = [this](double logical) { return std::round(logical * m_ratio); };
+    const double thick = std::max(1.0, std::round(width * m_ratio));
+    const double half = std::floor(thick / 2);
+    const double left = device(std::min(x1, x2)) - half;
+    const double top = device(std::min(y1, y2)) - half;
+    const double right = device(std::max(x1, x2)) - half + thick;
+    const double bottom = device(std::max(y1, y2)) - half + thick;
+    m_painter.fillRect(QRectF(left / m_ratio, top / m_ratio, (right - left) / m_ratio, (bottom - top) / m_ratio),
+                       colour);
+}
+
+void SurfacePainter::PaintLine(const DrawnItem& item) {
+    const double x1 = item.x1 * m_pixelsPerTwipX;
+    const double y1 = item.y1 * m_pixelsPerTwipY;
+    const double x2 = item.x2 * m_pixelsPerTwipX;
+    const double y2 = item.y2 * m_pixelsPerTwipY;
+    const QColor colour = ToColour(item.colour);
+    const bool solid = item.style == LineStyle::Solid;
+    if (solid && (x1 == x2 || y1 == y2)) {
+        PaintAlongAxis(x1, y1, x2, y2, item.lineWidth, colour);
+        return;
+    }
+    QPen pen(colour, item.lineWidth, solid ? Qt::SolidLine : Qt::CustomDashLine, Qt::RoundCap);
+    if (!solid) {
+        pen.setCapStyle(Qt::FlatCap);
+        pen.setDashPattern({6, 4});
+    }
+    m_painter.setRenderHint(QPainter::Antialiasing, x1 != x2 && y1 != y2);
+    m_painter.setPen(pen);
+    m_painter.drawLine(QPointF(x1, y1), QPointF(x2, y2));
+    m_painter.setRenderHint(QPainter::Antialiasing, false);
+}
+
+void SurfacePainter::PaintBox(const DrawnItem& item) {
+    const double x1 = item.x1 * m_pixelsPerTwipX;
+    const double y1 = item.y1 * m_pixelsPerTwipY;
+    const double x2 = item.x2 * m_pixelsPerTwipX;
+    const double y2 = item.y2 * m_pixelsPerTwipY;
+    const QColor colour = ToColour(item.colour);
+    PaintAlongAxis(x1, y1, x2, y1, item.lineWidth, colour);
+    PaintAlongAxis(x1, y2, x2, y2, item.lineWidth, colour);
+    PaintAlongAxis(x1, y1, x1, y2, item.lineWidth, colour);
+    PaintAlongAxis(x2, y1, x2, y2, item.lineWidth, colour);
+}
+
+void SurfacePainter::PaintText(const DrawnItem& item) {
+    const QPointF base(item.x1 * m_pixelsPerTwipX, item.y1 * m_pixelsPerTwipY + m_ascent);
+    const QString text = ToQt(item.text);
+    m_painter.setPen(Qt::white);
+    for (const QPointF rim : {QPointF(-1, 0), QPointF(1, 0), QPointF(0, -1), QPointF(0, 1)}) {
+        m_painter.drawText(base + rim, text);
+    }
+    m_painter.setPen(ToColour(item.colour));
+    m_painter.drawText(base, text);
+}
+
+} // namespace plenair
