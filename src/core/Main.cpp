@@ -3,6 +3,7 @@
 #include "core/SettingsFile.h"
 #include "extras/Misc.h"
 #include "lite/frmMinorCalc.h"
+#include "project/ProjectSolver.h"
 
 #include <QApplication>
 
@@ -19,17 +20,25 @@ std::unique_ptr<frmMinorCalc>& LiteWindow() {
     return window;
 }
 
+void OpenProjectSolver() {
+    ProjectSolverLinks links;
+    links.Closed = [] { LiteWindow()->show(); };
+    ShowProjectSolver(links);
+}
+
 } // namespace
 
 void Main() {
     LoadSettings();
     LiteWindow() = std::make_unique<frmMinorCalc>();
+    LiteWindow()->OpenProjectSolver = OpenProjectSolver;
     LiteWindow()->EndProgram = [] { QApplication::exit(); };
     FocusLiteWindow = [] { LiteWindow()->activateWindow(); };
     LiteWindow()->show();
 }
 
 void Unload() {
+    UnloadProjectSolver();
     FocusLiteWindow = {};
     LiteWindow().reset();
 }

@@ -1,5 +1,6 @@
 #include "core/Main.h"
 #include "platform/qt/Desktop.h"
+#include "platform/qt/Icons.h"
 
 #include <QApplication>
 
@@ -8,6 +9,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName("Plenair");
     QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setWindowIcon(plenair::WindowIcon());
     plenair::ConnectDesktop();
     plenair::Main();
     const int result = QApplication::exec();

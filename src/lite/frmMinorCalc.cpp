@@ -190,7 +190,7 @@ void frmMinorCalc::SetTabStops() {
 
 void frmMinorCalc::Form_Load() {
     SetFolded(true);
-    MoveToTopRight(kTop);
+    MoveRightEdgeTo(ScreenWidth(), kTop);
     grdMinorCalc->SetRow(0);
     grdMinorCalc->SetCol(0);
     for (MSFlexGrid* grid : {grdMinorCalc, grdOtherShapes}) {
@@ -338,10 +338,9 @@ void frmMinorCalc::mnuViewOnTop_Click() {
     const auto pixels = [](double twips, double perPixel) {
         return static_cast<std::int16_t>(std::nearbyint(twips / perPixel));
     };
-    const QRect frame = frameGeometry();
     SetWindowPos(*this, mnuViewOnTop->isChecked() ? HWND_TOPMOST : HWND_NOTOPMOST,
                  pixels(Left(), TwipsPerPixelX()), pixels(Top(), TwipsPerPixelY()),
-                 static_cast<std::int16_t>(frame.width()), static_cast<std::int16_t>(frame.height()),
+                 pixels(Width(), TwipsPerPixelX()), pixels(Height(), TwipsPerPixelY()),
                  SWP_NOACTIVATE | SWP_SHOWWINDOW);
 }
 

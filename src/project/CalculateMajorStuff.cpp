@@ -1,0 +1,190 @@
+#include "project/CalculateMajorStuff.h"
+
+#include "core/Settings.h"
+#include "extras/Misc.h"
+#include "flow/Arithmetic.h"
+#include "flow/DuctSearch.h"
+#include "flow/GeneralCalcs.h"
+#include "flow/Sizing.h"
+#include "platform/Desktop.h"
+#include "platform/MessageBox.h"
+#include "platform/NumberText.h"
+#include "project/DuctSheet.h"
+#include "project/ProjectFiles.h"
+#include "project/ProjectGrid.h"
+
+namespace plenair {
+
+namespace {
+
+constexpr float kVelocityStep = 0.01F;
+const std::string kOutOfReach = "its values, or those of the options, lie outside of what can be calculated.";
+
+// The hourglass over all windows, until the end of a scope.
+class Hourglass {
+  public:
+    Hourglass() { SetMousePointer(MousePointer::Hourglass); }
+    ~Hourglass() { SetMousePointer(MousePointer::Default); }
+    Hourglass(const Hourglass&) = delete;
+    Hourglass& operator=(const Hourglass&) = delete;
+};
+
+// What a duct is solved from, as its boxes say.
+struct DuctInput {
+    double flow = 0;   // m³/s
+    double height = 0; // m
+    float lossCap = 0;
+    float velocityCap = 0;
+
+    bool HasZero() const { return flow == 0.0 || height == 0.0 || lossCap == 0.0F || velocityCap == 0.0F; }
+};
+
+double NumberIn(const SheetWindow& sheet, int box) {
+    const std::optional<double> number = NumberFromText(sheet.BoxText(box));
+    if (!number) {
+        throw CalcFailure("text that is no number");
+    }
+    return *number;
+}
+
+float SingleIn(const SheetWindow& sheet, int box) {
+    const std::optional<float> number = SingleFromText(sheet.BoxText(box));
+    if (!number) {
+        throw CalcFailure("text that is no 32-bit number");
+    }
+    return *number;
+}
+
+DuctInput ReadInput(const SheetWindow& sheet) {
+    DuctInput input;
+    input.flow = NumberIn(sheet, 1) / 1000;
+    input.height = NumberIn(sheet, 3) / 1000;
+    input.lossCap = SingleIn(sheet, 6);
+    input.velocityCap = SingleIn(sheet, 5);
+    return input;
+}
+
+double RoughnessOf(float colour) {
+    return colour == RigidColour ? Settings.SurfaceRoughness1 : Settings.SurfaceRoughness2;
+}
+
+// Whether the duct that `velocity` asks for would be so narrow that its width rounds to 0.
+bool HasNoWidth(const DuctInput& input, double velocity) {
+    try {
+        double width = 1E+50;
+        double change = 1.0;
+        OtherSide(input.height, DiameterForVelocity(velocity, input.flow), width, change);
+        return RoundedUpSize(width) == 0.0;
+    } catch (const CalcFailure&) {
+        return false;
+    }
+}
+
+// Why the search found no duct, in the user's words. It ended at the velocity in Settings.MaxVelocity.
+std::string ReasonNotSolved(const SheetWindow& sheet, const DuctInput& input, bool capsNotMet) {
+    const std::string height = sheet.BoxText(3) + " mm";
+    if (input.flow < 0.0) {
+        return "its flow is negative.";
+    }
+    if (input.height < 0.0) {
+        return "its height is negative.";
+    }
+    if (input.velocityCap <= kVelocityStep) {
+        return "its velocity cap of " + sheet.BoxText(5) +
+               " m/s leaves no velocity to try. It has to be above 0.01 m/s.";
+    }
+    if (capsNotMet) {
+        return "no velocity down to 0.01 m/s keeps the loss within " + sheet.BoxText(6) +
+               " Pa/m at a height of " + height + ".";
+    }
+    if (HasNoWidth(input, Settings.MaxVelocity)) {
+        return "at a velocity of " + Format(Settings.MaxVelocity, "0.00") + " m/s and a height of " + height +
+               " no width is left. It needs more flow, a lower height or a lower velocity cap.";
+    }
+    return kOutOfReach;
+}
+
+std::string NotSolved(std::int16_t duct, const std::string& reason) {
+    return "Duct " + DuctLabel(duct) + " can't be solved: " + reason + "  Solution incomplete.";
+}
+
+// Sizes the duct that the sheet shows and writes the result back. Gives the message for the user where there
+// is no result.
+std::string SolveDuct(const ProjectWindows& windows, std::int16_t duct, float colour) {
+    const SheetWindow& sheet = windows.Sheet;
+    std::optional<DuctInput> input;
+    try {
+        input = ReadInput(sheet);
+        Settings.MaxVelocity = static_cast<double>(input->velocityCap);
+        if (input->HasZero()) {
+            return "Unexpected zero value encountered.  Solution incomplete.";
+        }
+        const SizedDuct sized = SizeWithinCaps(input->flow, input->height, input->lossCap, input->velocityCap,
+                                               RoughnessOf(colour), Settings.MaxVelocity);
+        ShowSolvedValues(windows, sized.width * 1000, input->height * 1000, sized.velocity, sized.loss,
+                         sized.equivalent * 1000);
+        ReadDuctSheet(windows, duct);
+        return "";
+    } catch (const CapsNotMet&) {
+        return NotSolved(duct, ReasonNotSolved(sheet, *input, true));
+    } catch (const CalcFailure&) {
+        return NotSolved(duct, input ? ReasonNotSolved(sheet, *input, false) : kOutOfReach);
+    }
+}
+
+void EndFailedRun(const ProjectWindows& windows, const std::string& message) {
+    ShowMessage({message, "Error", MessageButtons::Ok, MessageIcon::Critical});
+    RunFailed = FlagSet;
+    RedrawProject(windows);
+}
+
+} // namespace
+
+void SolveDucts(const ProjectWindows& windows) {
+    const Hourglass hourglass;
+    SheetWindow& sheet = windows.Sheet;
+    for (int number = 1; number <= DuctCount; ++number) {
+        const auto duct = static_cast<std::int16_t>(number);
+        const float colour = Ducts[static_cast<std::size_t>(number)].Colour;
+        sheet.SetScrollValue(number);
+        ShowDuctSheet(windows, duct);
+        sheet.Repaint();
+        if (colour == ConnectionColour) {
+            continue;
+        }
+        const std::string failure = SolveDuct(windows, duct, colour);
+        if (!failure.empty()) {
+            EndFailedRun(windows, failure);
+            return;
+        }
+    }
+    sheet.SetScrollValue(1);
+}
+
+void SolveProject(const ProjectWindows& windows) {
+    if (DuctCount < 1 || BeepIfSolved()) {
+        return;
+    }
+    RunFailed = FlagSet;
+    const MessageAnswer answer =
+        ShowMessage({"Gus will begin by saving your project.", "Solve", MessageButtons::OkCancel});
+    if (answer == MessageAnswer::Cancel) {
+        return;
+    }
+    SaveProject(windows);
+    if (RunFailed != FlagClear) {
+        return;
+    }
+    SolveDucts(windows);
+    if (RunFailed != FlagClear) {
+        return;
+    }
+    WriteSolutionReport();
+    Solved = FlagSet;
+    ShowDuctSheet(windows, 1);
+    windows.Solver.SetPressureVisible(true);
+    PlayCall();
+    ShowMessage({"Plenair Solution Complete", "Plenair", MessageButtons::Ok, MessageIcon::Exclamation});
+}
+
+} // namespace plenair

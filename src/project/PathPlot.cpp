@@ -1,0 +1,173 @@
+#include "project/PathPlot.h"
+
+#include "flow/CalcFailure.h"
+#include "platform/NumberText.h"
+
+#include <cmath>
+
+namespace plenair {
+
+namespace {
+
+struct PathTotals {
+    double length = 0;
+    double drop = 0;
+};
+
+PathTotals TotalsOfPath() {
+    PathTotals totals;
+    for (const PathElement& element : PathElements) {
+        totals.length += element.Length;
+        totals.drop += element.PressureDrop;
+    }
+    return totals;
+}
+
+// One plot on one surface.
+class PathPlot {
+  public:
+    PathPlot(DrawingSurface& surface, const PlotFigures& figures);
+
+    void DrawFrame() const;
+    void DrawGuides() const;
+    void DrawPath() const;
+    void PrintPressures() const;
+    void PrintLengths() const;
+    void PrintDucts() const;
+
+  private:
+    double AcrossOf(double length) const { return length / m_lengthScale; }
+    double DownOf(double drop) const { return drop / m_dropScale; }
+    void Line(double x1, double y1, double x2, double y2, ColourNumber colour) const;
+    void Print(double x, double y, const std::string& text) const;
+
+    DrawingSurface& m_surface;
+    PlotFigures m_figures;
+    double m_left;
+    double m_top;
+    double m_right;
+    double m_bottom;
+    double m_lengthScale; // mm per unit
+    double m_dropScale;   // Pa per unit
+};
+
+PathPlot::PathPlot(DrawingSurface& surface, const PlotFigures& figures)
+    : m_surface(surface), m_figures(figures), m_left(surface.Width() * figures.nearEdge),
+      m_top(surface.Height() * figures.nearEdge), m_right(surface.Width() * figures.farEdge),
+      m_bottom(surface.Height() * figures.farEdge) {
+    const PathTotals totals = TotalsOfPath();
+    m_lengthScale = totals.length / (surface.Width() * figures.span);
+    m_dropScale = totals.drop / (surface.Height() * figures.span);
+    if (!std::isnormal(m_lengthScale) || !std::isnormal(m_dropScale)) {
+        throw CalcFailure("a plot without a scale");
+    }
+}
+
+void PathPlot::Line(double x1, double y1, double x2, double y2, ColourNumber colour) const {
+    m_surface.Line(Drawable(x1), Drawable(y1), Drawable(x2), Drawable(y2), colour);
+}
+
+void PathPlot::Print(double x, double y, const std::string& text) const {
+    m_surface.SetPosition(Drawable(x), Drawable(y));
+    m_surface.Print(text);
+}
+
+void PathPlot::DrawFrame() const {
+    m_surface.SetLineStyle(LineStyle::Solid);
+    m_surface.SetLineWidth(1);
+    m_surface.Box(m_left, m_top, m_right, m_bottom, BlackColour);
+}
+
+void PathPlot::DrawGuides() const {
+    m_surface.SetLineStyle(LineStyle::Dashed);
+    double x = m_left;
+    double y = m_top;
+    for (std::size_t position = 1; position < PathElements.size(); ++position) {
+        x += AcrossOf(PathElements[position].Length);
+        Line(x, m_top, x, m_bottom, BlackColour);
+        y += DownOf(PathElements[position].PressureDrop);
+        Line(m_left, y, m_right, y, BlackColour);
+    }
+}
+
+void PathPlot::DrawPath() const {
+    m_surface.SetLineStyle(LineStyle::Solid);
+    m_surface.SetLineWidth(m_figures.pathLineWidth);
+    double x = m_left;
+    double y = m_top;
+    for (std::size_t position = 1; position < PathElements.size(); ++position) {
+        const PathElement& element = PathElements[position];
+        const double nextX = x + AcrossOf(element.Length);
+        const double nextY = y + DownOf(element.PressureDrop);
+        Line(x, y, nextX, nextY, DrawnColour(element.Colour));
+        x = nextX;
+        y = nextY;
+    }
+}
+
+void PathPlot::PrintPressures() const {
+    const double x = m_left + m_figures.pressureLabelX;
+    double y = m_top + m_figures.pressureLabelY;
+    double pressure = 0;
+    for (std::size_t position = 1; position < PathElements.size(); ++position) {
+        pressure += PathElements[position].PressureDrop;
+        y += DownOf(PathElements[position].PressureDrop);
+        Print(x, y, Format(pressure, "0"));
+    }
+}
+
+void PathPlot::PrintLengths() const {
+    double x = m_left + m_figures.lengthLabelX;
+    double length = 0;
+    for (std::size_t position = 1; position < PathElements.size(); ++position) {
+        length += PathElements[position].Length;
+        x += AcrossOf(PathElements[position].Length);
+        Print(x, m_bottom, Format(length / 1000, "0.0"));
+    }
+}
+
+void PathPlot::PrintDucts() const {
+    const double y = m_surface.Height() * m_figures.ductLabelY;
+    double length = 0;
+    for (std::size_t position = 1; position < PathElements.size(); ++position) {
+        const PathElement& element = PathElements[position];
+        const double x = m_left + AcrossOf(element.Length / 2 + length);
+        length += element.Length;
+        const std::string letter = TypeLetter(element.Colour);
+        if (!letter.empty()) {
+            Print(x, y, letter + std::to_string(element.Position));
+        }
+    }
+}
+
+} // namespace
+
+std::string WhyNoPlot() {
+    const PathTotals totals = TotalsOfPath();
+    if (totals.length == 0.0) {
+        return "There is nothing to plot, since the ducts of this path have no length.";
+    }
+    if (totals.drop == 0.0) {
+        return "There is nothing to plot, since the pressure does not drop along this path.";
+    }
+    return "";
+}
+
+void DrawPathPlot(DrawingSurface& surface, const PlotFigures& figures) {
+    const PathPlot plot(surface, figures);
+    plot.DrawFrame();
+    plot.DrawGuides();
+    plot.DrawPath();
+    plot.PrintPressures();
+    plot.PrintLengths();
+    plot.PrintDucts();
+}
+
+void PlotPath(const ProjectWindows& windows) {
+    GridPicture& grid = windows.Solver.PicGrid();
+    grid.Clear();
+    DrawPathPlot(grid, GridPlot);
+    PlotShowing = FlagSet;
+}
+
+} // namespace plenair

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "project/DuctPath.h"
+#include "project/ProjectWindows.h"
+
+// The plot of accumulated pressure against accumulated length.
+namespace plenair {
+
+// Where the parts of the plot stand; fractions are of the surface's width and height.
+struct PlotFigures {
+    double nearEdge; // of the frame
+    double farEdge;
+    double span; // between the two
+    int pathLineWidth;
+    double pressureLabelX; // added to the near edge
+    double pressureLabelY;
+    double lengthLabelX;
+    double ductLabelY; // a fraction
+};
+
+constexpr PlotFigures GridPlot{0.05, 0.95, 0.9, 2, 50, -200, -50, 0};
+constexpr PlotFigures PaperPlot{0.125, 0.875, 0.75, 5, 0, 0, 0, 0.125};
+
+// Why the path can't be plotted, for the user; empty if it can.
+std::string WhyNoPlot();
+
+// Draws the plot of PathElements on an empty surface, the same picture on both kinds. Throws CalcFailure,
+// before anything is drawn, where there is nothing to plot.
+void DrawPathPlot(DrawingSurface& surface, const PlotFigures& figures);
+
+// Puts the plot on the grid in place of the network.
+void PlotPath(const ProjectWindows& windows);
+
+} // namespace plenair

@@ -1,0 +1,96 @@
+#include "project/PressureCalcs.h"
+
+#include "core/Settings.h"
+#include "flow/Arithmetic.h"
+#include "flow/FluidProperties.h"
+#include "platform/InputBox.h"
+#include "platform/MessageBox.h"
+#include "platform/NumberText.h"
+#include "project/DuctPath.h"
+#include "project/PathPlot.h"
+
+namespace plenair {
+
+namespace {
+
+const std::string kTitle = "Total Pressure Drop";
+
+void Tell(const std::string& text) {
+    ShowMessage({text, kTitle, MessageButtons::Ok, MessageIcon::Exclamation});
+}
+
+std::string WithoutBlanksAround(const std::string& text) {
+    const std::size_t start = text.find_first_not_of(' ');
+    return start == std::string::npos ? "" : text.substr(start, text.find_last_not_of(' ') + 1 - start);
+}
+
+double PressureDropOf(const PathElement& element) {
+    if (element.Colour == RigidColour || element.Colour == FlexibleColour) {
+        return Checked(element.Length / 1000 * element.LossPerMetre);
+    }
+    if (element.Colour == ConnectionColour) {
+        return Checked(static_cast<double>(element.ConnCoefficient) * VelocityPressure(element.Velocity));
+    }
+    return 0;
+}
+
+// Works out each element's drop, and the sum of them.
+double TotalOfPath() {
+    for (PathElement& element : PathElements) {
+        element.PressureDrop = PressureDropOf(element);
+    }
+    double total = 0;
+    for (const PathElement& element : PathElements) {
+        total = Checked(total + element.PressureDrop);
+    }
+    return total;
+}
+
+bool WantsPlot(double total) {
+    const MessageRequest question{"Total Pressure is " + Format(total, "0") + " Pa.\n\nProceed with plot?",
+                                  kTitle, MessageButtons::YesNo};
+    return ShowMessage(question) == MessageAnswer::Yes;
+}
+
+} // namespace
+
+double VelocityPressure(double velocity) {
+    return Checked(0.5 * (velocity * velocity) * Density(Settings.FluidTemp));
+}
+
+void AskForPath(const ProjectWindows& windows) {
+    const std::string answer = AskForText({"Please list duct path separated by commas.", "Pressure Drop"});
+    if (!answer.empty()) {
+        PathPressure(windows, answer);
+    }
+}
+
+void PathPressure(const ProjectWindows& windows, std::string path) {
+    path = WithoutBlanksAround(path);
+    if (path.empty()) {
+        return;
+    }
+    if (path.back() >= '0' && path.back() <= '9') {
+        path += ',';
+    }
+    try {
+        ParseDuctPath(path);
+        if (!WantsPlot(TotalOfPath())) {
+            return;
+        }
+        const std::string problem = WhyNoPlot();
+        if (problem.empty()) {
+            PlotPath(windows);
+        } else {
+            Tell(problem);
+        }
+    } catch (const PathFailure& failure) {
+        Tell(failure.what());
+    } catch (const CalcFailure&) {
+        Tell("The pressure of this path can't be worked out or plotted: its ducts hold values too large or "
+             "too "
+             "small for that.");
+    }
+}
+
+} // namespace plenair

@@ -1,0 +1,112 @@
+#include "project/Printout.h"
+
+#include "platform/MessageBox.h"
+#include "platform/NumberText.h"
+#include "project/PathPlot.h"
+#include "project/ProjectGrid.h"
+
+#include <functional>
+
+namespace plenair {
+
+namespace {
+
+constexpr int kNetworkLineWidth = 3;
+constexpr int kDuctsPerPage = 4;
+const std::string kFontName = "Arial";
+
+// Asks for the printer and prints as many documents as the user wants.
+void PrintCopies(CommonDialog& dialog, Printer& printer, const std::function<void()>& printCopy) {
+    try {
+        dialog.Flags = PrinterNoSelection | PrinterNoPageNumbers;
+        dialog.PrinterDefault = true;
+        dialog.ShowPrinter();
+    } catch (const DialogCancelled&) {
+        return;
+    }
+    try {
+        printer.SetColourMode(ColourMode::Colour);
+        for (int copy = 1; copy <= dialog.Copies; ++copy) {
+            printCopy();
+            printer.EndDoc();
+        }
+    } catch (const std::runtime_error&) {
+        printer.KillDoc();
+    }
+}
+
+void SetUpPicturePage(Printer& printer) {
+    printer.SetOrientation(PageOrientation::Landscape);
+    printer.SetFont(kFontName, 9, false);
+}
+
+void PrintNetwork(Printer& printer) {
+    SetUpPicturePage(printer);
+    printer.SetLineStyle(LineStyle::Solid);
+    printer.SetLineWidth(kNetworkLineWidth);
+    DrawDucts(printer);
+    PrintLabels(printer);
+}
+
+void PrintDuct(Printer& printer, std::int16_t number) {
+    const DuctRecord& duct = Ducts[static_cast<std::size_t>(number)];
+    printer.SetFont(kFontName, 12, true);
+    printer.Print("---");
+    printer.Print("Duct Number " + DuctLabel(number));
+    printer.Print("---");
+    printer.SetFont(kFontName, 9, false);
+    printer.Print("");
+    printer.Print(duct.Colour == RigidColour ? "Duct Type: Rigid" : "Duct Type: Flexible");
+    printer.Print("Flow Rate (L/s): \t" + ShortestText(duct.Flow));
+    printer.Print("Width (mm): \t\t" + ShortestText(duct.Width));
+    printer.Print("Height (mm): \t" + ShortestText(duct.Height));
+    printer.Print("Length (mm): \t" + ShortestText(duct.Length));
+    printer.Print("Velocity (m/s): \t" + ShortestText(duct.Velocity));
+    printer.Print("Pressure Loss (Pa/m): " + ShortestText(duct.LossPerMetre));
+    printer.Print("Equivalent Circular Diameter (mm): \t" + ShortestText(duct.EquivRound));
+    printer.Print("Fitting Coefficient at Start: \t" + ShortestText(duct.ConnCoefficient));
+    printer.Print("");
+}
+
+void PrintDuctData(Printer& printer) {
+    printer.NewPage();
+    printer.SetOrientation(PageOrientation::Portrait);
+    for (int number = 1; number <= DuctCount; ++number) {
+        PrintDuct(printer, static_cast<std::int16_t>(number));
+        if (number % kDuctsPerPage == 0) {
+            printer.NewPage();
+        }
+    }
+}
+
+} // namespace
+
+void PrintShown(const ProjectWindows& windows, Printer& printer) {
+    CommonDialog& dialog = windows.Solver.Dialog();
+    if (PlotShowing != FlagClear) {
+        PrintPathPlot(dialog, printer);
+        return;
+    }
+    RedrawProject(windows);
+    PrintProject(dialog, printer);
+}
+
+void PrintProject(CommonDialog& dialog, Printer& printer) {
+    const bool withData = ShowMessage({"Do you wish to include duct data with the printout?", "Print Project",
+                                       MessageButtons::YesNo}) == MessageAnswer::Yes;
+    PrintCopies(dialog, printer, [&] {
+        PrintNetwork(printer);
+        if (withData) {
+            PrintDuctData(printer);
+        }
+    });
+}
+
+void PrintPathPlot(CommonDialog& dialog, Printer& printer) {
+    PrintCopies(dialog, printer, [&] {
+        SetUpPicturePage(printer);
+        DrawPathPlot(printer, PaperPlot);
+    });
+}
+
+} // namespace plenair

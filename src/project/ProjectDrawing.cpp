@@ -1,0 +1,99 @@
+#include "project/ProjectDrawing.h"
+
+namespace plenair {
+
+namespace {
+
+constexpr double kEndMark = 50; // half a side
+constexpr int kGridLineWidth = 1;
+constexpr int kHighlightLineWidth = 4;
+
+const DuctRecord& Duct(int number) {
+    return Ducts[static_cast<std::size_t>(number)];
+}
+
+void DrawLine(DrawingSurface& surface, Point start, Point end, ColourNumber colour) {
+    surface.Line(start.x, start.y, end.x, end.y, colour);
+}
+
+// The lines' places are summed up in 32 bits.
+float Next(float place, double pitch) {
+    return static_cast<float>(static_cast<double>(place) + pitch);
+}
+
+} // namespace
+
+void DrawGridLines(DrawingSurface& surface, ColourNumber colour) {
+    const double width = surface.Width();
+    const double height = surface.Height();
+    surface.SetLineWidth(kGridLineWidth);
+    const double across = GridPitch(width, Axis::X);
+    float x = Next(0, across);
+    for (int line = 1; line < CellsAcross; ++line, x = Next(x, across)) {
+        const double at = static_cast<double>(x);
+        surface.Line(at, 0, at, height, colour);
+    }
+    const double down = GridPitch(height, Axis::Y);
+    float y = Next(0, down);
+    for (int line = 1; line < CellsDown; ++line, y = Next(y, down)) {
+        const double at = static_cast<double>(y);
+        surface.Line(0, at, width, at, colour);
+    }
+}
+
+void DrawEndMark(DrawingSurface& surface, Point at) {
+    surface.Box(at.x - kEndMark, at.y - kEndMark, at.x + kEndMark, at.y + kEndMark, BlackColour);
+}
+
+void DrawDucts(DrawingSurface& surface) {
+    for (int number = 1; number <= DuctCount; ++number) {
+        const DuctRecord& duct = Duct(number);
+        const Point start = StartOf(duct, surface.Width(), surface.Height());
+        const Point end = EndOf(duct, surface.Width(), surface.Height());
+        DrawEndMark(surface, start);
+        DrawEndMark(surface, end);
+        DrawLine(surface, start, end, DrawnColour(duct.Colour));
+    }
+}
+
+void PrintLabel(DrawingSurface& surface, std::int16_t duct) {
+    const Point place = LabelPlace(Duct(duct), surface.Width(), surface.Height());
+    surface.SetPosition(place.x, place.y);
+    surface.Print(DuctLabel(duct));
+}
+
+void PrintLabels(DrawingSurface& surface) {
+    for (int number = 1; number <= DuctCount; ++number) {
+        PrintLabel(surface, static_cast<std::int16_t>(number));
+    }
+}
+
+void DrawHighlight(DrawingSurface& surface, std::int16_t duct) {
+    const DuctRecord& record = Duct(duct);
+    surface.SetLineWidth(kHighlightLineWidth);
+    DrawLine(surface, StartOf(record, surface.Width(), surface.Height()),
+             EndOf(record, surface.Width(), surface.Height()), GreenColour);
+    surface.SetLineWidth(NetworkLineWidth);
+}
+
+void GridPicture::ShowNetwork(ColourNumber gridColour, bool labels) {
+    const Network wanted{NetworkRevision, Width(), Height(), gridColour, labels};
+    if (wanted == m_shown && Cuts() == m_cuts) {
+        CutBackTo(m_networkItems);
+    } else {
+        Clear();
+        SetLineStyle(LineStyle::Solid);
+        DrawGridLines(*this, gridColour);
+        SetLineWidth(NetworkLineWidth);
+        DrawDucts(*this);
+        if (labels) {
+            PrintLabels(*this);
+        }
+        m_shown = wanted;
+        m_networkItems = Items().size();
+    }
+    SetLineWidth(NetworkLineWidth);
+    m_cuts = Cuts();
+}
+
+} // namespace plenair

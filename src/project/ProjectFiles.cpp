@@ -1,0 +1,126 @@
+#include "project/ProjectFiles.h"
+
+#include "core/Settings.h"
+#include "platform/CurrentFolder.h"
+#include "platform/MessageBox.h"
+#include "platform/TextFiles.h"
+#include "project/DuctSheet.h"
+#include "project/ProjectBlocks.h"
+#include "project/ProjectGrid.h"
+
+namespace plenair {
+
+namespace {
+
+CommonDialog& SetUpDialog(const ProjectWindows& windows, int flags, const std::string& fileName) {
+    CommonDialog& dialog = windows.Solver.Dialog();
+    dialog.Flags = flags;
+    dialog.DefaultExt = "gsp";
+    dialog.InitDir = Settings.DefPath;
+    dialog.FileName = fileName;
+    dialog.Filter = "Plenair Projects (*.gsp)|*.gsp|All Files (*.*)|*.*";
+    return dialog;
+}
+
+// Asks for a file and reads it. False after Cancel, or where the file could not be read to its end.
+bool ReadChosenFile(const ProjectWindows& windows) {
+    try {
+        CommonDialog& dialog = SetUpDialog(windows, PathMustExist, "");
+        dialog.ShowOpen();
+        ProjectName = dialog.FileTitle;
+        ReadProjectText(dialog.FileName);
+        return true;
+    } catch (const std::runtime_error&) {
+        return false;
+    }
+}
+
+bool IsContinuation(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
+} // namespace
+
+void SaveProject(const ProjectWindows& windows) {
+    try {
+        CommonDialog& dialog = SetUpDialog(windows, OverwritePrompt, ProjectName);
+        dialog.ShowSave();
+        ProjectName = dialog.FileTitle;
+        WriteWholeFile(dialog.FileName, ProjectText());
+    } catch (const std::runtime_error&) {
+        return;
+    }
+    Settings.DefPath = CurrentFolder();
+    ShowMessage({"Plenair Project Saved", "Save", MessageButtons::Ok, MessageIcon::Exclamation});
+    RunFailed = FlagClear;
+}
+
+void LoadProject(const ProjectWindows& windows) {
+    if (DuctCount > 0) {
+        const MessageAnswer answer = ShowMessage(
+            {"Clear Existing Project?", "Load Project", MessageButtons::YesNo, MessageIcon::Question});
+        if (answer != MessageAnswer::Yes) {
+            return;
+        }
+    }
+    windows.Sheet.Hide();
+    windows.Sheet.SetScrollValue(1);
+    StartReading();
+    const bool readToTheEnd = ReadChosenFile(windows);
+    if (DuctCount < 0) {
+        EmptyGrid(windows);
+        return;
+    }
+    if (!readToTheEnd) {
+        return;
+    }
+    Solved = FlagClear;
+    Settings.DefPath = CurrentFolder();
+    RedrawProject(windows);
+    ShowDuctSheet(windows, SheetDuct(windows));
+    if (windows.Solver.SheetTicked()) {
+        windows.Sheet.Show();
+    }
+}
+
+void WriteSolutionReport() {
+    const std::string path = InCurrentFolder(ReportName(ProjectName));
+    const std::string text = ProjectText();
+    MessageAnswer answer = MessageAnswer::Retry;
+    while (answer == MessageAnswer::Retry) {
+        try {
+            WriteWholeFile(path, text);
+            return;
+        } catch (const FileFailure& failure) {
+            answer = ShowMessage({std::string("The solution report can't be written.\n") + failure.what(),
+                                  "Solve", MessageButtons::RetryCancel, MessageIcon::Exclamation});
+        }
+    }
+}
+
+std::string ReportName(const std::string& projectName) {
+    std::size_t end = projectName.size();
+    for (int character = 0; character < 4; ++character) {
+        if (end == 0) {
+            return projectName + ".Gus";
+        }
+        do {
+            --end;
+        } while (end > 0 && IsContinuation(projectName[end]));
+    }
+    return projectName.substr(0, end) + ".Gus";
+}
+
+bool AskBeforeClosing(const ProjectWindows& windows) {
+    if (Solved != FlagClear) {
+        return true;
+    }
+    const MessageAnswer answer = ShowMessage(
+        {"Do you wish to save the current project?", "Close Project Solver", MessageButtons::YesNoCancel});
+    if (answer == MessageAnswer::Yes) {
+        SaveProject(windows);
+    }
+    return answer != MessageAnswer::Cancel;
+}
+
+} // namespace plenair

@@ -1,0 +1,148 @@
+#include "project/ProjectGrid.h"
+
+#include "platform/Desktop.h"
+#include "platform/MessageBox.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace plenair {
+
+namespace {
+
+// The colour of lblDuctNo while no duct has been chosen.
+constexpr ColourNumber kDarkGreen = 32768;
+
+// The number in the caption of lblDuctNo, which stands after the letter; 0 if there is none.
+int NumberInCaption(const std::string& caption) {
+    int number = 0;
+    if (!caption.empty()) {
+        std::from_chars(caption.data() + 1, caption.data() + caption.size(), number);
+    }
+    return number;
+}
+
+void HoldPoint(SolverWindow& solver, float x, float y) {
+    solver.Last = {Whole(static_cast<double>(x)), Whole(static_cast<double>(y))};
+}
+
+} // namespace
+
+void ResetProjectGrid(const ProjectWindows& windows) {
+    windows.Solver.LayOut();
+    DrawGridLines(windows.Solver.PicGrid(), windows.Solver.BackColour());
+    DrawPending = FlagClear;
+}
+
+void RedrawProject(const ProjectWindows& windows) {
+    PlotShowing = FlagClear;
+    windows.Solver.LayOut();
+    windows.Solver.PicGrid().ShowNetwork(windows.Solver.BackColour(), windows.Solver.LabelsTicked());
+    DrawPending = FlagClear;
+}
+
+void LabelDuct(const ProjectWindows& windows, std::int16_t duct) {
+    if (windows.Solver.LabelsTicked() && IsDuct(duct)) {
+        PrintLabel(windows.Solver.PicGrid(), duct);
+    }
+}
+
+void HighlightDuct(const ProjectWindows& windows, std::int16_t duct) {
+    if (!IsDuct(duct)) {
+        return;
+    }
+    RedrawProject(windows);
+    DrawHighlight(windows.Solver.PicGrid(), duct);
+    LabelDuct(windows, duct);
+}
+
+void ClickGrid(const ProjectWindows& windows, MouseButton button, float x, float y) {
+    if (BeepIfSolved()) {
+        return;
+    }
+    if (button == MouseButton::Right) {
+        DrawPending = FlagClear;
+        return;
+    }
+    if (DrawPending != FlagClear && DuctCount == MostDucts) {
+        Beep();
+        return;
+    }
+    SolverWindow& solver = windows.Solver;
+    GridPicture& grid = solver.PicGrid();
+    grid.SetLineWidth(NetworkLineWidth);
+    x = SnapToGrid(x, grid.Width(), Axis::X);
+    y = SnapToGrid(y, grid.Height(), Axis::Y);
+    const Point point{static_cast<double>(x), static_cast<double>(y)};
+    DrawEndMark(grid, point);
+    if (DrawPending == FlagClear) {
+        DrawPending = FlagSet;
+        HoldPoint(solver, x, y);
+        return;
+    }
+    grid.Line(solver.Last.x, solver.Last.y, point.x, point.y, DrawnColour(DrawColour));
+    AddDuct(solver.Last.x, solver.Last.y, x, y, grid.Width(), grid.Height());
+    HoldPoint(solver, x, y);
+    windows.Sheet.SetScrollMaximum(DuctCount);
+    LabelDuct(windows, DuctCount);
+}
+
+bool BeepIfSolved() {
+    if (Solved == FlagClear) {
+        return false;
+    }
+    Beep();
+    return true;
+}
+
+void RemoveLastDuct(const ProjectWindows& windows) {
+    if (DuctCount < 2) {
+        return;
+    }
+    SheetWindow& sheet = windows.Sheet;
+    --DuctCount;
+    // May move the scroll bar off the removed duct, and so load another into the sheet.
+    sheet.SetScrollMaximum(std::max(sheet.ScrollMaximum() - 1, 1));
+    if (NumberInCaption(sheet.DuctNoCaption()) > sheet.ScrollMaximum()) {
+        sheet.SetDuctNoCaption(std::to_string(sheet.ScrollMaximum()));
+    }
+    FitDucts();
+    RedrawProject(windows);
+}
+
+void ClearGrid(const ProjectWindows& windows) {
+    const MessageAnswer answer = ShowMessage(
+        {"Clear Existing Project?", "Load Project", MessageButtons::YesNo, MessageIcon::Question});
+    if (answer == MessageAnswer::Yes) {
+        EmptyGrid(windows);
+    }
+}
+
+void EmptyGrid(const ProjectWindows& windows) {
+    SheetWindow& sheet = windows.Sheet;
+    windows.Solver.SetPressureVisible(false);
+    sheet.SetDuctNoColour(kDarkGreen);
+    ClearProject();
+    sheet.SetScrollMaximum(1);
+    sheet.SetDuctNoCaption("1");
+    for (int box = 1; box < SheetBoxes; ++box) { // the last one keeps its text
+        sheet.SetBoxText(box, "0");
+    }
+    windows.Solver.PicGrid().Clear();
+    ResetProjectGrid(windows);
+}
+
+void ShowOrHideSheet(const ProjectWindows& windows) {
+    if (windows.Solver.SheetTicked()) {
+        windows.Sheet.Show();
+        windows.Sheet.SetScrollValue(1);
+        if (DuctCount > 0) {
+            HighlightDuct(windows, 1);
+        }
+    } else {
+        RedrawProject(windows);
+        windows.Sheet.Hide();
+    }
+}
+
+} // namespace plenair

@@ -1,0 +1,88 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+// The project in memory: a numbered list of elements that don't refer to one another. The drawing is a
+// picture for the user; nothing is worked out from the coordinates.
+namespace plenair {
+
+// A flag is a word with no bit set or all of them.
+using Flag = std::uint16_t;
+constexpr Flag FlagClear = 0;
+constexpr Flag FlagSet = 65535;
+
+// The type of an element is its drawing colour. Any other colour has no letter; the solution and FollowOn
+// treat it as a flexible duct.
+constexpr float RigidColour = 255.0F;
+constexpr float FlexibleColour = 16711680.0F;
+constexpr float ConnectionColour = 65535.0F;
+
+// Ends are fractions of the drawing surface. Velocity and LossPerMetre of a duct are caps before the solution
+// and results after it.
+struct DuctRecord {
+    float Colour = 0;
+    double StartX = 0;
+    double StartY = 0;
+    double EndX = 0;
+    double EndY = 0;
+    float ConnCoefficient = 0;
+    float Spare = 0;         // carried by the project file alone
+    double Length = 0;       // mm
+    double Width = 0;        // mm
+    double Height = 0;       // mm
+    double EquivRound = 0;   // mm
+    double Velocity = 0;     // m/s
+    double LossPerMetre = 0; // Pa/m
+    double Flow = 0;         // L/s
+};
+
+constexpr std::int16_t MostDucts = 32767;
+
+// Ducts 1 to DuctCount; element 0 is there from the start, but is no duct. While a file is being read
+// DuctCount starts at -1.
+extern std::vector<DuctRecord> Ducts;
+extern std::int16_t DuctCount;
+
+extern std::string ProjectName; // file name without its folder; empty until saved or loaded
+extern Flag Solved;             // solved, and closed to changes
+extern Flag RunFailed;          // of a solve run: stop between its steps
+extern Flag DrawPending;        // a start point is held for the next click on the grid
+extern Flag PlotShowing;        // the grid shows a path's plot instead of the network
+extern float DrawColour;        // of the next duct
+
+// Counts the changes of anything that the network's drawing shows. Whoever changes colours or ends in Ducts
+// raises it.
+extern std::uint64_t NetworkRevision;
+
+// Whether `duct` is a number from 1 to DuctCount.
+bool IsDuct(int duct);
+
+// Adds a duct from (lastX, lastY) to (x, y) on a surface of that size, in DrawColour, all its values 0. There
+// must be fewer than MostDucts.
+void AddDuct(double lastX, double lastY, float x, float y, double width, double height);
+
+// Cuts or extends Ducts to DuctCount, keeping what stays.
+void FitDucts();
+
+// An open project without a duct and without a name.
+void ClearProject();
+
+// The same, with no start point held and no plot showing: the state in which the solver opens.
+void StartProject();
+
+// The single element 0 and a DuctCount of -1, to which a file's elements are then added one by one.
+void StartReading();
+
+// Copies the value of sheet box `box` from duct `duct` to every later one that can hold it: Length, Velocity
+// and ConnCoefficient to connections; Flow, Height, Length, Velocity and LossPerMetre to ducts.
+void FollowOn(std::int16_t duct, std::int16_t box);
+
+// "R", "F", "C", or empty.
+std::string TypeLetter(float colour);
+
+// Letter and number, as in R3.
+std::string DuctLabel(std::int16_t duct);
+
+} // namespace plenair

@@ -1,0 +1,75 @@
+#pragma once
+
+#include "platform/CommonDialog.h"
+#include "project/ProjectDrawing.h"
+
+// What the work on a project needs of its two windows. The windows implement these and hand every event on to
+// the functions of this folder; tests implement them without a window.
+//
+// Setting a property runs the handler that goes with it before the call returns, and only if it changes
+// something.
+namespace plenair {
+
+// frmMajorCalc
+class SolverWindow {
+  public:
+    virtual ~SolverWindow() = default;
+
+    // The start point held for the next click, in the grid's units.
+    Point Last;
+
+    // Puts the window over the whole screen, cmdClose at its right and picGrid below, and gives PicGrid its
+    // size.
+    virtual void LayOut() = 0;
+
+    // What picGrid shows.
+    virtual GridPicture& PicGrid() = 0;
+
+    // The window's background, in which the grid lines are drawn.
+    virtual ColourNumber BackColour() const = 0;
+
+    virtual bool LabelsTicked() const = 0;             // chkLabels
+    virtual bool SheetTicked() const = 0;              // chkParam
+    virtual void SetPressureVisible(bool visible) = 0; // cmdCalcPressure
+    virtual CommonDialog& Dialog() = 0;                // dlgMajor; its CancelError is on
+};
+
+constexpr int SheetBoxes = 8;
+
+// frmMajorParam. Boxes are numbered 1 to SheetBoxes.
+class SheetWindow {
+  public:
+    virtual ~SheetWindow() = default;
+
+    virtual bool IsVisible() const = 0;
+    virtual void Show() = 0; // without a modal wait
+    virtual void Hide() = 0;
+    virtual void Repaint() = 0; // at once
+
+    // scrDuctNo; its minimum is 1. A change of the value runs ChangeDuctNo, also the one that a maximum below
+    // the value brings.
+    virtual int ScrollValue() const = 0;
+    virtual void SetScrollValue(int value) = 0;
+    virtual int ScrollMaximum() const = 0;
+    virtual void SetScrollMaximum(int maximum) = 0;
+
+    // lblDuctNo
+    virtual std::string DuctNoCaption() const = 0;
+    virtual void SetDuctNoCaption(const std::string& caption) = 0;
+    virtual void SetDuctNoColour(ColourNumber colour) = 0;
+
+    // txtParam. A box is white, or has the background colour of the window.
+    virtual std::string BoxText(int box) const = 0;
+    virtual void SetBoxText(int box, const std::string& text) = 0;
+    virtual bool IsBoxLocked(int box) const = 0;
+    virtual void SetBoxLook(int box, bool locked, bool white) = 0;
+
+    virtual bool FollowOnTicked() const = 0; // chkFollowOn
+};
+
+struct ProjectWindows {
+    SolverWindow& Solver;
+    SheetWindow& Sheet;
+};
+
+} // namespace plenair
