@@ -25,7 +25,7 @@ class SolverWindow {
     // What picGrid shows.
     virtual GridPicture& PicGrid() = 0;
 
-    // The window's background, in which the grid lines are drawn.
+    // The colour of the grid lines: the background of the window, as long as that is a light one.
     virtual ColourNumber BackColour() const = 0;
 
     virtual bool LabelsTicked() const = 0;             // chkLabels

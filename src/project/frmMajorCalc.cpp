@@ -107,7 +107,9 @@ void frmMajorCalc::LayOut() {
 }
 
 ColourNumber frmMajorCalc::BackColour() const {
-    return ToColourNumber(palette().color(QPalette::Window));
+    // The grid is white under any theme; lines in the colour of a dark one would outshine the network.
+    const QColor background = palette().color(QPalette::Window);
+    return ToColourNumber(background.lightness() < 128 ? QColor(240, 240, 240) : background);
 }
 
 void frmMajorCalc::cmdClearGrid_Click() {

@@ -5,7 +5,11 @@
 #include "platform/qt/WindowPos.h"
 #include "project/DuctSheet.h"
 
+#include <QPainter>
+#include <QPainterPath>
+
 #include <cmath>
+#include <cstdlib>
 
 namespace plenair {
 
@@ -23,6 +27,28 @@ constexpr ColourNumber kDarkGreen = 32768;
 QColor BlueOn(const QColor& background) {
     return background.lightness() < 128 ? QColor(140, 170, 255) : QColor(0, 0, 255);
 }
+
+// Shows the number in the very colour of its duct, with a rim where that colour is hard to read on the window.
+class DuctNoLabel : public Label {
+  public:
+    using Label::Label;
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        const QColor ink = palette().color(QPalette::WindowText);
+        const QColor background = palette().color(QPalette::Window);
+        QPainterPath text;
+        const QFontMetricsF metrics(font());
+        text.addText(width() - metrics.horizontalAdvance(this->text()) - 1,
+                     (height() + metrics.ascent() - metrics.descent()) / 2, font(), this->text());
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        if (std::abs(qGray(ink.rgb()) - qGray(background.rgb())) < 80) {
+            painter.strokePath(text, QPen(background.lightness() < 128 ? Qt::white : Qt::black, 1.6));
+        }
+        painter.fillPath(text, ink);
+    }
+};
 
 void SetColour(QWidget* widget, QPalette::ColorRole role, const QColor& colour) {
     QPalette palette = widget->palette();
@@ -47,7 +73,7 @@ void frmMajorParam::CreateControls() {
         Place(label, left, top, width, 225);
     };
     heading("lblDuct", "Duct:", 105, 75, 435);
-    lblDuctNo = new Label("lblDuctNo", "1", Client());
+    lblDuctNo = new DuctNoLabel("lblDuctNo", "1", Client());
     lblDuctNo->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     QFont large = font();
     large.setPointSizeF(13.5);

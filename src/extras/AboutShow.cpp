@@ -1,0 +1,52 @@
+#include "extras/AboutShow.h"
+
+#include "platform/QBColor.h"
+#include "platform/RandomNumbers.h"
+
+#include <cmath>
+
+namespace plenair {
+
+namespace {
+
+constexpr int kLines = 2000;
+constexpr double kWipeStep = 5;
+constexpr double kBorder = 128;
+
+void Scribble(DrawingSurface& surface, const std::function<void()>& refresh) {
+    double fromX = 0;
+    double fromY = 0;
+    for (int i = 0; i < kLines; ++i) {
+        const double x = NextRandom() * surface.Width();
+        const double y = NextRandom() * surface.Height();
+        const int colour = static_cast<int>(std::nearbyint(NextRandom() * 15));
+        surface.Line(fromX, fromY, x, y, QBColor(colour));
+        fromX = x;
+        fromY = y;
+        refresh();
+    }
+}
+
+// The outlines lie closer than pixels, so that they merge into a panel in the proportions of the surface.
+void Wipe(DrawingSurface& surface, const std::function<void()>& refresh) {
+    const double halfWidth = surface.Width() / 2;
+    const double halfHeight = surface.Height() / 2;
+    double left = halfWidth;
+    double top = halfHeight;
+    do {
+        surface.Box(left, top, halfWidth + (halfWidth - left), halfHeight + (halfHeight - top), QBColor(0));
+        left -= kWipeStep;
+        top -= kWipeStep * surface.Height() / surface.Width();
+        refresh();
+    } while (left > kBorder);
+}
+
+} // namespace
+
+void PlayShow(DrawingSurface& surface, const std::function<void()>& refresh) {
+    SeedRandom(static_cast<float>(SecondsSinceMidnight() * 128.0));
+    Scribble(surface, refresh);
+    Wipe(surface, refresh);
+}
+
+} // namespace plenair
