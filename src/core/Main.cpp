@@ -1,11 +1,17 @@
 #include "core/Main.h"
 
+#include "core/Settings.h"
 #include "core/SettingsFile.h"
+#include "core/frmInputs.h"
 #include "extras/Misc.h"
+#include "extras/frmAbout.h"
+#include "lite/CalculationLog.h"
 #include "lite/frmMinorCalc.h"
+#include "platform/NumberText.h"
 #include "project/ProjectSolver.h"
 
 #include <QApplication>
+#include <QPointer>
 
 #include <memory>
 
@@ -20,8 +26,69 @@ std::unique_ptr<frmMinorCalc>& LiteWindow() {
     return window;
 }
 
+// These two are there only while they are open.
+QPointer<frmInputs> s_options;
+QPointer<frmAbout> s_about;
+
+// Brings the Lite window up to date with the settings, if it is on the screen.
+void UpdateLiteWindow() {
+    frmMinorCalc& lite = *LiteWindow();
+    if (!lite.isVisible()) {
+        return;
+    }
+    if (Settings.CalcBasis >= 0 && Settings.CalcBasis <= 4) {
+        lite.SelectBasis(Settings.CalcBasis);
+    }
+    lite.SetBasisText(0, ShortestText(Settings.MaxLPM));
+    lite.SetBasisText(1, ShortestText(Settings.MaxVelocity));
+    lite.SetBasisText(2, ShortestText(Settings.MaxLPM));
+    lite.SetBasisText(9, ShortestText(Settings.MaxVelocity));
+    lite.SetBasisText(3, ShortestText(Settings.Analysis));
+    lite.FocusInputA();
+}
+
+void ShowOptions() {
+    frmInputs options;
+    s_options = &options;
+    options.Stored = UpdateLiteWindow;
+    options.ShowModal();
+}
+
+frmAbout* NewAboutBox() {
+    s_about = new frmAbout;
+    // The box may be on its way out of a handler when it is closed.
+    QObject::connect(s_about, &Form::CloseRequested, s_about, [] {
+        s_about->hide();
+        s_about->deleteLater();
+        s_about = nullptr;
+    });
+    return s_about;
+}
+
+bool BringAboutBoxToFront() {
+    if (s_about == nullptr) {
+        return false;
+    }
+    s_about->raise();
+    s_about->activateWindow();
+    return true;
+}
+
+void ShowAbout() {
+    if (!BringAboutBoxToFront()) {
+        NewAboutBox()->ShowModal();
+    }
+}
+
+void ShowAboutPlainly() {
+    if (!BringAboutBoxToFront()) {
+        NewAboutBox()->ShowPlain();
+    }
+}
+
 void OpenProjectSolver() {
     ProjectSolverLinks links;
+    links.ShowOptions = ShowOptions;
     links.Closed = [] { LiteWindow()->show(); };
     ShowProjectSolver(links);
 }
@@ -29,9 +96,20 @@ void OpenProjectSolver() {
 } // namespace
 
 void Main() {
+    UnloadOptions = [] {
+        if (s_options != nullptr) {
+            s_options->Unload();
+        }
+    };
+    ShowAboutAfterReminder = ShowAboutPlainly;
     LoadSettings();
     LiteWindow() = std::make_unique<frmMinorCalc>();
     LiteWindow()->OpenProjectSolver = OpenProjectSolver;
+    LiteWindow()->RecordRow = [](int row) { RecordRow(*LiteWindow(), row); };
+    LiteWindow()->RecordLog = [] { RecordLog(*LiteWindow()); };
+    LiteWindow()->OpenLog = [] { OpenLog(*LiteWindow()); };
+    LiteWindow()->ShowOptions = ShowOptions;
+    LiteWindow()->ShowAbout = ShowAbout;
     LiteWindow()->EndProgram = [] { QApplication::exit(); };
     FocusLiteWindow = [] { LiteWindow()->activateWindow(); };
     LiteWindow()->show();
@@ -39,6 +117,9 @@ void Main() {
 
 void Unload() {
     UnloadProjectSolver();
+    delete s_about;
+    UnloadOptions = {};
+    ShowAboutAfterReminder = {};
     FocusLiteWindow = {};
     LiteWindow().reset();
 }

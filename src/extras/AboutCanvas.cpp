@@ -13,8 +13,8 @@ namespace plenair {
 
 namespace {
 
-// Pixels that the line between two points in twips may touch: a chain of small rectangles, since one around the
-// whole of a slanting line is mostly empty.
+// Pixels that the line between two points in twips may touch: a chain of small rectangles, since one around
+// the whole of a slanting line is mostly empty.
 QRegion PixelsAlong(double x1, double y1, double x2, double y2) {
     constexpr double kPiece = 32;
     constexpr int kMargin = 2; // half the line's width, and what smoothing adds
@@ -31,8 +31,10 @@ QRegion PixelsAlong(double x1, double y1, double x2, double y2) {
 
 QRegion PixelsOf(const DrawnItem& item) {
     if (item.kind == DrawnItem::Kind::Box) {
-        return PixelsAlong(item.x1, item.y1, item.x2, item.y1) + PixelsAlong(item.x2, item.y1, item.x2, item.y2) +
-               PixelsAlong(item.x2, item.y2, item.x1, item.y2) + PixelsAlong(item.x1, item.y2, item.x1, item.y1);
+        return PixelsAlong(item.x1, item.y1, item.x2, item.y1) +
+               PixelsAlong(item.x2, item.y1, item.x2, item.y2) +
+               PixelsAlong(item.x2, item.y2, item.x1, item.y2) +
+               PixelsAlong(item.x1, item.y2, item.x1, item.y1);
     }
     return PixelsAlong(item.x1, item.y1, item.x2, item.y2);
 }

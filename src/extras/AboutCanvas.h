@@ -7,8 +7,8 @@
 
 namespace plenair {
 
-// The black ground of the about box. What is drawn on its surface appears at the next Refresh, which costs what
-// the new strokes cover, whatever stands there already.
+// The black ground of the about box. What is drawn on its surface appears at the next Refresh, which costs
+// what the new strokes cover, whatever stands there already.
 class AboutCanvas : public QWidget {
     Q_OBJECT
 

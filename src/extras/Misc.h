@@ -8,9 +8,9 @@ namespace plenair {
 // Plays the call, Gus.psg of the program's folder. Returns at once and never reports anything.
 void PlayCall();
 
-// Once in each calendar month: asks one of six questions, notes the month in the registry, and shows the about
-// box beside the Lite window, which keeps the focus. The month is compared for difference, so a clock set back
-// asks again. Nothing happens in a month that is noted.
+// Once in each calendar month: asks one of six questions, notes the month in the registry, and shows the
+// about box beside the Lite window, which keeps the focus. The month is compared for difference, so a clock
+// set back asks again. Nothing happens in a month that is noted.
 void MonthlyReminder();
 
 // What the reminder does to the windows; the start routine, which knows them, sets both.

@@ -27,27 +27,27 @@ class MascotPicture : public QWidget {
     QImage m_mascot;
 };
 
-// The about box. Its show runs when it first becomes active, and only after that its texts and picture are
-// visible. Each opening takes a new box.
+// The about box. Being shown for the first time makes it play its show, and only after that its texts and its
+// picture are visible; each opening takes a new box.
 class frmAbout : public Form {
     Q_OBJECT
 
   public:
     frmAbout();
 
-    // Both show the box and run the show; the first goes on at once, the second when the user has closed it.
+    // Shows the box beside the other windows and comes back when the show is over.
     void ShowPlain();
-    void ShowModal() override;
 
     // Draws the show, to its end.
     void DoSomething();
 
   protected:
-    bool event(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
   private:
     Label* AddLabel(const QString& name, double left, double top, double width, double height);
     void Form_Activate();
+    void picGus_Click();
 
     AboutCanvas* m_canvas;
     MascotPicture* picGus;

@@ -28,11 +28,11 @@ void CountStep(int& steps) {
 }
 
 // The rounded width that OtherSide leads to, in m, without its dozens of passes: Newton's method on the same
-// equation. All that a search keeps of a width is the whole millimetre that it rounds to, so where the solution
-// lies clear of the middle between two of them, both ways end in the same bits. Nothing where it doesn't, or where
-// the width is outside of practice: then OtherSide has to tell.
+// equation. All that a search keeps of a width is the whole millimetre that it rounds to, so where the
+// solution lies clear of the middle between two of them, both ways end in the same bits. Nothing where it
+// doesn't, or where the width is outside of practice: then OtherSide has to tell.
 std::optional<double> QuickRoundedWidth(double height, double diameter, double start) {
-    constexpr double kMostWidth = 1000;   // m
+    constexpr double kMostWidth = 1000;     // m
     constexpr double kClearOfMiddle = 1E-4; // mm; OtherSide stops within 1E-7 mm of the solution
     constexpr int kPasses = 12;
     const std::int64_t step = Settings.RoundOff;
@@ -108,7 +108,8 @@ class RoundDuctSearch {
     }
 
   private:
-    template <typename DiameterOf> void Settle(DiameterOf diameterOf) {
+    template <typename DiameterOf>
+    void Settle(DiameterOf diameterOf) {
         double previous = 0;
         int passes = 0;
         do {

@@ -2,14 +2,14 @@
 
 #include "flow/CalcFailure.h"
 
-// Sizing one rectangular duct of a given height: numbers to numbers. The width is rounded up to the size step,
-// so a search does not solve for its target. It moves a working value in steps of 0.01, and takes the first
-// one at which the rounded duct passes its test.
+// Sizing one rectangular duct of a given height: numbers to numbers. The width is rounded up to the size
+// step, so a search does not solve for its target. It moves a working value in steps of 0.01, and takes the
+// first one at which the rounded duct passes its test.
 //
-// Units: flow m³/s, height and roughness m, targets Pa/m and m/s. The targets and the losses compared with them
-// are 32-bit floats. `working` belongs to the caller: it holds the working value at every moment, and after a
-// failure the one that failed. Each search throws CalcFailure where its arithmetic has no result, and when it
-// has taken 500,000 steps.
+// Units: flow m³/s, height and roughness m, targets Pa/m and m/s. The targets and the losses compared with
+// them are 32-bit floats. `working` belongs to the caller: it holds the working value at every moment, and
+// after a failure the one that failed. Each search throws CalcFailure where its arithmetic has no result, and
+// when it has taken 500,000 steps.
 namespace plenair {
 
 struct SizedDuct {
@@ -24,7 +24,8 @@ struct CapsNotMet : CalcFailure {
     using CalcFailure::CalcFailure;
 };
 
-// Steps the working loss up from `target` until the rounded duct reaches the target, and takes the step before.
+// Steps the working loss up from `target` until the rounded duct reaches the target, and takes the step
+// before.
 SizedDuct SizeForLoss(double flow, double height, float target, double roughness, double& working);
 
 // Takes the duct for `target` less 0.01.

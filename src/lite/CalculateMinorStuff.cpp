@@ -16,7 +16,8 @@ namespace plenair {
 namespace {
 
 // Runs one step of a calculation; a failure ends that step alone, silently.
-template <typename Step> void Attempt(Step step) {
+template <typename Step>
+void Attempt(Step step) {
     try {
         step();
     } catch (const CalcFailure&) {
@@ -42,7 +43,8 @@ void RunBasis(LiteView& view, double inputA, double inputB, double value, std::i
 }
 
 // Five rows around the height given, one size step apart; `size` gives the duct for a height in m.
-template <typename Size> void FillRows(LiteView& view, double inputA, double inputB, Size size) {
+template <typename Size>
+void FillRows(LiteView& view, double inputA, double inputB, Size size) {
     const double flow = inputA / 1000;
     double height = inputB - ToInt16(2.0 * Settings.RoundOff);
     for (std::int16_t row = 0; row <= 4; ++row) {

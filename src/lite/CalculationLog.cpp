@@ -42,7 +42,8 @@ LogRecord ReadRow(const LogWindow& window, int row) {
     return record;
 }
 
-// Numbers are in the machine's locale: the log is for people and their spreadsheets, and nothing reads it back.
+// Numbers are in the machine's locale: the log is for people and their spreadsheets, and nothing reads it
+// back.
 std::string LogText() {
     std::string text = "Plenair Minor Calculation Log\r\n";
     text += MediumDate(Now()) + "\r\n";

@@ -46,8 +46,9 @@ class LogWindow {
 // Makes the log empty, without a word about records that were not saved.
 void ResetLog(LogWindow& window);
 
-// Records row `row` of the table and moves the current cell to its last column. Does nothing while the current
-// cell or an input is empty, nor with a row that isn't four numbers, both sizes other than 0. A full log beeps.
+// Records row `row` of the table and moves the current cell to its last column. Does nothing while the
+// current cell or an input is empty, nor with a row that isn't four numbers, both sizes other than 0. A full
+// log beeps.
 void RecordRow(LogWindow& window, int row);
 
 // Asks for a file, writes the log to it and empties the log. A cancel or a file that can't be written leaves

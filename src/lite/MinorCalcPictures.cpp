@@ -26,14 +26,15 @@ void ScalePicture::paintEvent(QPaintEvent*) {
 void RowButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    QColor face = palette().color(isDown() ? QPalette::Dark : (underMouse() ? QPalette::Midlight : QPalette::Button));
+    QColor face =
+        palette().color(isDown() ? QPalette::Dark : (underMouse() ? QPalette::Midlight : QPalette::Button));
     QColor edge = palette().color(QPalette::ButtonText);
     edge.setAlphaF(0.45F);
     painter.setPen(QPen(edge, 1));
     painter.setBrush(face);
     painter.drawRoundedRect(QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5), 2, 2);
-    style()->drawItemText(&painter, rect(), Qt::AlignCenter | Qt::TextShowMnemonic, palette(), isEnabled(), text(),
-                          QPalette::ButtonText);
+    style()->drawItemText(&painter, rect(), Qt::AlignCenter | Qt::TextShowMnemonic, palette(), isEnabled(),
+                          text(), QPalette::ButtonText);
 }
 
 } // namespace plenair

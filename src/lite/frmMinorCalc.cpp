@@ -72,8 +72,12 @@ void frmMinorCalc::CreateInputs() {
     txtInputB->GotFocus = [this] { txtInputB->SelectAll(); };
     txtInputA->KeyPress = [this](int character) { txtInputA_KeyPress(character); };
     txtInputB->KeyPress = [this](int character) { txtInputB_KeyPress(character); };
-    txtInputA->KeyUp = [this](int key) { HandleKeyStroke(*this, static_cast<std::int16_t>(key), "txtInputA"); };
-    txtInputB->KeyUp = [this](int key) { HandleKeyStroke(*this, static_cast<std::int16_t>(key), "txtInputB"); };
+    txtInputA->KeyUp = [this](int key) {
+        HandleKeyStroke(*this, static_cast<std::int16_t>(key), "txtInputA");
+    };
+    txtInputB->KeyUp = [this](int key) {
+        HandleKeyStroke(*this, static_cast<std::int16_t>(key), "txtInputB");
+    };
 }
 
 void frmMinorCalc::CreateResults() {
@@ -191,8 +195,7 @@ void frmMinorCalc::SetTabStops() {
 void frmMinorCalc::Form_Load() {
     SetFolded(true);
     MoveRightEdgeTo(ScreenWidth(), kTop);
-    grdMinorCalc->SetRow(0);
-    grdMinorCalc->SetCol(0);
+    SetCurrentCell(0, 0);
     for (MSFlexGrid* grid : {grdMinorCalc, grdOtherShapes}) {
         const double width = grid == grdMinorCalc ? 2895 : 3015;
         for (int column = 0; column < 4; ++column) {
@@ -213,7 +216,7 @@ void frmMinorCalc::Form_Load() {
     }
     SelectBasis(Settings.CalcBasis);
     ResetGrid();
-    EnableRecordLog(false);
+    ResetLog(*this);
 }
 
 void frmMinorCalc::ResetGrid() {
@@ -356,6 +359,17 @@ void frmMinorCalc::mnuHelpAbout_Click() {
     if (ShowAbout) {
         ShowAbout();
     }
+}
+
+void frmMinorCalc::SetCurrentCell(int row, int column) {
+    grdMinorCalc->SetRow(row);
+    grdMinorCalc->SetCol(column);
+}
+
+std::string frmMinorCalc::BasisText(int index) const {
+    // The settings file may name a basis that there is no box for.
+    const auto box = txtCalcBasis.find(index);
+    return box != txtCalcBasis.end() ? box->second->Text() : std::string();
 }
 
 std::string frmMinorCalc::MinorCell(int row, int column) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "lite/CalculationLog.h"
 #include "lite/KeyStrokes.h"
 #include "platform/qt/Controls.h"
 #include "platform/qt/Form.h"
@@ -20,7 +21,7 @@ namespace plenair {
 // it ends below cmdMoreInfo; the bases then lie below its bottom edge and are as alive as ever.
 //
 // The text boxes are the live store of the targets: the calculation reads them here, through LiteView.
-class frmMinorCalc : public Form, public LiteInputs {
+class frmMinorCalc : public Form, public LiteInputs, public LogWindow {
     Q_OBJECT
 
   public:
@@ -41,13 +42,14 @@ class frmMinorCalc : public Form, public LiteInputs {
     // For the options dialog and the reminder, which bring this window up to date.
     void SelectBasis(int index) { OptCalcBasis(index)->SetOn(); }
     void SetBasisText(int index, const std::string& text) { TxtCalcBasis(index)->SetText(text); }
-    void FocusInputA(); // selects its text
+    void FocusInputA() override;
 
-    // For the log: the table with its current cell, and the menu entry.
-    MSFlexGrid& Table() { return *grdMinorCalc; }
-    void EnableRecordLog(bool enabled) { mnuFileLog->setEnabled(enabled); }
+    std::string CurrentCell() const override { return grdMinorCalc->Text(); }
+    void SetCurrentCell(int row, int column) override;
+    void EnableRecordLog(bool enabled) override { mnuFileLog->setEnabled(enabled); }
+    CommonDialog& DlgMinor() override { return dlgMinor; }
 
-    std::string BasisText(int index) const override { return TxtCalcBasis(index)->Text(); }
+    std::string BasisText(int index) const override;
     std::string MinorCell(int row, int column) const override;
     void SetMinorCell(int row, int column, const std::string& text) override;
     void SetOtherCell(int column, const std::string& text) override;
@@ -63,7 +65,8 @@ class frmMinorCalc : public Form, public LiteInputs {
     void CreateBases();
     void CreateMenus();
     void SetTabStops();
-    QAction* AddEntry(QMenu* menu, const QString& name, const QString& caption, void (frmMinorCalc::*handler)());
+    QAction* AddEntry(QMenu* menu, const QString& name, const QString& caption,
+                      void (frmMinorCalc::*handler)());
 
     void Form_Load();
     void SetFolded(bool folded);
@@ -101,6 +104,7 @@ class frmMinorCalc : public Form, public LiteInputs {
     std::map<int, TextBox*> txtCalcBasis; // 0 to 4 and 9
     QAction* mnuFileLog = nullptr;
     QAction* mnuViewOnTop = nullptr;
+    CommonDialog dlgMinor;
     bool m_folded = true;
 };
 

@@ -35,19 +35,17 @@ void TakeFile(CommonDialog& dialog, std::filesystem::path file) {
     }
 }
 
-std::filesystem::path WithExtension(const CommonDialog& dialog) {
-    std::filesystem::path file = dialog.FileName;
-    if (!file.has_extension() && !dialog.DefaultExt.empty()) {
-        file += "." + dialog.DefaultExt;
-    }
-    return file;
-}
-
 } // namespace
+
+std::string WithDefaultExt(const CommonDialog& dialog) {
+    const bool isMissing =
+        !std::filesystem::path(dialog.FileName).has_extension() && !dialog.DefaultExt.empty();
+    return isMissing ? dialog.FileName + "." + dialog.DefaultExt : dialog.FileName;
+}
 
 void CommonDialog::ShowSave() {
     if (Show(DialogKind::Save, *this)) {
-        TakeFile(*this, WithExtension(*this));
+        TakeFile(*this, WithDefaultExt(*this));
     }
 }
 
@@ -55,7 +53,7 @@ void CommonDialog::ShowOpen() {
     if (Show(DialogKind::Open, *this)) {
         std::error_code unknown;
         const bool isThere = std::filesystem::exists(FileName, unknown);
-        TakeFile(*this, isThere ? std::filesystem::path(FileName) : WithExtension(*this));
+        TakeFile(*this, isThere ? FileName : WithDefaultExt(*this));
     }
 }
 

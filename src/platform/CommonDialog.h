@@ -42,6 +42,9 @@ struct CommonDialog {
     void ShowPrinter();
 };
 
+// FileName, with DefaultExt where it has no extension.
+std::string WithDefaultExt(const CommonDialog& dialog);
+
 enum class DialogKind { Save, Open, Printer };
 
 // Shows the dialog and gives whether it was accepted, with FileName or Copies filled in. A save dialog adds

@@ -20,7 +20,8 @@ struct DateLocale {
 // Set once at the start, from the desktop; a test may set another.
 void SetDateLocale(const DateLocale& locale);
 
-// Two digits of the day, the short name of the month, two digits of the year, in the locale's order: 18-Nov-26.
+// Two digits of the day, the short name of the month, two digits of the year, in the locale's order:
+// 18-Nov-26.
 std::string MediumDate(const LocalTime& time);
 
 // Hours and minutes on the 12-hour clock with AM or PM, whatever the locale uses: 05:07 PM.

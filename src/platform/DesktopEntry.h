@@ -13,9 +13,9 @@ struct EntryCommand {
     bool inTerminal = false;
 };
 
-// How the application of a desktop entry (`entry`, the content of its file) is started on the file `path`, which
-// is one argument whatever characters it has. Nothing if the entry names no program, or not in the form that
-// entries have.
+// How the application of a desktop entry (`entry`, the content of its file) is started on the file `path`,
+// which is one argument whatever characters it has. Nothing if the entry names no program, or not in the form
+// that entries have.
 std::optional<EntryCommand> CommandOn(std::string_view entry, const std::string& path);
 
 } // namespace plenair

@@ -16,7 +16,7 @@ struct PrinterFailure : std::runtime_error {
 
 // The printer that the print dialog chose. A document begins by itself with the first thing drawn and ends
 // with EndDoc; the next one is a print job, or a file, of its own. Width and Height are those of the paper in
-// its present orientation. Every operation may throw PrinterFailure.
+// its present orientation. Every operation but KillDoc may throw PrinterFailure.
 class Printer : public DrawingSurface {
   public:
     virtual void SetColourMode(ColourMode mode) = 0;

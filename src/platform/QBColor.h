@@ -7,8 +7,8 @@
 
 namespace plenair {
 
-// The sixteen classic screen colours, 0 to 15: black, blue, green, cyan, red, magenta, brown and light grey, then
-// the bright ones from dark grey to white.
+// The sixteen classic screen colours, 0 to 15: black, blue, green, cyan, red, magenta, brown and light grey,
+// then the bright ones from dark grey to white.
 inline ColourNumber QBColor(int colour) {
     constexpr std::array<ColourNumber, 16> colours = {
         0x000000, 0x800000, 0x008000, 0x808000, 0x000080, 0x800080, 0x008080, 0xC0C0C0,

@@ -5,7 +5,6 @@
 #include "flow/Arithmetic.h"
 #include "flow/DuctSearch.h"
 #include "flow/GeneralCalcs.h"
-#include "flow/Sizing.h"
 #include "platform/Desktop.h"
 #include "platform/MessageBox.h"
 #include "platform/NumberText.h"
@@ -18,6 +17,8 @@ namespace plenair {
 namespace {
 
 constexpr float kVelocityStep = 0.01F;
+constexpr double kLeastWidth = 0.0005; // m, what still rounds to 1 mm
+constexpr double kMostWidth = 2E6;     // m, about what can be counted in mm
 const std::string kOutOfReach = "its values, or those of the options, lie outside of what can be calculated.";
 
 // The hourglass over all windows, until the end of a scope.
@@ -68,15 +69,15 @@ double RoughnessOf(float colour) {
     return colour == RigidColour ? Settings.SurfaceRoughness1 : Settings.SurfaceRoughness2;
 }
 
-// Whether the duct that `velocity` asks for would be so narrow that its width rounds to 0.
-bool HasNoWidth(const DuctInput& input, double velocity) {
+// Width in m of the duct that `velocity` asks for, before it is rounded; nothing where it can't be
+// calculated.
+std::optional<double> WidthAt(const DuctInput& input, double velocity) {
     try {
         double width = 1E+50;
         double change = 1.0;
-        OtherSide(input.height, DiameterForVelocity(velocity, input.flow), width, change);
-        return RoundedUpSize(width) == 0.0;
+        return OtherSide(input.height, DiameterForVelocity(velocity, input.flow), width, change);
     } catch (const CalcFailure&) {
-        return false;
+        return std::nullopt;
     }
 }
 
@@ -93,13 +94,16 @@ std::string ReasonNotSolved(const SheetWindow& sheet, const DuctInput& input, bo
         return "its velocity cap of " + sheet.BoxText(5) +
                " m/s leaves no velocity to try. It has to be above 0.01 m/s.";
     }
-    if (capsNotMet) {
-        return "no velocity down to 0.01 m/s keeps the loss within " + sheet.BoxText(6) +
-               " Pa/m at a height of " + height + ".";
-    }
-    if (HasNoWidth(input, Settings.MaxVelocity)) {
+    const std::optional<double> width = WidthAt(input, Settings.MaxVelocity);
+    if (width && *width < kLeastWidth) {
         return "at a velocity of " + Format(Settings.MaxVelocity, "0.00") + " m/s and a height of " + height +
                " no width is left. It needs more flow, a lower height or a lower velocity cap.";
+    }
+    // What is left of the velocity after many steps can be a hair above 0, and so the width beyond all
+    // bounds.
+    if (capsNotMet || Settings.MaxVelocity < kVelocityStep / 2 || (width && *width > kMostWidth)) {
+        return "no velocity down to 0.01 m/s keeps the loss within " + sheet.BoxText(6) +
+               " Pa/m at a height of " + height + ".";
     }
     return kOutOfReach;
 }

@@ -28,14 +28,15 @@ class PathPlot {
   public:
     PathPlot(DrawingSurface& surface, const PlotFigures& figures);
 
+    void Draw() const;
+
+  private:
     void DrawFrame() const;
     void DrawGuides() const;
     void DrawPath() const;
     void PrintPressures() const;
     void PrintLengths() const;
     void PrintDucts() const;
-
-  private:
     double AcrossOf(double length) const { return length / m_lengthScale; }
     double DownOf(double drop) const { return drop / m_dropScale; }
     void Line(double x1, double y1, double x2, double y2, ColourNumber colour) const;
@@ -61,6 +62,15 @@ PathPlot::PathPlot(DrawingSurface& surface, const PlotFigures& figures)
     if (!std::isnormal(m_lengthScale) || !std::isnormal(m_dropScale)) {
         throw CalcFailure("a plot without a scale");
     }
+}
+
+void PathPlot::Draw() const {
+    DrawFrame();
+    DrawGuides();
+    DrawPath();
+    PrintPressures();
+    PrintLengths();
+    PrintDucts();
 }
 
 void PathPlot::Line(double x1, double y1, double x2, double y2, ColourNumber colour) const {
@@ -154,19 +164,14 @@ std::string WhyNoPlot() {
 }
 
 void DrawPathPlot(DrawingSurface& surface, const PlotFigures& figures) {
-    const PathPlot plot(surface, figures);
-    plot.DrawFrame();
-    plot.DrawGuides();
-    plot.DrawPath();
-    plot.PrintPressures();
-    plot.PrintLengths();
-    plot.PrintDucts();
+    PathPlot(surface, figures).Draw();
 }
 
 void PlotPath(const ProjectWindows& windows) {
     GridPicture& grid = windows.Solver.PicGrid();
+    const PathPlot plot(grid, GridPlot); // a path that can't be plotted leaves the picture on the grid
     grid.Clear();
-    DrawPathPlot(grid, GridPlot);
+    plot.Draw();
     PlotShowing = FlagSet;
 }
 

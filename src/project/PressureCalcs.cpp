@@ -87,9 +87,8 @@ void PathPressure(const ProjectWindows& windows, std::string path) {
     } catch (const PathFailure& failure) {
         Tell(failure.what());
     } catch (const CalcFailure&) {
-        Tell("The pressure of this path can't be worked out or plotted: its ducts hold values too large or "
-             "too "
-             "small for that.");
+        Tell("The pressure of this path can't be worked out or plotted: its ducts hold values too large "
+             "or too small for that.");
     }
 }
 

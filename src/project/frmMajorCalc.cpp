@@ -29,7 +29,9 @@ frmMajorCalc::frmMajorCalc(SheetWindow& sheet)
     CreateButtons();
     picGrid = new PictureBox("picGrid", m_picture, Client());
     picGrid->setAccessibleName("Network");
-    picGrid->MouseDown = [this](Qt::MouseButton button, float x, float y) { picGrid_MouseDown(button, x, y); };
+    picGrid->MouseDown = [this](Qt::MouseButton button, float x, float y) {
+        picGrid_MouseDown(button, x, y);
+    };
     // There is no button for it in the frame, but a desktop has other ways to ask a window to close.
     connect(this, &Form::CloseRequested, this, &frmMajorCalc::cmdClose_Click);
 }
@@ -56,28 +58,30 @@ void frmMajorCalc::CreateButtons() {
     AddButton("cmdClearGrid(2)", "solver/clear", "Clear Model", 105, 400, &frmMajorCalc::cmdClearGrid_Click);
     AddButton("cmdLoadGsp", "solver/open", "Open Plenair Project", 525, 400, &frmMajorCalc::cmdLoadGsp_Click);
     AddButton("cmdSaveGsp", "solver/save", "Save Plenair Project", 945, 400, &frmMajorCalc::cmdSaveGsp_Click);
-    AddButton("cmdPrintGus", "solver/print", "Print Plenair Project", 1365, 400, &frmMajorCalc::cmdPrintGus_Click);
+    AddButton("cmdPrintGus", "solver/print", "Print Plenair Project", 1365, 400,
+              &frmMajorCalc::cmdPrintGus_Click);
     AddButton("cmdMajorOptions", "solver/options", "Calculation Options", 1995, 400,
               &frmMajorCalc::cmdMajorOptions_Click);
     const QString types[][2] = {{"solver/rigid", "Draw Rigid Duct"},
                                 {"solver/flexible", "Draw Flexible Duct"},
                                 {"solver/connection", "Draw Duct Connection"}};
     for (int i = 0; i < 3; ++i) {
-        auto* option = AddToggle(ToggleButton::Kind::Option, ArrayName("optDuct", i), types[i][0], types[i][1],
-                                 2625 + 630 * i, 600);
+        auto* option = AddToggle(ToggleButton::Kind::Option, ArrayName("optDuct", i), types[i][0],
+                                 types[i][1], 2625 + 630 * i, 600);
         option->Click = [this, i] { optDuct_Click(i); };
         optDuct[static_cast<std::size_t>(i)] = option;
     }
     AddButton("cmdLessDuct(2)", "solver/remove-last", "Remove Last Duct", 4515, 600,
               &frmMajorCalc::cmdLessDuct_Click);
-    chkLabels = AddToggle(ToggleButton::Kind::CheckBox, "chkLabels", "solver/labels", "Show/Hide Duct Labels", 5355,
-                          400);
+    chkLabels = AddToggle(ToggleButton::Kind::CheckBox, "chkLabels", "solver/labels", "Show/Hide Duct Labels",
+                          5355, 400);
     chkLabels->SetOn(true);
     chkLabels->Click = [this] { chkLabels_Click(); };
-    chkParam = AddToggle(ToggleButton::Kind::CheckBox, "chkParam", "solver/sheet", "View/Set Duct Parameters", 5775,
-                         400);
+    chkParam = AddToggle(ToggleButton::Kind::CheckBox, "chkParam", "solver/sheet", "View/Set Duct Parameters",
+                         5775, 400);
     chkParam->Click = [this] { chkParam_Click(); };
-    Button* cmdGus = AddButton("cmdGus", "solver/solve", "Solve Project", 6405, 795, &frmMajorCalc::cmdGus_Click);
+    Button* cmdGus =
+        AddButton("cmdGus", "solver/solve", "Solve Project", 6405, 795, &frmMajorCalc::cmdGus_Click);
     cmdGus->KeyPress = [this](int character) { cmdGus_KeyPress(character); };
     cmdCalcPressure = AddButton("cmdCalcPressure", "solver/pressure", "Show Pressure Drops", 7245, 795,
                                 &frmMajorCalc::cmdCalcPressure_Click);

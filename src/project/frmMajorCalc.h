@@ -12,8 +12,8 @@
 
 namespace plenair {
 
-// The Project Solver: a row of buttons and, below it, the grid on which the network is drawn. It fills the screen.
-// The work behind each button is a function of this folder; a handler hands the event on.
+// The Project Solver: a row of buttons and, below it, the grid on which the network is drawn. It fills the
+// screen. The work behind each button is a function of this folder; a handler hands the event on.
 class frmMajorCalc : public Form, public SolverWindow {
     Q_OBJECT
 
@@ -43,8 +43,8 @@ class frmMajorCalc : public Form, public SolverWindow {
 
   private:
     void CreateButtons();
-    Button* AddButton(const QString& name, const QString& icon, const QString& toolTip, double left, double width,
-                      void (frmMajorCalc::*click)());
+    Button* AddButton(const QString& name, const QString& icon, const QString& toolTip, double left,
+                      double width, void (frmMajorCalc::*click)());
     ToggleButton* AddToggle(ToggleButton::Kind kind, const QString& name, const QString& icon,
                             const QString& toolTip, double left, double width);
 

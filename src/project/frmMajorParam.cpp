@@ -28,7 +28,8 @@ QColor BlueOn(const QColor& background) {
     return background.lightness() < 128 ? QColor(140, 170, 255) : QColor(0, 0, 255);
 }
 
-// Shows the number in the very colour of its duct, with a rim where that colour is hard to read on the window.
+// Shows the number in the very colour of its duct, with a rim where that colour is hard to read on the
+// window.
 class DuctNoLabel : public Label {
   public:
     using Label::Label;
@@ -50,6 +51,20 @@ class DuctNoLabel : public Label {
     }
 };
 
+// A label with a single border.
+class BorderedLabel : public Label {
+  public:
+    using Label::Label;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override {
+        Label::paintEvent(event);
+        QPainter painter(this);
+        painter.setPen(palette().color(QPalette::Mid));
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
+};
+
 void SetColour(QWidget* widget, QPalette::ColorRole role, const QColor& colour) {
     QPalette palette = widget->palette();
     palette.setColor(role, colour);
@@ -67,7 +82,8 @@ frmMajorParam::frmMajorParam()
 
 void frmMajorParam::CreateControls() {
     const QColor background = palette().color(QPalette::Window);
-    const auto heading = [&](const QString& name, const QString& caption, double left, double top, double width) {
+    const auto heading = [&](const QString& name, const QString& caption, double left, double top,
+                             double width) {
         auto* label = new Label(name, caption, Client());
         SetColour(label, QPalette::WindowText, BlueOn(background));
         Place(label, left, top, width, 225);
@@ -84,13 +100,17 @@ void frmMajorParam::CreateControls() {
     heading("lblParameter", "Parameter", 105, 375, 855);
     heading("lblValue", "Value", 1995, 375, 585);
 
-    const QString captions[] = {" Flow (L/s)",     " Width (mm)",      " Height (mm)",
-                                " Length (mm)",    " Velocity (m/s)",  " Pa/m Loss (Pa)",
-                                " Equiv. Round Duct (mm)", " Connection Coefficient"};
+    const QString captions[] = {" Flow (L/s)",
+                                " Width (mm)",
+                                " Height (mm)",
+                                " Length (mm)",
+                                " Velocity (m/s)",
+                                " Pa/m Loss (Pa)",
+                                " Equiv. Round Duct (mm)",
+                                " Connection Coefficient"};
     for (int box = 1; box <= SheetBoxes; ++box) {
         const double top = 600 + 285 * (box - 1);
-        auto* label = new Label(ArrayName("lblParam", box), captions[box - 1], Client());
-        label->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+        auto* label = new BorderedLabel(ArrayName("lblParam", box), captions[box - 1], Client());
         label->setBackgroundRole(QPalette::Base);
         label->setForegroundRole(QPalette::Text);
         label->SetOpaque(true);

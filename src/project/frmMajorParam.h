@@ -10,15 +10,16 @@
 
 namespace plenair {
 
-// The sheet of one duct, a small window that stays above the Project Solver: eight boxes and a scroll bar that
-// moves from duct to duct. The duct that it stands on is the value of the scroll bar.
+// The sheet of one duct, a small window that stays above the Project Solver: eight boxes and a scroll bar
+// that moves from duct to duct. The duct that it stands on is the value of the scroll bar.
 class frmMajorParam : public Form, public SheetWindow {
     Q_OBJECT
 
   public:
     frmMajorParam();
 
-    // Ties the sheet to its solver, places it in the top right corner of the grid, and shows the present duct.
+    // Ties the sheet to its solver, places it in the top right corner of the grid, and shows the present
+    // duct.
     void Form_Load(SolverWindow& solver, double gridWidth, double gridTop);
 
     bool IsVisible() const override { return isVisible(); }

@@ -16,6 +16,10 @@ bool IsAccessKey(const QEvent* event) {
     return event->type() == QEvent::Shortcut;
 }
 
+bool IsOwnAccessKey(const QEvent* event) {
+    return IsAccessKey(event) && !static_cast<const QShortcutEvent*>(event)->isAmbiguous();
+}
+
 } // namespace
 
 QString ArrayName(const QString& name, int index) {
@@ -100,7 +104,8 @@ void Button::keyPressEvent(QKeyEvent* event) {
     QPushButton::keyPressEvent(event);
 }
 
-ToggleButton::ToggleButton(Kind kind, const QString& name, QWidget* parent) : Button(name, QString(), parent) {
+ToggleButton::ToggleButton(Kind kind, const QString& name, QWidget* parent)
+    : Button(name, QString(), parent) {
     setCheckable(true);
     setAutoExclusive(kind == Kind::Option);
     connect(this, &QPushButton::toggled, this, [this, kind](bool on) {
@@ -111,8 +116,16 @@ ToggleButton::ToggleButton(Kind kind, const QString& name, QWidget* parent) : Bu
 }
 
 bool Button::event(QEvent* event) {
-    if (!IsAccessKey(event) || static_cast<QShortcutEvent*>(event)->isAmbiguous()) {
+    if (!IsOwnAccessKey(event)) {
         return QPushButton::event(event);
+    }
+    click();
+    return true;
+}
+
+bool CheckBox::event(QEvent* event) {
+    if (!IsOwnAccessKey(event)) {
+        return QCheckBox::event(event);
     }
     click();
     return true;

@@ -33,8 +33,8 @@ class Option : public QRadioButton {
     bool event(QEvent* event) override;
 };
 
-// A push button. Its access key presses it at once, and Enter when it has the focus. It has none, and the focus
-// stays where it was, unless SetFocusable has been called.
+// A push button. Its access key presses it at once, and Enter when it has the focus. It has none, and the
+// focus stays where it was, unless SetFocusable has been called.
 class Button : public QPushButton, public FocusEvents {
     Q_OBJECT
 
@@ -89,6 +89,7 @@ class ScrollBar : public QScrollBar, public FocusEvents {
     std::function<void()> Change;
 };
 
+// A check box. Its access key turns it at once.
 class CheckBox : public QCheckBox, public FocusEvents {
     Q_OBJECT
 
@@ -96,6 +97,9 @@ class CheckBox : public QCheckBox, public FocusEvents {
     CheckBox(const QString& name, const QString& caption, QWidget* parent) : QCheckBox(caption, parent) {
         setObjectName(name);
     }
+
+  protected:
+    bool event(QEvent* event) override;
 };
 
 // A text without a background, or, opaque, with one of any colour.

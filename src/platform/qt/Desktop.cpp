@@ -1,18 +1,25 @@
 #include "platform/qt/Desktop.h"
 
+#include "platform/DateText.h"
 #include "platform/Desktop.h"
+#include "platform/Editor.h"
 #include "platform/InputBox.h"
 #include "platform/MessageBox.h"
 #include "platform/NumberText.h"
 #include "platform/RegistryStore.h"
+#include "platform/Sound.h"
 #include "platform/TextFiles.h"
+#include "platform/qt/DesktopPrinter.h"
+#include "platform/qt/FileDialogs.h"
 #include "platform/qt/FocusEvents.h"
+#include "platform/qt/OtherPrograms.h"
 #include "platform/qt/Twips.h"
 
 #include <QApplication>
 #include <QInputDialog>
 #include <QLocale>
 #include <QMessageBox>
+#include <QRegularExpression>
 #include <QStandardPaths>
 
 namespace plenair {
@@ -33,6 +40,23 @@ NumberLocale DesktopNumbers() {
         numbers.otherGroups = static_cast<int>(groups[groups.size() - 2].size());
     }
     return numbers;
+}
+
+DateLocale DesktopDates() {
+    const QLocale desktop;
+    QString pattern = desktop.dateFormat(QLocale::ShortFormat);
+    pattern.remove(QRegularExpression("'[^']*'"));
+    DateLocale dates;
+    if (pattern.indexOf('y') < pattern.indexOf('d')) {
+        dates.order = DateOrder::YearMonthDay;
+    } else if (pattern.indexOf('M') < pattern.indexOf('d')) {
+        dates.order = DateOrder::MonthDayYear;
+    }
+    for (int month = 1; month <= 12; ++month) {
+        dates.shortMonths[static_cast<std::size_t>(month - 1)] =
+            FromQt(desktop.standaloneMonthName(month, QLocale::ShortFormat));
+    }
+    return dates;
 }
 
 QMessageBox::Icon IconOf(MessageIcon icon) {
@@ -91,7 +115,12 @@ MessageAnswer AskByMessageBox(const MessageRequest& request) {
 }
 
 std::string AskByInputBox(const InputRequest& request) {
-    return FromQt(QInputDialog::getText(QApplication::activeWindow(), ToQt(request.title), ToQt(request.prompt)));
+    return FromQt(
+        QInputDialog::getText(QApplication::activeWindow(), ToQt(request.title), ToQt(request.prompt)));
+}
+
+bool ShowCommonDialog(DialogKind kind, CommonDialog& dialog) {
+    return kind == DialogKind::Printer ? ShowPrintDialog(dialog) : ShowFileDialog(kind, dialog);
 }
 
 void ShowMousePointer(MousePointer pointer) {
@@ -110,8 +139,12 @@ void ConnectDesktop() {
     SetRegistryFile(FromQt(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)) +
                     "/plenair/registry");
     SetNumberLocale(DesktopNumbers());
+    SetDateLocale(DesktopDates());
     SetMessageBoxProvider(AskByMessageBox);
     SetInputBoxProvider(AskByInputBox);
+    SetCommonDialogProvider(ShowCommonDialog);
+    SetSoundProvider(PlayByOtherProgram);
+    SetEditorProvider(EditByOtherProgram);
     SetBeepProvider([] { QApplication::beep(); });
     SetMousePointerProvider(ShowMousePointer);
     WatchFocus();

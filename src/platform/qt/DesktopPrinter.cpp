@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 
 namespace plenair {
 
@@ -49,6 +50,14 @@ QString NextFile(const ChosenPrinter& chosen) {
             return name;
         }
     }
+}
+
+// Whether a PDF file has its end. Its writer doesn't notice a full disk.
+bool IsComplete(const QString& name) {
+    QFile file(name);
+    constexpr qint64 kTail = 16;
+    return file.open(QIODevice::ReadOnly) && file.seek(std::max<qint64>(file.size() - kTail, 0)) &&
+           file.readAll().contains("%%EOF");
 }
 
 class DesktopPrinter : public Printer {
@@ -116,13 +125,15 @@ class DesktopPrinter : public Printer {
             return;
         }
         const bool ended = m_painter.end();
-        if (!ended || Chosen().printer.printerState() == QPrinter::Error) {
+        if (!ended || Chosen().printer.printerState() == QPrinter::Error ||
+            (!m_file.isEmpty() && !IsComplete(UnfinishedFile()))) {
             Discard();
             throw PrinterFailure("the document can't be printed");
         }
         if (!m_file.isEmpty()) {
-            QFile::remove(m_file);
-            if (!QFile::rename(UnfinishedFile(), m_file)) {
+            std::error_code failed;
+            std::filesystem::rename(FromQt(UnfinishedFile()), FromQt(m_file), failed);
+            if (failed) {
                 Discard();
                 throw PrinterFailure("the file can't be written: " + FromQt(m_file));
             }
@@ -134,13 +145,15 @@ class DesktopPrinter : public Printer {
 
   private:
     QSizeF PaperSize() const {
-        const QSizeF portrait = Chosen().printer.pageLayout().pageSize().size(QPageSize::Point) * kTwipsPerPoint;
+        const QSizeF portrait =
+            Chosen().printer.pageLayout().pageSize().size(QPageSize::Point) * kTwipsPerPoint;
         return m_orientation == PageOrientation::Landscape ? portrait.transposed() : portrait;
     }
 
     QPen PenOf(ColourNumber colour) const {
         QPen pen(ToColour(colour), m_lineWidth * kLineWidthUnit,
-                 m_lineStyle == LineStyle::Solid ? Qt::SolidLine : Qt::CustomDashLine, Qt::RoundCap, Qt::MiterJoin);
+                 m_lineStyle == LineStyle::Solid ? Qt::SolidLine : Qt::CustomDashLine, Qt::RoundCap,
+                 Qt::MiterJoin);
         if (m_lineStyle == LineStyle::Dashed) {
             pen.setCapStyle(Qt::FlatCap);
             const double unit = 1.0 / m_lineWidth;
@@ -151,15 +164,15 @@ class DesktopPrinter : public Printer {
 
     QString UnfinishedFile() const { return m_file + ".part"; }
 
-    // The page to draw on: begins the document, or turns the pages that NewPage has asked for, at the first thing
-    // drawn, so that an empty last page never comes out.
+    // The page to draw on: begins the document, or turns the pages that NewPage has asked for, at the first
+    // thing drawn, so that an empty last page never comes out.
     QPainter& Page() {
         QPrinter& printer = Chosen().printer;
         if (m_painter.isActive() && m_pagesToTurn == 0) {
             return m_painter;
         }
         printer.setPageOrientation(m_orientation == PageOrientation::Landscape ? QPageLayout::Landscape
-                                                                              : QPageLayout::Portrait);
+                                                                               : QPageLayout::Portrait);
         if (!m_painter.isActive()) {
             BeginDocument();
         }
@@ -221,19 +234,28 @@ std::unique_ptr<Printer> MakeDesktopPrinter() {
     return std::make_unique<DesktopPrinter>();
 }
 
+void PrintToFile(const std::string& path) {
+    Chosen().file = ToQt(path);
+    Chosen().documents = 0;
+}
+
 bool ShowPrintDialog(CommonDialog& dialog) {
     ChosenPrinter& chosen = Chosen();
     chosen.printer.setOutputFileName(chosen.file);
-    chosen.printer.setCopyCount(std::max(dialog.Copies, 1));
+    chosen.printer.setCopyCount(1); // what was wanted last time would easily be overlooked
     QPrintDialog box(&chosen.printer, QApplication::activeWindow());
     box.setOption(QAbstractPrintDialog::PrintSelection, (dialog.Flags & PrinterNoSelection) == 0);
     box.setOption(QAbstractPrintDialog::PrintPageRange, (dialog.Flags & PrinterNoPageNumbers) == 0);
+    // A dialog of Qt's own offers ranges whatever its options say.
+    auto* const ranges = box.findChild<QWidget*>("gbPrintRange");
+    if (ranges != nullptr && !box.testOption(QAbstractPrintDialog::PrintPageRange)) {
+        ranges->setEnabled(false);
+    }
     if (box.exec() != QDialog::Accepted) {
         return false;
     }
     dialog.Copies = chosen.printer.copyCount();
-    chosen.file = chosen.printer.outputFileName();
-    chosen.documents = 0;
+    PrintToFile(FromQt(chosen.printer.outputFileName()));
     return true;
 }
 

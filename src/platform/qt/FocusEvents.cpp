@@ -49,23 +49,27 @@ void FocusMovedTo(QWidget* now) {
     }
 }
 
-// A window that isn't the active one gets the mouse button before the desktop makes it active. The click must
-// find the focus moved all the same.
-class ClickWatcher : public QObject {
+// A window that isn't the active one gets the mouse button before the desktop makes it active, or it never
+// becomes active. The click must find the focus moved all the same, and so must a key that comes after it.
+class InputWatcher : public QObject {
   public:
     using QObject::QObject;
 
     bool eventFilter(QObject* receiver, QEvent* event) override {
-        if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::Wheel) {
-            auto* widget = qobject_cast<QWidget*>(receiver);
-            const auto needed = event->type() == QEvent::Wheel ? Qt::WheelFocus : Qt::ClickFocus;
-            if (widget != nullptr && widget->isEnabled() && (widget->focusPolicy() & needed) == needed &&
-                !widget->window()->isActiveWindow() && widget != Current()) {
-                FocusMovedTo(widget);
-                if (auto* control = dynamic_cast<FocusEvents*>(widget)) {
-                    control->EnteredByMouse();
-                }
+        auto* widget = qobject_cast<QWidget*>(receiver);
+        if (widget == nullptr || widget == Current() || !widget->isEnabled()) {
+            return false;
+        }
+        const bool takesClick = (widget->focusPolicy() & Qt::ClickFocus) == Qt::ClickFocus;
+        const bool takesWheel = (widget->focusPolicy() & Qt::WheelFocus) == Qt::WheelFocus;
+        if ((event->type() == QEvent::MouseButtonPress && takesClick) ||
+            (event->type() == QEvent::Wheel && takesWheel)) {
+            FocusMovedTo(widget);
+            if (auto* control = dynamic_cast<FocusEvents*>(widget)) {
+                control->EnteredByMouse();
             }
+        } else if (event->type() == QEvent::KeyPress && widget == QApplication::focusWidget()) {
+            FocusMovedTo(widget);
         }
         return false;
     }
@@ -76,7 +80,7 @@ class ClickWatcher : public QObject {
 void WatchFocus() {
     QObject::connect(qApp, &QApplication::focusChanged, qApp,
                      [](QWidget*, QWidget* now) { FocusMovedTo(now); });
-    qApp->installEventFilter(new ClickWatcher(qApp));
+    qApp->installEventFilter(new InputWatcher(qApp));
 }
 
 void GiveFocus(QWidget* control) {

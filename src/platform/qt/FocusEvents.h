@@ -24,7 +24,8 @@ class FocusEvents {
 // Starts the telling; call once, after the application object is made.
 void WatchFocus();
 
-// Gives `control` the focus, its window becoming the active one. Nothing happens if it is disabled or not shown.
+// Gives `control` the focus, its window becoming the active one. Nothing happens if it is disabled or not
+// shown.
 void GiveFocus(QWidget* control);
 
 } // namespace plenair

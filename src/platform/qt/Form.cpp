@@ -4,9 +4,13 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDeadlineTimer>
+#include <QEventLoop>
 #include <QMenuBar>
+#include <QPointer>
 #include <QScreen>
 #include <QTimer>
+#include <QWindow>
 
 namespace plenair {
 
@@ -99,18 +103,46 @@ double Form::Height() const {
 }
 
 void Form::MoveTo(double left, double top) {
-    MoveToSpot({left, top, false});
+    Remember({left, top, false});
 }
 
 void Form::MoveRightEdgeTo(double right, double top) {
-    MoveToSpot({right, top, true});
+    Remember({right, top, true});
 }
 
-void Form::MoveToSpot(const Spot& spot) {
-    const int left = spot.isRightEdge ? ToPixelsX(spot.x) - FrameSize().width() : ToPixelsX(spot.x);
-    move(left, ToPixelsY(spot.top));
-    if (!m_seen) {
-        m_firstSpot = spot;
+void Form::Remember(const Spot& spot) {
+    m_firstSpot = spot;
+    MoveToFirstSpot();
+    if (m_seen) {
+        m_firstSpot.reset();
+    }
+}
+
+void Form::MoveToFirstSpot() {
+    if (m_firstSpot) {
+        const int x = ToPixelsX(m_firstSpot->x);
+        move(m_firstSpot->isRightEdge ? x - FrameSize().width() : x, ToPixelsY(m_firstSpot->top));
+    }
+}
+
+void Form::ShowModal() {
+    const QPointer<QWidget> owner = QApplication::activeWindow();
+    setWindowModality(Qt::ApplicationModal);
+    winId(); // makes the native window, which stays above its owner's, should that be held on top
+    windowHandle()->setTransientParent(owner != nullptr ? owner->windowHandle() : nullptr);
+    QEventLoop untilHidden;
+    connect(this, &Form::Hidden, &untilHidden, &QEventLoop::quit);
+    show();
+    untilHidden.exec();
+    if (owner != nullptr && owner->isVisible()) {
+        owner->activateWindow();
+    }
+}
+
+void Form::WaitUntilOnScreen() {
+    const QDeadlineTimer limit(1000);
+    while (isVisible() && !windowHandle()->isExposed() && !limit.hasExpired()) {
+        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents, 20);
     }
 }
 
@@ -119,12 +151,20 @@ void Form::closeEvent(QCloseEvent* event) {
     emit CloseRequested();
 }
 
+void Form::hideEvent(QHideEvent* event) {
+    QWidget::hideEvent(event);
+    if (!event->spontaneous()) {
+        emit Hidden();
+    }
+}
+
 void Form::paintEvent(QPaintEvent* event) {
     QWidget::paintEvent(event);
     if (!m_seen) {
         m_seen = true;
-        if (m_firstSpot) {
-            QTimer::singleShot(0, this, [this] { MoveToSpot(*m_firstSpot); });
+        // The desktop tells what its frame takes some time after the window is on the screen.
+        for (const int wait : {0, 50, 200}) {
+            QTimer::singleShot(wait, this, &Form::MoveToFirstSpot);
         }
     }
 }

@@ -47,12 +47,24 @@ class Form : public QWidget {
     // A control of this window gets the focus from one of another window; runs before that control's own.
     std::function<void()> GotFocus;
 
+    // Shows the window over the active one and waits until it is hidden. In the meantime no other window of
+    // the program takes input; afterwards the one that was active is so again.
+    void ShowModal();
+
+    // Waits until the window, shown before, can be seen, but not longer than a second. The user's input waits
+    // too.
+    void WaitUntilOnScreen();
+
   signals:
     // The user closes the window by its frame. It stays open unless a handler does something about it.
     void CloseRequested();
 
+    // The program takes the window off the screen.
+    void Hidden();
+
   protected:
     void closeEvent(QCloseEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
   private:
@@ -63,13 +75,14 @@ class Form : public QWidget {
     };
 
     void LayOut();
-    void MoveToSpot(const Spot& spot);
+    void Remember(const Spot& spot);
+    void MoveToFirstSpot();
     QSize FrameSize() const;
 
     QWidget* m_client;
     QMenuBar* m_menuBar = nullptr;
     QSize m_clientSize;
-    std::optional<Spot> m_firstSpot; // until the window has been on the screen
+    std::optional<Spot> m_firstSpot; // asked for before the window was on the screen
     bool m_seen = false;
 };
 

@@ -11,7 +11,8 @@ namespace plenair {
 // `ink`.
 void DrawIcon(QPainter& painter, const QString& icon, const QRectF& area, const QColor& ink);
 
-// The same for a button: sharp at any size and scale factor, in the button's text colour, greyed when disabled.
+// The same for a button: sharp at any size and scale factor, in the button's text colour, greyed when
+// disabled.
 QIcon ButtonIcon(const QString& icon, const QPalette& palette);
 
 // The program's icon, in the sizes that desktops ask for.

@@ -7,8 +7,8 @@
 
 namespace plenair {
 
-// A table of texts that is only read: rows and columns without headings, a current cell that the program moves
-// and the user doesn't. Rows stand from the top; what doesn't fit the control's height is not seen.
+// A table of texts that is only read: rows and columns without headings, a current cell that the program
+// moves and the user doesn't. Rows stand from the top; what doesn't fit the control's height is not seen.
 class MSFlexGrid : public QWidget {
     Q_OBJECT
 

@@ -11,8 +11,8 @@
 namespace plenair {
 
 // Shows a recorded surface on white, sharp at any scale factor, and keeps it between repaints of the window.
-// Only what has been added is drawn anew: the items up to the last cut stand in a picture, and the few after it
-// are drawn over that. The surface must outlive the box.
+// Only what has been added is drawn anew: the items up to the last cut stand in a picture, and the few after
+// it are drawn over that. The surface must outlive the box.
 class PictureBox : public QWidget, public FocusEvents {
     Q_OBJECT
 

@@ -4,6 +4,7 @@
 
 #include <QFontMetrics>
 #include <QPainter>
+#include <QStaticText>
 
 #include <algorithm>
 #include <cmath>
@@ -46,8 +47,8 @@ void SurfacePainter::PaintAlongAxis(double x1, double y1, double x2, double y2, 
     const double top = device(std::min(y1, y2)) - half;
     const double right = device(std::max(x1, x2)) - half + thick;
     const double bottom = device(std::max(y1, y2)) - half + thick;
-    m_painter.fillRect(QRectF(left / m_ratio, top / m_ratio, (right - left) / m_ratio, (bottom - top) / m_ratio),
-                       colour);
+    m_painter.fillRect(
+        QRectF(left / m_ratio, top / m_ratio, (right - left) / m_ratio, (bottom - top) / m_ratio), colour);
 }
 
 void SurfacePainter::PaintLine(const DrawnItem& item) {
@@ -85,14 +86,15 @@ void SurfacePainter::PaintBox(const DrawnItem& item) {
 }
 
 void SurfacePainter::PaintText(const DrawnItem& item) {
-    const QPointF base(item.x1 * m_pixelsPerTwipX, item.y1 * m_pixelsPerTwipY + m_ascent);
-    const QString text = ToQt(item.text);
+    const QPointF place(item.x1 * m_pixelsPerTwipX, item.y1 * m_pixelsPerTwipY);
+    QStaticText text(ToQt(item.text)); // laid out once for all five
+    text.setTextFormat(Qt::PlainText);
     m_painter.setPen(Qt::white);
     for (const QPointF rim : {QPointF(-1, 0), QPointF(1, 0), QPointF(0, -1), QPointF(0, 1)}) {
-        m_painter.drawText(base + rim, text);
+        m_painter.drawStaticText(place + rim, text);
     }
     m_painter.setPen(ToColour(item.colour));
-    m_painter.drawText(base, text);
+    m_painter.drawStaticText(place, text);
 }
 
 } // namespace plenair

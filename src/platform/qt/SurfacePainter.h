@@ -12,8 +12,9 @@ namespace plenair {
 QColor ToColour(ColourNumber colour);
 ColourNumber ToColourNumber(const QColor& colour);
 
-// Paints drawn items with a painter in logical pixels. Lines along the axes lie on whole device pixels, so that
-// they are sharp; slanting ones are smoothed. Texts have a thin light rim, so that they can be read on a line.
+// Paints drawn items with a painter in logical pixels. Lines along the axes lie on whole device pixels, so
+// that they are sharp; slanting ones are smoothed. Texts have a thin light rim, so that they can be read on a
+// line.
 class SurfacePainter {
   public:
     SurfacePainter(QPainter& painter, double pixelRatio, QFont font);

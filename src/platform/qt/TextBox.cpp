@@ -58,7 +58,8 @@ QString CharactersOf(const QKeyEvent* event) {
     default:
         break;
     }
-    if ((event->modifiers() & Qt::ControlModifier) && event->key() >= Qt::Key_A && event->key() <= Qt::Key_Z) {
+    if ((event->modifiers() & Qt::ControlModifier) && event->key() >= Qt::Key_A &&
+        event->key() <= Qt::Key_Z) {
         return QString(QChar(event->key() - Qt::Key_A + 1));
     }
     return event->text();
@@ -86,6 +87,12 @@ void TextBox::SetText(const std::string& text) {
 void TextBox::keyPressEvent(QKeyEvent* event) {
     if (KeyDown) {
         KeyDown(KeyCodeOf(event));
+    }
+    const bool isPrintable = !event->text().isEmpty() && event->text().front().isPrint();
+    if (isPrintable && (event->modifiers() & (Qt::AltModifier | Qt::ControlModifier)) == Qt::AltModifier) {
+        // An access key that nothing here has. The line edit would type it.
+        event->ignore();
+        return;
     }
     if (KeyPress) {
         for (const QChar character : CharactersOf(event)) {

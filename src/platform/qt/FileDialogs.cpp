@@ -1,0 +1,88 @@
+#include "platform/qt/FileDialogs.h"
+
+#include "platform/qt/Twips.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+
+namespace plenair {
+
+namespace {
+
+void Warn(const QString& title, const QString& file, const QString& reason) {
+    QMessageBox::warning(QApplication::activeWindow(), title, QDir::toNativeSeparators(file) + "\n" + reason);
+}
+
+bool UserReplaces(const QString& title, const QString& file) {
+    return QMessageBox::warning(QApplication::activeWindow(), title,
+                                QDir::toNativeSeparators(file) +
+                                    " already exists.\nDo you want to replace it?",
+                                QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+}
+
+// False if the user has to name another file.
+bool MaySave(const QString& title, const QString& file, int flags) {
+    const QFileInfo info(file);
+    if ((flags & PathMustExist) != 0 && !info.dir().exists()) {
+        Warn(title, info.path(), "There is no such folder.");
+        return false;
+    }
+    return (flags & OverwritePrompt) == 0 || !info.exists() || UserReplaces(title, file);
+}
+
+bool MayOpen(const QString& title, const QString& file) {
+    const bool isThere = QFileInfo::exists(file);
+    if (!isThere) {
+        Warn(title, file, "There is no such file.");
+    }
+    return isThere;
+}
+
+} // namespace
+
+QStringList NameFilters(const std::string& filter) {
+    const QStringList parts = ToQt(filter).split('|');
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        // The pattern is shown once, and only ours means a name without a point too.
+        const QString name = parts[i].section('(', 0, 0).trimmed();
+        QString patterns = parts[i + 1];
+        patterns.replace(';', ' ');
+        filters.append(name + " (" + (patterns == "*.*" ? "*" : patterns) + ")");
+    }
+    return filters;
+}
+
+bool ShowFileDialog(DialogKind kind, CommonDialog& properties) {
+    QFileDialog dialog(QApplication::activeWindow());
+    dialog.setAcceptMode(kind == DialogKind::Save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    // Whether the file is there can only be judged when its name has its extension.
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    dialog.setNameFilters(NameFilters(properties.Filter));
+    if (QFileInfo(ToQt(properties.InitDir)).isDir()) {
+        dialog.setDirectory(ToQt(properties.InitDir));
+    }
+    if (!properties.FileName.empty()) {
+        dialog.selectFile(ToQt(properties.FileName));
+    }
+    while (dialog.exec() == QDialog::Accepted) {
+        CommonDialog chosen = properties;
+        chosen.FileName = FromQt(dialog.selectedFiles().constFirst());
+        if (kind == DialogKind::Save || !QFileInfo::exists(ToQt(chosen.FileName))) {
+            chosen.FileName = WithDefaultExt(chosen);
+        }
+        const QString file = ToQt(chosen.FileName);
+        if (kind == DialogKind::Save ? MaySave(dialog.windowTitle(), file, properties.Flags)
+                                     : MayOpen(dialog.windowTitle(), file)) {
+            properties.FileName = chosen.FileName;
+            return true;
+        }
+    }
+    return false;
+}
+
+} // namespace plenair

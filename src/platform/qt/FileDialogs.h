@@ -1,0 +1,16 @@
+#pragma once
+
+#include "platform/CommonDialog.h"
+
+#include <QStringList>
+
+namespace plenair {
+
+// The file dialogs of the desktop. Gives whether one was accepted, with the full path in `dialog`. A name
+// without an extension gets DefaultExt before the user is asked about overwriting.
+bool ShowFileDialog(DialogKind kind, CommonDialog& dialog);
+
+// The filters of a dialog as Qt wants them: "Plenair Logs (*.pnl)".
+QStringList NameFilters(const std::string& filter);
+
+} // namespace plenair
