@@ -300,40 +300,28 @@ void frmMinorCalc::cmdMoreInfo_Click() {
 }
 
 void frmMinorCalc::cmdLog_Click(int index) {
-    if (RecordRow) {
-        RecordRow(index);
-    }
+    RecordRow(index);
 }
 
 void frmMinorCalc::mnuFileMajor_Click() {
-    if (OpenProjectSolver) {
-        hide();
-        OpenProjectSolver();
-    }
+    hide();
+    OpenProjectSolver();
 }
 
 void frmMinorCalc::mnuFileLog_Click() {
-    if (RecordLog) {
-        RecordLog();
-    }
+    RecordLog();
 }
 
 void frmMinorCalc::mnuFileLogOpen_Click() {
-    if (OpenLog) {
-        OpenLog();
-    }
+    OpenLog();
 }
 
 void frmMinorCalc::mnuFileExit_Click() {
-    if (EndProgram) {
-        EndProgram();
-    }
+    EndProgram();
 }
 
 void frmMinorCalc::mnuEditOptions_Click() {
-    if (ShowOptions) {
-        ShowOptions();
-    }
+    ShowOptions();
 }
 
 void frmMinorCalc::mnuViewOnTop_Click() {
@@ -356,9 +344,7 @@ void frmMinorCalc::mnuHelpManual_Click() {
 }
 
 void frmMinorCalc::mnuHelpAbout_Click() {
-    if (ShowAbout) {
-        ShowAbout();
-    }
+    ShowAbout();
 }
 
 void frmMinorCalc::SetCurrentCell(int row, int column) {

@@ -31,13 +31,13 @@ class frmMinorCalc : public Form, public LiteInputs, public LogWindow {
     void ResetGrid();
 
     // What the rest of the program does for this window; the start routine sets them.
-    std::function<void()> OpenProjectSolver;
-    std::function<void()> RecordLog;
-    std::function<void()> OpenLog;
-    std::function<void()> ShowOptions;
-    std::function<void()> ShowAbout;
-    std::function<void()> EndProgram;
-    std::function<void(int row)> RecordRow;
+    std::function<void()> OpenProjectSolver = [] {};
+    std::function<void()> RecordLog = [] {};
+    std::function<void()> OpenLog = [] {};
+    std::function<void()> ShowOptions = [] {};
+    std::function<void()> ShowAbout = [] {};
+    std::function<void()> EndProgram = [] {};
+    std::function<void(int row)> RecordRow = [](int) {};
 
     // For the options dialog and the reminder, which bring this window up to date.
     void SelectBasis(int index) { OptCalcBasis(index)->SetOn(); }

@@ -25,21 +25,10 @@ void FillBoxes(SheetWindow& sheet, const DuctRecord& duct) {
     sheet.SetBoxText(8, ShortestText(duct.ConnCoefficient));
 }
 
-// Whether the user may fill in a box of an open project.
-bool IsInput(int box, float colour) {
-    if (box == 4 || box == 5) {
-        return true;
-    }
-    if (colour == ConnectionColour) {
-        return box == 8;
-    }
-    return box == 1 || box == 3 || box == 6;
-}
-
 void LockBoxes(SheetWindow& sheet, float colour) {
     const bool solved = Solved != FlagClear; // a solved project reads as a clean table
     for (int box = 1; box <= SheetBoxes; ++box) {
-        const bool input = IsInput(box, colour);
+        const bool input = TakesInput(colour, box);
         sheet.SetBoxLook(box, solved || !input, solved || input);
     }
 }

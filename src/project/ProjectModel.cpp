@@ -18,23 +18,7 @@ DuctRecord& Duct(int number) {
     return Ducts[static_cast<std::size_t>(number)];
 }
 
-void CopyToConnection(DuctRecord& to, const DuctRecord& from, int box) {
-    switch (box) {
-    case 4:
-        to.Length = from.Length;
-        break;
-    case 5:
-        to.Velocity = from.Velocity;
-        break;
-    case 8:
-        to.ConnCoefficient = from.ConnCoefficient;
-        break;
-    default:
-        break;
-    }
-}
-
-void CopyToDuct(DuctRecord& to, const DuctRecord& from, int box) {
+void CopyField(DuctRecord& to, const DuctRecord& from, int box) {
     switch (box) {
     case 1:
         to.Flow = from.Flow;
@@ -50,6 +34,9 @@ void CopyToDuct(DuctRecord& to, const DuctRecord& from, int box) {
         break;
     case 6:
         to.LossPerMetre = from.LossPerMetre;
+        break;
+    case 8:
+        to.ConnCoefficient = from.ConnCoefficient;
         break;
     default:
         break;
@@ -104,6 +91,13 @@ void StartReading() {
     ++NetworkRevision;
 }
 
+bool TakesInput(float colour, int box) {
+    if (box == 4 || box == 5) {
+        return true;
+    }
+    return colour == ConnectionColour ? box == 8 : box == 1 || box == 3 || box == 6;
+}
+
 void FollowOn(std::int16_t duct, std::int16_t box) {
     if (!IsDuct(duct)) {
         return;
@@ -111,10 +105,8 @@ void FollowOn(std::int16_t duct, std::int16_t box) {
     const DuctRecord& from = Duct(duct);
     for (int later = duct + 1; later <= DuctCount; ++later) {
         DuctRecord& to = Duct(later);
-        if (to.Colour == ConnectionColour) {
-            CopyToConnection(to, from, box);
-        } else {
-            CopyToDuct(to, from, box);
+        if (TakesInput(to.Colour, box)) {
+            CopyField(to, from, box);
         }
     }
 }

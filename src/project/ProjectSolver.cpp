@@ -24,9 +24,7 @@ void ShowProjectSolver(const ProjectSolverLinks& links) {
     s_solver->ShowOptions = links.ShowOptions;
     s_solver->CloseSolver = [closed = links.Closed] {
         s_solver->hide();
-        if (closed) {
-            closed();
-        }
+        closed();
         UnloadProjectSolver();
     };
     QObject::connect(s_sheet, &Form::CloseRequested, s_solver, [] { s_solver->UntickSheet(); });

@@ -135,9 +135,7 @@ void frmMajorCalc::cmdPrintGus_Click() {
 }
 
 void frmMajorCalc::cmdMajorOptions_Click() {
-    if (ShowOptions) {
-        ShowOptions();
-    }
+    ShowOptions();
 }
 
 void frmMajorCalc::optDuct_Click(int index) {
@@ -174,7 +172,7 @@ void frmMajorCalc::cmdCalcPressure_Click() {
 }
 
 void frmMajorCalc::cmdClose_Click() {
-    if (AskBeforeClosing(m_windows) && CloseSolver) {
+    if (AskBeforeClosing(m_windows)) {
         CloseSolver();
     }
 }

@@ -30,8 +30,8 @@ class frmMajorCalc : public Form, public SolverWindow {
     void UntickSheet() { chkParam->SetOn(false); }
 
     // What the rest of the program does for this window; the start routine sets them.
-    std::function<void()> ShowOptions;
-    std::function<void()> CloseSolver;
+    std::function<void()> ShowOptions = [] {};
+    std::function<void()> CloseSolver = [] {};
 
     void LayOut() override;
     GridPicture& PicGrid() override { return m_picture; }
