@@ -148,7 +148,7 @@ bool frmInputs::ReadBoxes(SettingsRecord& entered) {
     for (std::size_t i = 0; i < kNumberRows.size(); ++i) {
         const auto value = NumberFromText(txtNumbers[i]->Text());
         if (!value) {
-            Refuse(i, txtNumbers[i]->Text().empty() ? "is empty; a number belongs here." : "is no number.");
+            Refuse(i, "is no number.");
             return false;
         }
         if (const auto field = kNumberRows[i].field) {
@@ -156,7 +156,7 @@ bool frmInputs::ReadBoxes(SettingsRecord& entered) {
         } else if (const auto sizeStep = SizeStepOf(*value)) {
             entered.RoundOff = *sizeStep;
         } else {
-            Refuse(i, "is beyond the size steps there are, -32768 to 32767.");
+            Refuse(i, "is no size step: these go from -32768 to 32767.");
             return false;
         }
     }
@@ -180,7 +180,7 @@ void frmInputs::cmdOK_Click() {
     try {
         SaveSettings();
     } catch (const FileFailure& failure) {
-        // As after a box that is refused, memory goes on holding what the file holds.
+        // As after a box that is refused, nothing is stored.
         Settings = before;
         ShowMessage({"The settings can't be saved.\n\n" + std::string(failure.what()), kTitle,
                      MessageButtons::Ok, MessageIcon::Exclamation});

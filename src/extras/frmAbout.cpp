@@ -118,6 +118,9 @@ void frmAbout::Form_Activate() {
     }
     m_showRuns = true;
     WaitUntilOnScreen();
+    if (!isVisible()) {
+        return; // closed before it was seen
+    }
     DoSomething();
     ShowText(*lblPlenair, kVersion);
     ShowText(*lblCR, kCopyright);

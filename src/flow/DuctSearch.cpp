@@ -6,7 +6,6 @@
 #include "flow/GeneralCalcs.h"
 #include "flow/Sizing.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <optional>
 
@@ -27,23 +26,19 @@ void CountStep(int& steps) {
     }
 }
 
-// The rounded width that OtherSide leads to, in m, without its dozens of passes: Newton's method on the same
-// equation. All that a search keeps of a width is the whole millimetre that it rounds to, so where the
-// solution lies clear of the middle between two of them, both ways end in the same bits. Nothing where it
-// doesn't, or where the width is outside of practice: then OtherSide has to tell.
-std::optional<double> QuickRoundedWidth(double height, double diameter, double start) {
-    constexpr double kMostWidth = 1000;     // m
-    constexpr double kClearOfMiddle = 1E-4; // mm; OtherSide stops within 1E-7 mm of the solution
+// The width that OtherSide leads to, in m, without its dozens of passes: Newton's method on the same
+// equation, from a `start` near it. Nothing where it lies outside of practice; then OtherSide has to tell.
+std::optional<double> QuickWidth(double height, double diameter, double start) {
+    constexpr double kMostWidth = 1000; // m
     constexpr int kPasses = 12;
-    const std::int64_t step = Settings.RoundOff;
-    if (!(height > 0.0) || !(diameter > 0.0) || step <= 0) {
+    if (!(height > 0.0) || !(diameter > 0.0)) {
         return std::nullopt;
     }
     const double factor = std::pow(diameter / 1.3, 1.6) / height;
-    // The solution lies above the second bound, and from there the method finds it.
-    double width = std::max(start, std::pow(factor, 1 / 0.6));
+    // Where nothing is known yet: the solution lies above this, and from here the method finds it.
+    double width = start > 0.0 ? start : std::pow(factor, 1 / 0.6);
     double change = 1.0;
-    for (int pass = 0; std::fabs(change) > 1E-9; ++pass) {
+    for (int pass = 0; std::fabs(change) > 1E-6; ++pass) { // squared by the next pass, so some 1E-12 are left
         const double next = factor * std::pow(width + height, 0.4);
         change = (width - next) / (1.0 - 0.4 * next / (width + height));
         width -= change;
@@ -51,9 +46,18 @@ std::optional<double> QuickRoundedWidth(double height, double diameter, double s
             return std::nullopt;
         }
     }
+    return width;
+}
+
+// What RoundUpSize makes of a width that is known but for a hair. All that it keeps is the whole millimetre
+// that the width rounds to: clear of the middle between two of them the hair can't be seen in a single bit.
+// Nothing otherwise.
+std::optional<double> RoundedWhereClear(double width) {
+    constexpr double kClearOfMiddle = 1E-4; // mm
+    const std::int64_t step = Settings.RoundOff;
     const double millimetres = width * 1000;
     const double below = std::floor(millimetres);
-    if (std::fabs(millimetres - below - 0.5) < kClearOfMiddle) {
+    if (step <= 0 || std::fabs(millimetres - below - 0.5) < kClearOfMiddle) {
         return std::nullopt;
     }
     const auto whole = static_cast<std::int64_t>(millimetres - below < 0.5 ? below : below + 1);
@@ -81,9 +85,11 @@ class RoundDuctSearch {
     // Width of the rectangle of `height` that stands for the round duct, on the size step. The search for it
     // starts at `start`.
     double RoundedWidth(double height, double start) {
-        if (const auto quick = QuickRoundedWidth(height, diameter, m_lastWidth)) {
-            m_lastWidth = std::max(*quick, height);
-            return *quick;
+        if (const auto quick = QuickWidth(height, diameter, m_lastWidth)) {
+            m_lastWidth = *quick;
+            if (const auto rounded = RoundedWhereClear(*quick)) {
+                return *rounded;
+            }
         }
         double change = 1.0;
         return RoundedUpSize(OtherSide(height, diameter, start, change));
@@ -92,8 +98,12 @@ class RoundDuctSearch {
     double Velocity() const { return RoundDuctVelocity(m_flow, diameter); }
 
     // Loss of the rectangle at the velocity of the round duct: what a search compares with its target.
-    double TestedLoss(double width, double height, double velocity) const {
-        return LossGradient(friction, EquivalentDiameter(width, height), velocity, m_density);
+    double TestedLoss(double width, double height, double velocity) {
+        if (width != m_testedWidth) { // from one working value to the next it is mostly the same
+            m_testedEquivalent = EquivalentDiameter(width, height);
+            m_testedWidth = width;
+        }
+        return LossGradient(friction, m_testedEquivalent, velocity, m_density);
     }
 
     // The duct as chosen. The friction factor stays that of the last round duct.
@@ -126,7 +136,9 @@ class RoundDuctSearch {
     double m_flow;
     double m_roughness;
     double m_density;
-    double m_lastWidth = 1.0; // from one working value to the next it hardly changes
+    double m_lastWidth = 0; // before it was rounded
+    double m_testedWidth = -1;
+    double m_testedEquivalent = 0;
 };
 
 } // namespace

@@ -21,8 +21,8 @@ namespace {
 constexpr int kEnter = 13;
 constexpr double kWidth = 3625;
 constexpr double kTop = 300;
-constexpr double kHeightFolded = 3300;
-constexpr double kHeightUnfolded = 5400;
+constexpr double kHeightFolded = 3270; // just below cmdMoreInfo, where lblCalcBasis begins
+constexpr double kHeightUnfolded = 5370;
 
 QColor ColourOf(Lamp lamp) {
     switch (lamp) {
@@ -279,7 +279,6 @@ void frmMinorCalc::txtCalcBasis_KeyPress(int character) {
 }
 
 void frmMinorCalc::optCalcBasis_Click(int index) {
-    // The box selected first: a focused box that is disabled would push the focus somewhere.
     TxtCalcBasis(index)->setEnabled(true);
     for (int other = 0; other < 5; ++other) {
         TxtCalcBasis(other)->setEnabled(other == index);
@@ -326,12 +325,9 @@ void frmMinorCalc::mnuEditOptions_Click() {
 
 void frmMinorCalc::mnuViewOnTop_Click() {
     // The choice has turned the check mark already.
-    const auto pixels = [](double twips, double perPixel) {
-        return static_cast<std::int16_t>(std::nearbyint(twips / perPixel));
-    };
     SetWindowPos(*this, mnuViewOnTop->isChecked() ? HWND_TOPMOST : HWND_NOTOPMOST,
-                 pixels(Left(), TwipsPerPixelX()), pixels(Top(), TwipsPerPixelY()),
-                 pixels(Width(), TwipsPerPixelX()), pixels(Height(), TwipsPerPixelY()),
+                 WholePixels(Left(), TwipsPerPixelX()), WholePixels(Top(), TwipsPerPixelY()),
+                 WholePixels(Width(), TwipsPerPixelX()), WholePixels(Height(), TwipsPerPixelY()),
                  SWP_NOACTIVATE | SWP_SHOWWINDOW);
 }
 

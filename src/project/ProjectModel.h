@@ -75,8 +75,8 @@ void StartProject();
 // The single element 0 and a DuctCount of -1, to which a file's elements are then added one by one.
 void StartReading();
 
-// Whether the value of a sheet box is the user's to give, for an element of that colour: length and velocity of
-// all, the coefficient of a connection, flow, height and loss of the others.
+// Whether the value of a sheet box is the user's to give, for an element of that colour: length and velocity
+// of all, the coefficient of a connection, flow, height and loss of the others.
 bool TakesInput(float colour, int box);
 
 // Copies the value of sheet box `box` from duct `duct` to every later one that can hold it: Length, Velocity

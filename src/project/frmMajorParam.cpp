@@ -8,7 +8,6 @@
 #include <QPainter>
 #include <QPainterPath>
 
-#include <cmath>
 #include <cstdlib>
 
 namespace plenair {
@@ -142,13 +141,10 @@ void frmMajorParam::Form_Load(SolverWindow& solver, double gridWidth, double gri
         text->KeyDown = [this, box](int keyCode) { txtParam_KeyDown(box, keyCode); };
         text->KeyPress = [this, box](int character) { txtParam_KeyPress(box, character); };
     }
-    const auto pixels = [](double twips, double perPixel) {
-        return static_cast<std::int16_t>(std::nearbyint(twips / perPixel));
-    };
     // Placed, but not yet to be seen: the solver shows the sheet on demand.
-    SetWindowPos(*this, HWND_TOPMOST, pixels(gridWidth - Width(), TwipsPerPixelX()),
-                 pixels(gridTop + 400, TwipsPerPixelY()), pixels(Width(), TwipsPerPixelX()),
-                 pixels(Height(), TwipsPerPixelY()), SWP_NOACTIVATE);
+    SetWindowPos(*this, HWND_TOPMOST, WholePixels(gridWidth - Width(), TwipsPerPixelX()),
+                 WholePixels(gridTop + 400, TwipsPerPixelY()), WholePixels(Width(), TwipsPerPixelX()),
+                 WholePixels(Height(), TwipsPerPixelY()), SWP_NOACTIVATE);
     ShowDuctSheet(*m_windows, SheetDuct(*m_windows));
 }
 

@@ -1,6 +1,6 @@
+#include "flow/DuctSearch.h"
 #include "core/Settings.h"
 #include "flow/Arithmetic.h"
-#include "flow/DuctSearch.h"
 #include "flow/FluidProperties.h"
 #include "flow/GeneralCalcs.h"
 #include "flow/Sizing.h"
@@ -35,7 +35,8 @@ SizedDuct PlainSearch(double flow, double height, float lossCap, float velocityC
         const double tested = LossGradient(friction, equivalent, velocity, density);
         if (!capItself && !(ToSingle(tested) > lossCap)) {
             const double shown = RoundDuctVelocity(flow, equivalent);
-            return {width, shown, LossGradient(friction, equivalent, shown, density), RoundedUpSize(equivalent)};
+            return {width, shown, LossGradient(friction, equivalent, shown, density),
+                    RoundedUpSize(equivalent)};
         }
     }
 }

@@ -1,6 +1,5 @@
 #include "platform/qt/Desktop.h"
 
-#include "platform/DateText.h"
 #include "platform/Desktop.h"
 #include "platform/Editor.h"
 #include "platform/InputBox.h"
@@ -19,7 +18,6 @@
 #include <QInputDialog>
 #include <QLocale>
 #include <QMessageBox>
-#include <QRegularExpression>
 #include <QStandardPaths>
 
 namespace plenair {
@@ -40,23 +38,6 @@ NumberLocale DesktopNumbers() {
         numbers.otherGroups = static_cast<int>(groups[groups.size() - 2].size());
     }
     return numbers;
-}
-
-DateLocale DesktopDates() {
-    const QLocale desktop;
-    QString pattern = desktop.dateFormat(QLocale::ShortFormat);
-    pattern.remove(QRegularExpression("'[^']*'"));
-    DateLocale dates;
-    if (pattern.indexOf('y') < pattern.indexOf('d')) {
-        dates.order = DateOrder::YearMonthDay;
-    } else if (pattern.indexOf('M') < pattern.indexOf('d')) {
-        dates.order = DateOrder::MonthDayYear;
-    }
-    for (int month = 1; month <= 12; ++month) {
-        dates.shortMonths[static_cast<std::size_t>(month - 1)] =
-            FromQt(desktop.standaloneMonthName(month, QLocale::ShortFormat));
-    }
-    return dates;
 }
 
 QMessageBox::Icon IconOf(MessageIcon icon) {
@@ -134,12 +115,27 @@ void ShowMousePointer(MousePointer pointer) {
 
 } // namespace
 
+DateLocale DatesOf(const QLocale& locale) {
+    const QString pattern = locale.dateFormat(QLocale::ShortFormat);
+    DateLocale dates;
+    if (pattern.indexOf('y') < pattern.indexOf('d')) {
+        dates.order = DateOrder::YearMonthDay;
+    } else if (pattern.indexOf('M') < pattern.indexOf('d')) {
+        dates.order = DateOrder::MonthDayYear;
+    }
+    for (int month = 1; month <= 12; ++month) {
+        dates.shortMonths[static_cast<std::size_t>(month - 1)] =
+            FromQt(locale.standaloneMonthName(month, QLocale::ShortFormat));
+    }
+    return dates;
+}
+
 void ConnectDesktop() {
     SetProgramFolder(FromQt(QApplication::applicationDirPath()));
     SetRegistryFile(FromQt(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)) +
                     "/plenair/registry");
     SetNumberLocale(DesktopNumbers());
-    SetDateLocale(DesktopDates());
+    SetDateLocale(DatesOf(QLocale()));
     SetMessageBoxProvider(AskByMessageBox);
     SetInputBoxProvider(AskByInputBox);
     SetCommonDialogProvider(ShowCommonDialog);

@@ -60,6 +60,11 @@ class InputWatcher : public QObject {
         if (widget == nullptr || widget == Current() || !widget->isEnabled()) {
             return false;
         }
+        // In the active window the toolkit has moved the focus by now, and told of it; where it is somewhere
+        // else, a handler wanted it there.
+        if (widget->window()->isActiveWindow() && widget != QApplication::focusWidget()) {
+            return false;
+        }
         const bool takesClick = (widget->focusPolicy() & Qt::ClickFocus) == Qt::ClickFocus;
         const bool takesWheel = (widget->focusPolicy() & Qt::WheelFocus) == Qt::WheelFocus;
         if ((event->type() == QEvent::MouseButtonPress && takesClick) ||

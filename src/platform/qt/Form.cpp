@@ -112,16 +112,24 @@ void Form::MoveRightEdgeTo(double right, double top) {
 
 void Form::Remember(const Spot& spot) {
     m_firstSpot = spot;
-    MoveToFirstSpot();
+    move(FirstPosition());
     if (m_seen) {
         m_firstSpot.reset();
     }
 }
 
-void Form::MoveToFirstSpot() {
-    if (m_firstSpot) {
-        const int x = ToPixelsX(m_firstSpot->x);
-        move(m_firstSpot->isRightEdge ? x - FrameSize().width() : x, ToPixelsY(m_firstSpot->top));
+QPoint Form::FirstPosition() const {
+    const int x = ToPixelsX(m_firstSpot->x);
+    return {m_firstSpot->isRightEdge ? x - FrameSize().width() : x, ToPixelsY(m_firstSpot->top)};
+}
+
+// The desktop tells what its frame takes some time after the window is on the screen, and may until then have
+// put the client area where the frame belongs. Anywhere else is where the user has put it.
+void Form::CorrectFirstPosition() {
+    const bool frameIsKnown = frameGeometry().size() != size();
+    if (m_firstSpot && frameIsKnown && (!m_corrected || geometry().top() == FirstPosition().y())) {
+        m_corrected = true;
+        move(FirstPosition());
     }
 }
 
@@ -162,9 +170,8 @@ void Form::paintEvent(QPaintEvent* event) {
     QWidget::paintEvent(event);
     if (!m_seen) {
         m_seen = true;
-        // The desktop tells what its frame takes some time after the window is on the screen.
-        for (const int wait : {0, 50, 200}) {
-            QTimer::singleShot(wait, this, &Form::MoveToFirstSpot);
+        for (const int wait : {0, 50, 200, 500}) {
+            QTimer::singleShot(wait, this, &Form::CorrectFirstPosition);
         }
     }
 }

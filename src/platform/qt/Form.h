@@ -76,7 +76,8 @@ class Form : public QWidget {
 
     void LayOut();
     void Remember(const Spot& spot);
-    void MoveToFirstSpot();
+    QPoint FirstPosition() const;
+    void CorrectFirstPosition();
     QSize FrameSize() const;
 
     QWidget* m_client;
@@ -84,6 +85,7 @@ class Form : public QWidget {
     QSize m_clientSize;
     std::optional<Spot> m_firstSpot; // asked for before the window was on the screen
     bool m_seen = false;
+    bool m_corrected = false;
 };
 
 } // namespace plenair

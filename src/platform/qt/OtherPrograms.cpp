@@ -7,6 +7,8 @@
 #include <QProcess>
 #include <QStandardPaths>
 
+#include <algorithm>
+
 namespace plenair {
 
 namespace {
@@ -22,14 +24,9 @@ bool Start(QStringList command) {
     return !process.program().isEmpty() && process.startDetached();
 }
 
-// Starts the first of these commands whose program is on this machine, each of them on the file `path`.
-bool StartFirst(const QList<QStringList>& commands, const QString& path) {
-    for (const QStringList& command : commands) {
-        if (!QStandardPaths::findExecutable(command.front()).isEmpty()) {
-            return Start(command + QStringList(path));
-        }
-    }
-    return false;
+// Starts the first of these commands that can be.
+bool StartFirst(const QList<QStringList>& commands) {
+    return std::any_of(commands.begin(), commands.end(), Start);
 }
 
 // Content of the desktop entry of the user's application for plain text; empty if the desktop names none.
@@ -43,9 +40,8 @@ QByteArray TextEditorEntry() {
         return {};
     }
     const QString name = QString::fromUtf8(query.readAllStandardOutput()).trimmed();
-    const QString path = QStandardPaths::locate(QStandardPaths::ApplicationsLocation, name);
-    QFile entry(path);
-    return !name.isEmpty() && entry.open(QIODevice::ReadOnly) ? entry.readAll() : QByteArray();
+    QFile entry(QStandardPaths::locate(QStandardPaths::ApplicationsLocation, name));
+    return !entry.fileName().isEmpty() && entry.open(QIODevice::ReadOnly) ? entry.readAll() : QByteArray();
 }
 
 bool StartEntry(const EntryCommand& command) {
@@ -56,20 +52,16 @@ bool StartEntry(const EntryCommand& command) {
     if (!command.inTerminal) {
         return Start(arguments);
     }
-    for (const QStringList& terminal :
-         {QStringList{"xdg-terminal-exec"}, QStringList{"x-terminal-emulator", "-e"}}) {
-        if (Start(terminal + arguments)) {
-            return true;
-        }
-    }
-    return false;
+    return StartFirst({QStringList("xdg-terminal-exec") + arguments,
+                       QStringList({"x-terminal-emulator", "-e"}) + arguments});
 }
 
 } // namespace
 
 void PlayByOtherProgram(const std::string& path) {
     // The players of the sound servers first: one that has the device to itself may find it taken.
-    StartFirst({{"paplay"}, {"pw-play"}, {"aplay", "--quiet", "--nonblock"}}, ToQt(path));
+    const QString sound = ToQt(path);
+    StartFirst({{"paplay", sound}, {"pw-play", sound}, {"aplay", "--quiet", "--nonblock", sound}});
 }
 
 bool EditByOtherProgram(const std::string& path) {
@@ -79,19 +71,12 @@ bool EditByOtherProgram(const std::string& path) {
     if (command && StartEntry(*command)) {
         return true;
     }
-    return StartFirst({{"gnome-text-editor"},
-                       {"gedit"},
-                       {"kate"},
-                       {"kwrite"},
-                       {"mousepad"},
-                       {"xed"},
-                       {"pluma"},
-                       {"featherpad"},
-                       {"leafpad"},
-                       {"geany"},
-                       {"gvim"},
-                       {"emacs"}},
-                      ToQt(path));
+    QList<QStringList> editors;
+    for (const char* editor : {"gnome-text-editor", "gedit", "kate", "kwrite", "mousepad", "xed", "pluma",
+                               "featherpad", "leafpad", "geany", "gvim", "emacs"}) {
+        editors.append({editor, ToQt(path)});
+    }
+    return StartFirst(editors);
 }
 
 } // namespace plenair

@@ -5,7 +5,14 @@
 
 #include <QWindow>
 
+#include <algorithm>
+#include <cmath>
+
 namespace plenair {
+
+std::int16_t WholePixels(double twips, double twipsPerPixel) {
+    return static_cast<std::int16_t>(std::clamp(std::nearbyint(twips / twipsPerPixel), -32768.0, 32767.0));
+}
 
 void SetWindowPos(Form& form, int insertAfter, std::int16_t x, std::int16_t y, std::int16_t, std::int16_t,
                   unsigned flags) {

@@ -11,6 +11,9 @@ constexpr int HWND_NOTOPMOST = -2;
 constexpr unsigned SWP_NOACTIVATE = 16;
 constexpr unsigned SWP_SHOWWINDOW = 64;
 
+// `twips` in pixels, to the nearest, at most as far as 16 bits go.
+std::int16_t WholePixels(double twips, double twipsPerPixel);
+
 // Holds a window above all others (HWND_TOPMOST) or lets it go again (HWND_NOTOPMOST), without hiding it and
 // without giving it the keyboard. `x` and `y` are the place of its frame in pixels; the size of a form is
 // fixed, so `cx` and `cy` change nothing. Shows the window if SWP_SHOWWINDOW is among the flags. A desktop

@@ -1,0 +1,227 @@
+#include "core/Settings.h"
+#include "platform/CommonDialog.h"
+#include "platform/CurrentFolder.h"
+#include "platform/InputBox.h"
+#include "platform/MessageBox.h"
+#include "platform/Sound.h"
+#include "platform/qt/DesktopPrinter.h"
+#include "platform/qt/Twips.h"
+#include "project/ProjectGrid.h"
+#include "project/ProjectSolver.h"
+#include "project/frmMajorCalc.h"
+#include "project/frmMajorParam.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QFile>
+#include <QMouseEvent>
+#include <QTemporaryDir>
+
+#include <algorithm>
+
+// The Project Solver as a user has it, a project of 1,000 ducts in it: each time is that of a click, from the
+// button going down to the painted windows.
+namespace plenair {
+namespace {
+
+constexpr int kDucts = 1000;
+
+class OpenSolver {
+  public:
+    OpenSolver() : m_before(CurrentFolder()) {
+        Settings = SettingsRecord();
+        SetMessageBoxProvider([](const MessageRequest& request) {
+            return request.buttons == MessageButtons::YesNo ? MessageAnswer::Yes : MessageAnswer::Ok;
+        });
+        SetCommonDialogProvider([this](DialogKind kind, CommonDialog& dialog) {
+            if (kind == DialogKind::Printer) {
+                PrintToFile(File("plant.pdf"));
+            } else {
+                dialog.FileName = File("plant.gsp");
+            }
+            return true;
+        });
+        SetSoundProvider([](const std::string&) {});
+        ShowProjectSolver({});
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            m_solver = m_solver != nullptr ? m_solver : qobject_cast<frmMajorCalc*>(window);
+            m_sheet = m_sheet != nullptr ? m_sheet : qobject_cast<frmMajorParam*>(window);
+        }
+        m_solver->WaitUntilOnScreen();
+    }
+    ~OpenSolver() {
+        UnloadProjectSolver();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        SetMessageBoxProvider({});
+        SetCommonDialogProvider({});
+        SetInputBoxProvider({});
+        SetSoundProvider({});
+        EnterFolder(m_before);
+    }
+    OpenSolver(const OpenSolver&) = delete;
+    OpenSolver& operator=(const OpenSolver&) = delete;
+
+    // A network that fills the grid, drawn and painted.
+    void FillGrid(int ducts) {
+        StartProject();
+        DuctCount = static_cast<std::int16_t>(ducts);
+        FitDucts();
+        for (int number = 1; number <= ducts; ++number) {
+            const float colours[] = {RigidColour, FlexibleColour, ConnectionColour};
+            const double column = number % CellsAcross;
+            const double row = number / CellsAcross % CellsDown;
+            Ducts[static_cast<std::size_t>(number)] = {.Colour = colours[number % 3],
+                                                       .StartX = column / CellsAcross,
+                                                       .StartY = row / CellsDown,
+                                                       .EndX = (column + 1) / CellsAcross,
+                                                       .EndY = (row + number % 2) / CellsDown,
+                                                       .ConnCoefficient = 0.5F,
+                                                       .Length = 2000.0 + number,
+                                                       .Height = 300,
+                                                       .Velocity = 8,
+                                                       .LossPerMetre = 0.8,
+                                                       .Flow = 500.0 + number % 100};
+        }
+        m_sheet->SetScrollMaximum(std::max(ducts, 1));
+        RedrawProject(Windows());
+        Paint();
+    }
+
+    void ShowSheet() {
+        Click("chkParam");
+        m_sheet->WaitUntilOnScreen();
+        Paint();
+    }
+
+    void Click(const char* name) { ClickAt(Get<QWidget>(name), Get<QWidget>(name)->rect().center()); }
+    void ClickGrid(int x, int y) { ClickAt(Get<QWidget>("picGrid"), QPointF(x, y)); }
+
+    template <typename Control>
+    Control* Get(const char* name) {
+        return m_solver->findChild<Control*>(name);
+    }
+
+    // Everything that is to be painted.
+    void Paint() { QCoreApplication::processEvents(); }
+
+    ProjectWindows Windows() { return {*m_solver, *m_sheet}; }
+    std::string File(const char* name) const { return m_folder.filePath(name).toStdString(); }
+
+  private:
+    static void ClickAt(QWidget* control, QPointF place) {
+        const QPointF global = control->mapToGlobal(place);
+        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+            const auto pressed = type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton;
+            QMouseEvent event(type, place, global, Qt::LeftButton, pressed, {});
+            QApplication::sendEvent(control, &event);
+        }
+    }
+
+    QTemporaryDir m_folder;
+    std::string m_before;
+    frmMajorCalc* m_solver = nullptr;
+    frmMajorParam* m_sheet = nullptr;
+};
+
+void SolveThousandDucts(benchmark::State& state, bool sheetShown) {
+    OpenSolver solver;
+    solver.FillGrid(kDucts);
+    if (sheetShown) {
+        solver.ShowSheet();
+    }
+    for (auto _ : state) {
+        state.PauseTiming();
+        solver.FillGrid(kDucts);
+        state.ResumeTiming();
+        solver.Click("cmdGus");
+        solver.Paint();
+        if (Solved == FlagClear) {
+            state.SkipWithError("not solved");
+            break;
+        }
+    }
+}
+BENCHMARK_CAPTURE(SolveThousandDucts, without the sheet, false)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK_CAPTURE(SolveThousandDucts, with the sheet shown, true)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+
+void RedrawThousandDucts(benchmark::State& state) {
+    OpenSolver solver;
+    solver.FillGrid(kDucts);
+    for (auto _ : state) {
+        ++NetworkRevision; // as if the network had changed
+        RedrawProject(solver.Windows());
+        solver.Paint();
+    }
+}
+BENCHMARK(RedrawThousandDucts)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// A click that adds a duct to a network of 999.
+void ClickThatAddsADuct(benchmark::State& state) {
+    OpenSolver solver;
+    solver.FillGrid(kDucts - 1);
+    solver.ClickGrid(100, 100);
+    int place = 0;
+    for (auto _ : state) {
+        solver.ClickGrid(20 * (place % 30), 25 * (place % 23));
+        solver.Paint();
+        ++place;
+        if (DuctCount >= 2 * kDucts) {
+            state.PauseTiming();
+            solver.FillGrid(kDucts - 1);
+            state.ResumeTiming();
+        }
+    }
+}
+BENCHMARK(ClickThatAddsADuct)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// The sheet moves from duct to duct, and with it the green line.
+void HighlightNextDuct(benchmark::State& state) {
+    OpenSolver solver;
+    solver.FillGrid(kDucts);
+    solver.ShowSheet();
+    int duct = 1;
+    for (auto _ : state) {
+        duct = duct % kDucts + 1;
+        solver.Windows().Sheet.SetScrollValue(duct);
+        solver.Paint();
+    }
+}
+BENCHMARK(HighlightNextDuct)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void PlotThousandElements(benchmark::State& state) {
+    OpenSolver solver;
+    solver.FillGrid(kDucts);
+    std::string path;
+    for (int number = 1; number <= kDucts; ++number) {
+        path += std::to_string(number) + ",";
+    }
+    SetInputBoxProvider([&](const InputRequest&) { return path; });
+    solver.Get<QWidget>("cmdCalcPressure")->show();
+    for (auto _ : state) {
+        solver.Click("cmdCalcPressure");
+        solver.Paint();
+        if (PlotShowing == FlagClear) {
+            state.SkipWithError("no plot");
+            break;
+        }
+    }
+}
+BENCHMARK(PlotThousandElements)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void PrintThousandDucts(benchmark::State& state) {
+    OpenSolver solver;
+    solver.FillGrid(kDucts);
+    for (auto _ : state) {
+        solver.Click("cmdPrintGus");
+    }
+    if (!QFile::exists(ToQt(solver.File("plant.pdf")))) {
+        state.SkipWithError("nothing printed");
+    }
+}
+BENCHMARK(PrintThousandDucts)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+} // namespace
+} // namespace plenair

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "lite/KeyStrokes.h"
+
+#include <array>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace plenair {
+
+// The Lite window as arrays: what a calculation reads and writes, without a window.
+class LiteArrays : public LiteInputs {
+  public:
+    std::string BasisText(int index) const override { return boxes.at(index); }
+    std::string MinorCell(int row, int column) const override { return Cell(row, column); }
+    void SetMinorCell(int row, int column, const std::string& text) override { Cell(row, column) = text; }
+    void SetOtherCell(int column, const std::string& text) override { other.at(At(column)) = text; }
+    void LightLamp(int row, Lamp colour) override { lamps.at(At(row)) = colour; }
+    std::string InputA() const override { return inputA; }
+    std::string InputB() const override { return inputB; }
+    void SetInputB(const std::string& text) override { inputB = text; }
+    void FocusInputB() override { inputBFocused = true; }
+
+    // The cells of a row with blanks between; empty for an empty row.
+    std::string Row(int row) const { return Joined(cells.at(At(row))); }
+    std::string RoundDuct() const { return Joined(other); }
+
+    std::map<int, std::string> boxes = {{0, "0.8"}, {1, "5"}, {2, "0.8"}, {3, "500"}, {4, "5"}, {9, "5"}};
+    std::array<std::array<std::string, 4>, 5> cells;
+    std::array<std::string, 4> other;
+    std::array<std::optional<Lamp>, 5> lamps;
+    std::string inputA;
+    std::string inputB;
+    bool inputBFocused = false;
+
+  private:
+    static std::size_t At(int index) { return static_cast<std::size_t>(index); }
+    std::string& Cell(int row, int column) { return cells.at(At(row)).at(At(column)); }
+    const std::string& Cell(int row, int column) const { return cells.at(At(row)).at(At(column)); }
+
+    static std::string Joined(const std::array<std::string, 4>& texts) {
+        std::string joined;
+        for (const std::string& text : texts) {
+            joined += (joined.empty() || text.empty() ? "" : " ") + text;
+        }
+        return joined;
+    }
+};
+
+} // namespace plenair

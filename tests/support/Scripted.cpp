@@ -1,0 +1,51 @@
+#include "support/Scripted.h"
+
+#include "core/Settings.h"
+#include "core/modRegistry.h"
+#include "platform/NumberText.h"
+#include "platform/TextFiles.h"
+
+#include <gtest/gtest.h>
+
+namespace plenair {
+
+ScriptedMessages::ScriptedMessages() {
+    SetMessageBoxProvider([this](const MessageRequest& request) {
+        m_asked.push_back(request);
+        if (m_next == m_answers.size()) {
+            ADD_FAILURE() << "unexpected message box: " << request.text;
+            return AnswerWhenClosed(request.buttons);
+        }
+        return m_answers[m_next++];
+    });
+}
+
+ScriptedMessages::~ScriptedMessages() {
+    SetMessageBoxProvider({});
+    EXPECT_EQ(m_next, m_answers.size()) << "a message box that the test expected did not come";
+}
+
+ProgramEnvironment::ProgramEnvironment() {
+    Settings = SettingsRecord();
+    Settings.DefPath = m_folder.Path();
+    SetNumberLocale({});
+    SetProgramFolder(m_folder.Path());
+    SetRegistryFile(m_registry.File("registry"));
+    SetToday(2026, 11, 24);
+}
+
+ProgramEnvironment::~ProgramEnvironment() {
+    SetClock({});
+    SetNumberLocale({});
+}
+
+void ProgramEnvironment::SetToday(int year, int month, int day) {
+    SetClock([=] { return LocalTime{year, month, day, 10, 20, 30, 0}; });
+}
+
+void ProgramEnvironment::NoteReminder() const {
+    RegCreateKey(HKEY_CURRENT_USER, ReminderSubKey);
+    RegWriteValue(HKEY_CURRENT_USER, ReminderSubKey, ReminderValueName, ReminderMonth(), REG_SZ);
+}
+
+} // namespace plenair
