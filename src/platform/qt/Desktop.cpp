@@ -73,7 +73,7 @@ QMessageBox::StandardButtons ButtonsOf(MessageButtons buttons) {
 }
 
 MessageAnswer AskByMessageBox(const MessageRequest& request) {
-    QMessageBox box(QApplication::activeWindow());
+    QMessageBox box(WindowInUse());
     box.setWindowTitle(ToQt(request.title));
     box.setTextFormat(Qt::PlainText);
     box.setText(ToQt(request.text));
@@ -96,8 +96,7 @@ MessageAnswer AskByMessageBox(const MessageRequest& request) {
 }
 
 std::string AskByInputBox(const InputRequest& request) {
-    return FromQt(
-        QInputDialog::getText(QApplication::activeWindow(), ToQt(request.title), ToQt(request.prompt)));
+    return FromQt(QInputDialog::getText(WindowInUse(), ToQt(request.title), ToQt(request.prompt)));
 }
 
 bool ShowCommonDialog(DialogKind kind, CommonDialog& dialog) {

@@ -1,5 +1,6 @@
 #include "platform/qt/DesktopPrinter.h"
 
+#include "platform/qt/FocusEvents.h"
 #include "platform/qt/SurfacePainter.h"
 #include "platform/qt/Twips.h"
 
@@ -243,7 +244,7 @@ bool ShowPrintDialog(CommonDialog& dialog) {
     ChosenPrinter& chosen = Chosen();
     chosen.printer.setOutputFileName(chosen.file);
     chosen.printer.setCopyCount(1); // what was wanted last time would easily be overlooked
-    QPrintDialog box(&chosen.printer, QApplication::activeWindow());
+    QPrintDialog box(&chosen.printer, WindowInUse());
     box.setOption(QAbstractPrintDialog::PrintSelection, (dialog.Flags & PrinterNoSelection) == 0);
     box.setOption(QAbstractPrintDialog::PrintPageRange, (dialog.Flags & PrinterNoPageNumbers) == 0);
     // A dialog of Qt's own offers ranges whatever its options say.

@@ -1,5 +1,6 @@
 #include "platform/qt/FileDialogs.h"
 
+#include "platform/qt/FocusEvents.h"
 #include "platform/qt/Twips.h"
 
 #include <QApplication>
@@ -13,11 +14,11 @@ namespace plenair {
 namespace {
 
 void Warn(const QString& title, const QString& file, const QString& reason) {
-    QMessageBox::warning(QApplication::activeWindow(), title, QDir::toNativeSeparators(file) + "\n" + reason);
+    QMessageBox::warning(WindowInUse(), title, QDir::toNativeSeparators(file) + "\n" + reason);
 }
 
 bool UserReplaces(const QString& title, const QString& file) {
-    return QMessageBox::warning(QApplication::activeWindow(), title,
+    return QMessageBox::warning(WindowInUse(), title,
                                 QDir::toNativeSeparators(file) +
                                     " already exists.\nDo you want to replace it?",
                                 QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
@@ -57,7 +58,7 @@ QStringList NameFilters(const std::string& filter) {
 }
 
 bool ShowFileDialog(DialogKind kind, CommonDialog& properties) {
-    QFileDialog dialog(QApplication::activeWindow());
+    QFileDialog dialog(WindowInUse());
     dialog.setAcceptMode(kind == DialogKind::Save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     // Whether the file is there can only be judged when its name has its extension.
     dialog.setFileMode(QFileDialog::AnyFile);

@@ -88,6 +88,14 @@ void WatchFocus() {
     qApp->installEventFilter(new InputWatcher(qApp));
 }
 
+QWidget* WindowInUse() {
+    QWidget* active = QApplication::activeWindow();
+    if (active == nullptr && Current() != nullptr && Current()->window()->isVisible()) {
+        active = Current()->window();
+    }
+    return active;
+}
+
 void GiveFocus(QWidget* control) {
     if (!control->isVisible() || !control->isEnabled()) {
         return;

@@ -24,6 +24,10 @@ class FocusEvents {
 // Starts the telling; call once, after the application object is made.
 void WatchFocus();
 
+// The window that a dialog belongs over: the active one, or between two dialogs the one that the focus was in
+// last. Null if there is none.
+QWidget* WindowInUse();
+
 // Gives `control` the focus, its window becoming the active one. Nothing happens if it is disabled or not
 // shown.
 void GiveFocus(QWidget* control);
