@@ -1,6 +1,6 @@
 #include "core/Settings.h"
 #include "platform/CommonDialog.h"
-#include "platform/CurrentFolder.h"
+#include "platform/Folders.h"
 #include "platform/InputBox.h"
 #include "platform/MessageBox.h"
 #include "platform/Sound.h"

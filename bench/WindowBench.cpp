@@ -3,6 +3,7 @@
 #include "core/SettingsFile.h"
 #include "core/modRegistry.h"
 #include "lite/frmMinorCalc.h"
+#include "platform/Folders.h"
 #include "platform/TextFiles.h"
 #include "platform/qt/Desktop.h"
 

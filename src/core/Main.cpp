@@ -15,8 +15,14 @@
 
 #include <memory>
 
-// Who calls whom: the Lite window calculates by CalculateBasis, which reads its boxes and fills its grids
-// through LiteView, with the searches and formulae of flow. All that leads out of a window is tied here.
+// Who calls whom. Main loads the settings and shows frmMinorCalc; from then on everything begins in a handler
+// of a window. Enter there runs CalculateBasis, which reads the window's boxes and fills its grids through
+// LiteView, with the searches of flow; the row buttons and the File menu lead to the log. ShowProjectSolver
+// opens frmMajorCalc, the grid, and frmMajorParam, the sheet; their handlers call the functions of project,
+// which reach both windows through ProjectWindows: ClickGrid adds ducts, StoreBox takes over what was typed,
+// SolveProject saves, solves through the sheet and writes the report, AskForPath adds up a path and plots it,
+// PrintShown prints. frmInputs loads the settings file, and its OK writes it and brings the Lite window up to
+// date from here. All that leads from one window to another is tied in this file.
 namespace plenair {
 
 namespace {
@@ -26,8 +32,7 @@ std::unique_ptr<frmMinorCalc>& LiteWindow() {
     return window;
 }
 
-// These two are there only while they are open.
-QPointer<frmInputs> s_options;
+// There only while it is open.
 QPointer<frmAbout> s_about;
 
 // Brings the Lite window up to date with the settings, if it is on the screen.
@@ -49,7 +54,6 @@ void UpdateLiteWindow() {
 
 void ShowOptions() {
     frmInputs options;
-    s_options = &options;
     options.Stored = UpdateLiteWindow;
     options.ShowModal();
 }
@@ -96,11 +100,6 @@ void OpenProjectSolver() {
 } // namespace
 
 void Main() {
-    UnloadOptions = [] {
-        if (s_options != nullptr) {
-            s_options->Unload();
-        }
-    };
     ShowAboutAfterReminder = ShowAboutPlainly;
     LoadSettings();
     LiteWindow() = std::make_unique<frmMinorCalc>();
@@ -118,7 +117,6 @@ void Main() {
 void Unload() {
     UnloadProjectSolver();
     delete s_about;
-    UnloadOptions = {};
     ShowAboutAfterReminder = {};
     FocusLiteWindow = {};
     LiteWindow().reset();

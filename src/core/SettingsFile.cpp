@@ -2,6 +2,7 @@
 
 #include "core/Settings.h"
 #include "core/modRegistry.h"
+#include "platform/Folders.h"
 #include "platform/MessageBox.h"
 #include "platform/NumberText.h"
 #include "platform/TextFiles.h"
@@ -9,8 +10,6 @@
 #include <cmath>
 
 namespace plenair {
-
-std::function<void()> UnloadOptions;
 
 namespace {
 
@@ -89,9 +88,6 @@ void TakeDefaults() {
         return;
     }
     Settings.ConfigFile = kDefaultFile;
-    if (UnloadOptions) {
-        UnloadOptions();
-    }
     RegCreateKey(HKEY_CURRENT_USER, ReminderSubKey);
     RegWriteValue(HKEY_CURRENT_USER, ReminderSubKey, ReminderValueName, ReminderMonth(), REG_SZ);
     ShowMessage({"Configuration File Missing.  Default Values Set and Saved as User.cfg.", "Defaults Set",

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <functional>
-
 // The settings file: nine items, each on a line of its own, in the program's folder.
 namespace plenair {
 
@@ -14,8 +12,5 @@ void LoadSettings();
 // Writes the nine items of Settings to Settings.ConfigFile in the program's folder, replacing the file as a
 // whole. Throws FileFailure; then the older file is as it was.
 void SaveSettings();
-
-// Run when the defaults are taken: unloads the options dialog. The start routine sets it.
-extern std::function<void()> UnloadOptions;
 
 } // namespace plenair

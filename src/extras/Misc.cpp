@@ -1,10 +1,10 @@
 #include "extras/Misc.h"
 
 #include "core/modRegistry.h"
+#include "platform/Folders.h"
 #include "platform/MessageBox.h"
 #include "platform/RandomNumbers.h"
 #include "platform/Sound.h"
-#include "platform/TextFiles.h"
 
 #include <array>
 #include <string>

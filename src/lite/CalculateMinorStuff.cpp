@@ -3,6 +3,7 @@
 #include "core/Settings.h"
 #include "extras/Misc.h"
 #include "flow/Arithmetic.h"
+#include "flow/BoxNumbers.h"
 #include "flow/DuctSearch.h"
 #include "flow/FluidProperties.h"
 #include "flow/GeneralCalcs.h"

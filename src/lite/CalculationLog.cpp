@@ -2,12 +2,12 @@
 
 #include "core/Settings.h"
 #include "flow/Arithmetic.h"
-#include "lite/ResultGrids.h"
+#include "flow/BoxNumbers.h"
 #include "platform/Clock.h"
-#include "platform/CurrentFolder.h"
 #include "platform/DateText.h"
 #include "platform/Desktop.h"
 #include "platform/Editor.h"
+#include "platform/Folders.h"
 #include "platform/MessageBox.h"
 #include "platform/NumberText.h"
 #include "platform/TextFiles.h"
@@ -106,7 +106,7 @@ void RecordLog(LogWindow& window) {
         return;
     }
     try {
-        WriteWholeFile(dialog.FileName, LogText());
+        RewriteFile(dialog.FileName, LogText());
     } catch (const FileFailure&) {
         // The menu entry, still enabled, shows that nothing was saved.
         return;

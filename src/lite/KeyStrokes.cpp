@@ -1,24 +1,18 @@
 #include "lite/KeyStrokes.h"
 
 #include "core/Settings.h"
+#include "flow/BoxNumbers.h"
 #include "flow/CalcFailure.h"
 #include "lite/CalculateMinorStuff.h"
-#include "lite/ResultGrids.h"
+#include "platform/KeyCodes.h"
 
 namespace plenair {
 
-namespace {
-
-constexpr std::int16_t kUp = 38;
-constexpr std::int16_t kDown = 40;
-
-} // namespace
-
 void HandleKeyStroke(LiteInputs& window, std::int16_t key, const std::string& controlName) {
-    if (Settings.CalcBasis == 3 || Settings.CalcBasis == 4 || (key != kUp && key != kDown)) {
+    if (Settings.CalcBasis == 3 || Settings.CalcBasis == 4 || (key != KeyUpArrow && key != KeyDownArrow)) {
         return;
     }
-    const int row = key == kUp ? 1 : 3;
+    const int row = key == KeyUpArrow ? 1 : 3;
     window.SetInputB(window.MinorCell(row, 1));
     if (!window.InputA().empty() && !window.InputB().empty()) {
         CalculateTexts(window, window.InputA(), window.InputB(), "1");

@@ -1,26 +1,11 @@
 #include "lite/ResultGrids.h"
 
 #include "flow/Arithmetic.h"
+#include "flow/BoxNumbers.h"
 #include "flow/GeneralCalcs.h"
 #include "platform/NumberText.h"
 
 namespace plenair {
-
-double NumberOf(const std::string& text) {
-    const auto number = NumberFromText(text);
-    if (!number) {
-        throw CalcFailure("text that is no number");
-    }
-    return *number;
-}
-
-float SingleOf(const std::string& text) {
-    const auto number = SingleFromText(text);
-    if (!number) {
-        throw CalcFailure("text that is no 32-bit number");
-    }
-    return *number;
-}
 
 Lamp LampFor(double width, double height) {
     const double a = Divide(width, height);

@@ -18,8 +18,4 @@ void FillGrids(LiteView& view, float width, float height, float velocity, float 
 // to 8, red beyond.
 Lamp LampFor(double width, double height);
 
-// The number that a box or cell holds, by the machine's locale. Throws CalcFailure if it holds none.
-double NumberOf(const std::string& text);
-float SingleOf(const std::string& text);
-
 } // namespace plenair

@@ -4,7 +4,7 @@
 #include "extras/Misc.h"
 #include "flow/CalcFailure.h"
 #include "lite/MinorCalcPictures.h"
-#include "lite/ResultGrids.h"
+#include "platform/KeyCodes.h"
 #include "platform/MessageBox.h"
 #include "platform/NumberText.h"
 #include "platform/qt/Twips.h"
@@ -18,7 +18,6 @@ namespace plenair {
 
 namespace {
 
-constexpr int kEnter = 13;
 constexpr double kWidth = 3625;
 constexpr double kTop = 300;
 constexpr double kHeightFolded = 3270; // just below cmdMoreInfo, where lblCalcBasis begins
@@ -244,7 +243,7 @@ void frmMinorCalc::Calculate() {
 
 void frmMinorCalc::txtInputA_KeyPress(int character) {
     ResetGrid();
-    if (character == kEnter) {
+    if (character == KeyEnter) {
         Calculate();
         txtInputA->SelectAll();
     }
@@ -252,7 +251,7 @@ void frmMinorCalc::txtInputA_KeyPress(int character) {
 
 void frmMinorCalc::txtInputB_KeyPress(int character) {
     ResetGrid();
-    if (character == kEnter) {
+    if (character == KeyEnter) {
         Calculate();
         FocusInputA();
     }
@@ -272,7 +271,7 @@ void frmMinorCalc::txtCalcBasis_GotFocus(int index) {
 }
 
 void frmMinorCalc::txtCalcBasis_KeyPress(int character) {
-    if (character == kEnter) {
+    if (character == KeyEnter) {
         Calculate();
         FocusInputA();
     }

@@ -1,6 +1,6 @@
 #include "platform/CommonDialog.h"
 
-#include "platform/CurrentFolder.h"
+#include "platform/Folders.h"
 
 #include <filesystem>
 #include <utility>

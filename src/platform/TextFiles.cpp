@@ -246,6 +246,21 @@ std::optional<struct stat> OlderFile(const std::string& path, const fs::path& fi
     return status;
 }
 
+// Writes everything, up to the disk, and closes the file.
+void WriteToTheDisk(Descriptor& file, const std::string& shownPath, std::string_view content) {
+    while (!content.empty()) {
+        const ssize_t count = ::write(file.Number(), content.data(), content.size());
+        if (count > 0) {
+            content.remove_prefix(static_cast<std::size_t>(count));
+        } else if (count == 0 || errno != EINTR) {
+            Fail(shownPath, count == 0 ? EIO : errno);
+        }
+    }
+    if (::fsync(file.Number()) != 0 || !file.Close()) {
+        Fail(shownPath, errno);
+    }
+}
+
 // A new file beside the one that is to be written, removed unless it takes that one's name.
 class PassingFile {
   public:
@@ -302,18 +317,7 @@ void PassingFile::KeepRights(const struct stat& older) {
 }
 
 void PassingFile::Write(std::string_view content) {
-    while (!content.empty()) {
-        const ssize_t count = ::write(m_file.Number(), content.data(), content.size());
-        if (count > 0) {
-            content.remove_prefix(static_cast<std::size_t>(count));
-        } else if (count == 0) {
-            Fail(m_shownPath, EIO);
-        } else {
-            Require(errno == EINTR);
-        }
-    }
-    Require(::fsync(m_file.Number()) == 0);
-    Require(m_file.Close());
+    WriteToTheDisk(m_file, m_shownPath, content);
 }
 
 void PassingFile::TakeName(const fs::path& file) {
@@ -327,11 +331,6 @@ void SyncFolder(const fs::path& folder) {
     if (opened.IsOpen()) {
         ::fsync(opened.Number());
     }
-}
-
-std::string& ProgramFolderText() {
-    static std::string folder;
-    return folder;
 }
 
 } // namespace
@@ -348,28 +347,13 @@ void WriteWholeFile(const std::string& path, std::string_view content) {
     SyncFolder(FolderOf(file));
 }
 
-std::optional<std::string> FirstFileWithExtension(const std::string& folder, std::string_view extension) {
-    std::error_code error;
-    fs::directory_iterator entry(folder, error);
-    for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
-        const std::string name = entry->path().filename().string();
-        std::error_code unknown; // a link that leads nowhere is no file
-        if (name.ends_with(extension) && entry->is_regular_file(unknown)) {
-            return name;
-        }
+void RewriteFile(const std::string& path, std::string_view content) {
+    constexpr int kFlags = O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK;
+    Descriptor file(::open(path.c_str(), kFlags, 0666));
+    if (!file.IsOpen()) {
+        Fail(path, errno);
     }
-    if (error) {
-        Fail(folder, error.message());
-    }
-    return std::nullopt;
-}
-
-void SetProgramFolder(std::string folder) {
-    ProgramFolderText() = std::move(folder);
-}
-
-const std::string& ProgramFolder() {
-    return ProgramFolderText();
+    WriteToTheDisk(file, path, content);
 }
 
 } // namespace plenair

@@ -10,7 +10,8 @@
 // Sequential text files of items and lines, 8-bit text.
 namespace plenair {
 
-// A file that can't be opened, read or written. what() names the file and the system's reason.
+// A file that can't be opened, read or written: what() names the file and the system's reason. Also an item
+// that is not what belongs in its place: what() tells only that.
 struct FileFailure : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
@@ -58,13 +59,8 @@ std::string Quoted(std::string_view text);
 // FileFailure; then an older file is as it was and nothing else is left behind.
 void WriteWholeFile(const std::string& path, std::string_view content);
 
-// Name, without folder, of the first file in `folder` that matches `*` followed by `extension` (".cfg"), in
-// the order in which the system lists the folder. Regular files count, and links to them. Nothing if there
-// is none. Throws FileFailure if the folder can't be searched.
-std::optional<std::string> FirstFileWithExtension(const std::string& folder, std::string_view extension);
-
-// The folder that holds the program, without a trailing separator. Set once at the start.
-void SetProgramFolder(std::string folder);
-const std::string& ProgramFolder();
+// Writes `content` into the file itself, in place of all that it held. What was written before a failure
+// stays. Throws FileFailure.
+void RewriteFile(const std::string& path, std::string_view content);
 
 } // namespace plenair

@@ -3,6 +3,7 @@
 #include "core/Settings.h"
 #include "extras/Misc.h"
 #include "flow/Arithmetic.h"
+#include "flow/BoxNumbers.h"
 #include "flow/DuctSearch.h"
 #include "flow/GeneralCalcs.h"
 #include "platform/Desktop.h"
@@ -40,28 +41,12 @@ struct DuctInput {
     bool HasZero() const { return flow == 0.0 || height == 0.0 || lossCap == 0.0F || velocityCap == 0.0F; }
 };
 
-double NumberIn(const SheetWindow& sheet, int box) {
-    const std::optional<double> number = NumberFromText(sheet.BoxText(box));
-    if (!number) {
-        throw CalcFailure("text that is no number");
-    }
-    return *number;
-}
-
-float SingleIn(const SheetWindow& sheet, int box) {
-    const std::optional<float> number = SingleFromText(sheet.BoxText(box));
-    if (!number) {
-        throw CalcFailure("text that is no 32-bit number");
-    }
-    return *number;
-}
-
 DuctInput ReadInput(const SheetWindow& sheet) {
     DuctInput input;
-    input.flow = NumberIn(sheet, 1) / 1000;
-    input.height = NumberIn(sheet, 3) / 1000;
-    input.lossCap = SingleIn(sheet, 6);
-    input.velocityCap = SingleIn(sheet, 5);
+    input.flow = NumberOf(sheet.BoxText(1)) / 1000;
+    input.height = NumberOf(sheet.BoxText(3)) / 1000;
+    input.lossCap = SingleOf(sheet.BoxText(6));
+    input.velocityCap = SingleOf(sheet.BoxText(5));
     return input;
 }
 
@@ -149,7 +134,7 @@ void SolveDucts(const ProjectWindows& windows) {
     SheetWindow& sheet = windows.Sheet;
     for (int number = 1; number <= DuctCount; ++number) {
         const auto duct = static_cast<std::int16_t>(number);
-        const float colour = Ducts[static_cast<std::size_t>(number)].Colour;
+        const float colour = Duct(number).Colour;
         sheet.SetScrollValue(number);
         ShowDuctSheet(windows, duct);
         sheet.Repaint();

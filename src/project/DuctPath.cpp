@@ -1,5 +1,6 @@
 #include "project/DuctPath.h"
 
+#include "platform/Utf8.h"
 #include "project/ProjectModel.h"
 
 #include <algorithm>
@@ -32,7 +33,11 @@ std::string NumbersThereAre() {
 [[noreturn]] void Fail(std::string_view piece, const std::string& problem) {
     std::string quoted(piece);
     if (quoted.size() > kLongestQuote) {
-        quoted = quoted.substr(0, kLongestQuote) + "...";
+        std::size_t end = kLongestQuote;
+        while (IsContinuation(quoted[end])) {
+            --end;
+        }
+        quoted = quoted.substr(0, end) + "...";
     }
     throw PathFailure("\"" + quoted + "\" " + problem + "  " + NumbersThereAre());
 }
@@ -40,7 +45,7 @@ std::string NumbersThereAre() {
 // Length of the character at the start of `text`, which is UTF-8.
 std::size_t CharacterLength(std::string_view text) {
     std::size_t length = 1;
-    while (length < text.size() && (static_cast<unsigned char>(text[length]) & 0xC0U) == 0x80U) {
+    while (length < text.size() && IsContinuation(text[length])) {
         ++length;
     }
     return length;
@@ -73,7 +78,7 @@ std::int16_t ElementNumber(std::string_view digits) {
 }
 
 PathElement CopyOf(std::int16_t number, std::size_t position) {
-    const DuctRecord& duct = Ducts[static_cast<std::size_t>(number)];
+    const DuctRecord& duct = Duct(number);
     PathElement element;
     element.Position = static_cast<std::int16_t>(position);
     element.Colour = duct.Colour;

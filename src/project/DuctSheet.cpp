@@ -10,10 +10,6 @@ namespace plenair {
 
 namespace {
 
-DuctRecord& Duct(int number) {
-    return Ducts[static_cast<std::size_t>(number)];
-}
-
 void FillBoxes(SheetWindow& sheet, const DuctRecord& duct) {
     sheet.SetBoxText(1, ShortestText(duct.Flow));
     sheet.SetBoxText(2, ShortestText(duct.Width));

@@ -49,7 +49,7 @@ void PrintNetwork(Printer& printer) {
 }
 
 void PrintDuct(Printer& printer, std::int16_t number) {
-    const DuctRecord& duct = Ducts[static_cast<std::size_t>(number)];
+    const DuctRecord& duct = Duct(number);
     printer.SetFont(kFontName, 12, true);
     printer.Print("---");
     printer.Print("Duct Number " + DuctLabel(number));

@@ -104,7 +104,7 @@ std::string ProjectText() {
     text.reserve(kUsualBlock * (static_cast<std::size_t>(DuctCount) + 1));
     for (int number = 0; number <= DuctCount; ++number) {
         text.append("\"").append(1, kMarker).append(std::to_string(number)).append("\"").append(kLineEnd);
-        const DuctRecord& duct = Ducts[static_cast<std::size_t>(number)];
+        const DuctRecord& duct = Duct(number);
         ForEachNumber(duct, [&](auto value) { AppendNumber(text, value); });
     }
     return text;

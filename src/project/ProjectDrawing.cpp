@@ -8,10 +8,6 @@ constexpr double kEndMark = 50; // half a side
 constexpr int kGridLineWidth = 1;
 constexpr int kHighlightLineWidth = 4;
 
-const DuctRecord& Duct(int number) {
-    return Ducts[static_cast<std::size_t>(number)];
-}
-
 void DrawLine(DrawingSurface& surface, Point start, Point end, ColourNumber colour) {
     surface.Line(start.x, start.y, end.x, end.y, colour);
 }

@@ -1,9 +1,10 @@
 #include "project/ProjectFiles.h"
 
 #include "core/Settings.h"
-#include "platform/CurrentFolder.h"
+#include "platform/Folders.h"
 #include "platform/MessageBox.h"
 #include "platform/TextFiles.h"
+#include "platform/Utf8.h"
 #include "project/DuctSheet.h"
 #include "project/ProjectBlocks.h"
 #include "project/ProjectGrid.h"
@@ -33,10 +34,6 @@ bool ReadChosenFile(const ProjectWindows& windows) {
     } catch (const std::runtime_error&) {
         return false;
     }
-}
-
-bool IsContinuation(char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
 }
 
 } // namespace

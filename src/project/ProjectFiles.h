@@ -2,8 +2,8 @@
 
 #include "project/ProjectWindows.h"
 
-// Storing and loading projects. All of it says nothing about a failure: the operation ends, and what stood on
-// the disk before stands there still.
+// Storing and loading projects. Saving and loading say nothing about a failure: the operation ends, and what
+// stood on the disk before stands there still.
 namespace plenair {
 
 // Asks for a file and writes the project to it. Clears RunFailed only when the file has been written.

@@ -10,9 +10,6 @@ namespace plenair {
 
 namespace {
 
-// The colour of lblDuctNo while no duct has been chosen.
-constexpr ColourNumber kDarkGreen = 32768;
-
 // The number in the caption of lblDuctNo, which stands after the letter; 0 if there is none.
 int NumberInCaption(const std::string& caption) {
     int number = 0;
@@ -121,7 +118,7 @@ void ClearGrid(const ProjectWindows& windows) {
 void EmptyGrid(const ProjectWindows& windows) {
     SheetWindow& sheet = windows.Sheet;
     windows.Solver.SetPressureVisible(false);
-    sheet.SetDuctNoColour(kDarkGreen);
+    sheet.SetDuctNoColour(NoDuctColour);
     ClearProject();
     sheet.SetScrollMaximum(1);
     sheet.SetDuctNoCaption("1");

@@ -14,10 +14,6 @@ std::uint64_t NetworkRevision = 0;
 
 namespace {
 
-DuctRecord& Duct(int number) {
-    return Ducts[static_cast<std::size_t>(number)];
-}
-
 void CopyField(DuctRecord& to, const DuctRecord& from, int box) {
     switch (box) {
     case 1:
@@ -44,6 +40,10 @@ void CopyField(DuctRecord& to, const DuctRecord& from, int box) {
 }
 
 } // namespace
+
+DuctRecord& Duct(int number) {
+    return Ducts[static_cast<std::size_t>(number)];
+}
 
 bool IsDuct(int duct) {
     return duct >= 1 && duct <= DuctCount;

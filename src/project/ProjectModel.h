@@ -59,6 +59,9 @@ extern std::uint64_t NetworkRevision;
 // Whether `duct` is a number from 1 to DuctCount.
 bool IsDuct(int duct);
 
+// The record of an element, 0 to DuctCount.
+DuctRecord& Duct(int number);
+
 // Adds a duct from (lastX, lastY) to (x, y) on a surface of that size, in DrawColour, all its values 0. There
 // must be fewer than MostDucts.
 void AddDuct(double lastX, double lastY, float x, float y, double width, double height);

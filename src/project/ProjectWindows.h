@@ -36,6 +36,9 @@ class SolverWindow {
 
 constexpr int SheetBoxes = 8;
 
+// Dark green: lblDuctNo while no duct has been chosen.
+constexpr ColourNumber NoDuctColour = 32768;
+
 // frmMajorParam. Boxes are numbered 1 to SheetBoxes.
 class SheetWindow {
   public:

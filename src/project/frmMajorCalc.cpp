@@ -33,7 +33,10 @@ frmMajorCalc::frmMajorCalc(SheetWindow& sheet)
         picGrid_MouseDown(button, x, y);
     };
     // There is no button for it in the frame, but a desktop has other ways to ask a window to close.
-    connect(this, &Form::CloseRequested, this, &frmMajorCalc::cmdClose_Click);
+    connect(this, &Form::CloseRequested, this, [this] {
+        GiveFocus(cmdClose); // so that what is being typed on the sheet is stored first
+        cmdClose_Click();
+    });
 }
 
 Button* frmMajorCalc::AddButton(const QString& name, const QString& icon, const QString& toolTip, double left,

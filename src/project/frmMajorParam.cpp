@@ -1,5 +1,6 @@
 #include "project/frmMajorParam.h"
 
+#include "platform/KeyCodes.h"
 #include "platform/qt/SurfacePainter.h"
 #include "platform/qt/Twips.h"
 #include "platform/qt/WindowPos.h"
@@ -16,11 +17,6 @@ namespace {
 
 constexpr double kWidth = 2880;
 constexpr double kHeight = 3165;
-constexpr int kEnter = 13;
-constexpr int kEscape = 27;
-constexpr int kUp = 38;
-constexpr int kDown = 40;
-constexpr ColourNumber kDarkGreen = 32768;
 
 // Blue, as far as it can be read on that background.
 QColor BlueOn(const QColor& background) {
@@ -94,7 +90,7 @@ void frmMajorParam::CreateControls() {
     large.setPointSizeF(13.5);
     large.setBold(true);
     lblDuctNo->setFont(large);
-    SetDuctNoColour(kDarkGreen);
+    SetDuctNoColour(NoDuctColour);
     Place(lblDuctNo, 105, 0, 960, 330);
     heading("lblParameter", "Parameter", 105, 375, 855);
     heading("lblValue", "Value", 1995, 375, 585);
@@ -194,20 +190,20 @@ void frmMajorParam::txtParam_LostFocus(int box) {
 }
 
 void frmMajorParam::txtParam_KeyDown(int box, int keyCode) {
-    if (keyCode == kDown && box < SheetBoxes) {
+    if (keyCode == KeyDownArrow && box < SheetBoxes) {
         GiveFocus(TxtParam(box + 1));
-    } else if (keyCode == kUp && box >= 2) {
+    } else if (keyCode == KeyUpArrow && box >= 2) {
         GiveFocus(TxtParam(box - 1));
     }
 }
 
 void frmMajorParam::txtParam_KeyPress(int box, int character) {
-    if (character == kEnter) {
+    if (character == KeyEnter) {
         StoreBox(*m_windows, box);
         if (box < SheetBoxes) {
             GiveFocus(TxtParam(box + 1));
         }
-    } else if (character == kEscape) {
+    } else if (character == KeyEscape) {
         ShowDuctSheet(*m_windows, SheetDuct(*m_windows));
     }
 }

@@ -7,25 +7,19 @@ namespace {
 
 TEST(DesktopEntry, PathIsOneArgument) {
     const std::string path = "/logs/my $log; \"1\".pnl";
-    const struct {
-        const char* exec;
-        std::vector<std::string> arguments;
-    } rows[] = {
+    const std::pair<std::string, std::vector<std::string>> rows[] = {
         {"notes", {"notes", path}},
-        {"notes %f", {"notes", path}},
         {"notes  --new %U --wait", {"notes", "--new", path, "--wait"}},
         {"notes --file=%u", {"notes", "--file=" + path}},
         {"env A=b notes %i %c %F", {"env", "A=b", "notes", path}},
         {"notes 100%% %f", {"notes", "100%", path}},
         {R"("/opt/my notes/run" "" "a \\"b\\"" %f)", {"/opt/my notes/run", "", "a \"b\"", path}},
-        {R"("/opt/\\$notes\\\\" %f)", {"/opt/$notes\\", path}},
-    };
-    for (const auto& row : rows) {
-        const std::string entry =
-            "[Desktop Entry]\nName=Notes\nExec=" + std::string(row.exec) + "\r\nType=Application\n";
-        const auto command = CommandOn(entry, path);
-        ASSERT_TRUE(command) << row.exec;
-        EXPECT_EQ(command->arguments, row.arguments) << row.exec;
+        {R"("/opt/\\$notes\\\\" %f)", {"/opt/$notes\\", path}}};
+    for (const auto& [exec, arguments] : rows) {
+        const auto command =
+            CommandOn("[Desktop Entry]\nName=Notes\nExec=" + exec + "\r\nType=Application\n", path);
+        ASSERT_TRUE(command) << exec;
+        EXPECT_EQ(command->arguments, arguments) << exec;
         EXPECT_FALSE(command->inTerminal);
     }
 }
@@ -38,11 +32,9 @@ TEST(DesktopEntry, OnlyTheFirstGroupCounts) {
     ASSERT_TRUE(command);
     EXPECT_EQ(command->arguments, (std::vector<std::string>{"c", "x"}));
     EXPECT_TRUE(command->inTerminal);
-}
 
-TEST(DesktopEntry, WithoutAProgramThereIsNoCommand) {
-    for (const char* entry : {"", "Exec=a", "[Desktop Entry]", "[Desktop Entry]\nExec=",
-                              "[Desktop Entry]\nExec=%i", "[Desktop Entry]\nExec=\"\" a"}) {
+    for (const char* entry : {"", "Exec=a", "[Desktop Entry]\nExec=", "[Desktop Entry]\nExec=%i",
+                              "[Desktop Entry]\nExec=\"\" a"}) {
         EXPECT_FALSE(CommandOn(entry, "x")) << entry;
     }
     EXPECT_TRUE(CommandOn("[Desktop Entry]\nExec=a \"never closed %", "x"));

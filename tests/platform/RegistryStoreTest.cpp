@@ -4,22 +4,20 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <optional>
-#include <string>
-#include <vector>
 
 namespace plenair {
 namespace {
 
 class RegistryStore : public testing::Test {
   protected:
-    void SetUp() override { SetRegistryFile(StoreFile()); }
-    void TearDown() override { SetRegistryFile({}); }
+    RegistryStore() { SetRegistryFile(StoreFile()); }
+    ~RegistryStore() override { SetRegistryFile({}); }
 
     std::string StoreFile() const { return m_folder.File("deep/er/registry"); }
 
     TemporaryFolder m_folder;
+    RegistryKey m_key = 7;
 };
 
 RegistryStatus Create(const std::string& subKey, RegistryKey& key, RegistryKey root = HKEY_CURRENT_USER) {
@@ -49,30 +47,21 @@ std::optional<std::string> Get(RegistryKey key, const std::string& name) {
 }
 
 TEST_F(RegistryStore, KeysComeWithThoseAboveThem) {
-    RegistryKey key = 7;
-    EXPECT_EQ(Open("Software\\ZVK", key), ERROR_FILE_NOT_FOUND);
-    EXPECT_EQ(key, 0U);
-    EXPECT_FALSE(std::filesystem::exists(StoreFile()));
-    ASSERT_EQ(Create("Software\\ZVK", key), ERROR_SUCCESS);
-
-    const std::pair<const char*, RegistryStatus> rows[] = {
-        {"", ERROR_SUCCESS},
-        {"Software", ERROR_SUCCESS},
-        {"SOFTWARE\\zvk", ERROR_SUCCESS},
-        {"\\Software\\\\ZVK\\", ERROR_SUCCESS},
-        {"ZVK", ERROR_FILE_NOT_FOUND},
-        {"Software\\ZVK\\More", ERROR_FILE_NOT_FOUND},
-        {"Soft", ERROR_FILE_NOT_FOUND},
-    };
-    for (const auto& [subKey, status] : rows) {
-        EXPECT_EQ(Open(subKey, key), status) << subKey;
-        EXPECT_EQ(key != 0, status == ERROR_SUCCESS) << subKey;
+    ASSERT_EQ(Create("Software\\ZVK", m_key), ERROR_SUCCESS);
+    ASSERT_EQ(Set(m_key, "Reminder", "112026"), ERROR_SUCCESS);
+    ASSERT_EQ(Create("SOFTWARE\\zvk", m_key), ERROR_SUCCESS);
+    ASSERT_EQ(Set(m_key, "REMINDER", "122026"), ERROR_SUCCESS);
+    EXPECT_EQ(ReadFile(StoreFile()), "\"key\",\"\"\r\n\"key\",\"Software\"\r\n\"key\",\"Software\\ZVK\"\r\n"
+                                     "\"value\",\"Reminder\",1,313232303236\r\n\"end\"\r\n");
+    for (const char* there : {"", "Software", "SOFTWARE\\zvk", "\\Software\\\\ZVK\\"}) {
+        EXPECT_EQ(Open(there, m_key), ERROR_SUCCESS) << there;
     }
-    RegistryKey software = 0;
-    ASSERT_EQ(Open("Software", software), ERROR_SUCCESS);
-    EXPECT_EQ(Open("ZVK", key, software), ERROR_SUCCESS);
-    EXPECT_EQ(Create("Other", key, software), ERROR_SUCCESS);
-    EXPECT_EQ(Open("software\\other", key), ERROR_SUCCESS);
+    for (const char* missing : {"ZVK", "Software\\ZVK\\More", "Soft"}) {
+        EXPECT_EQ(Open(missing, m_key), ERROR_FILE_NOT_FOUND) << missing;
+        EXPECT_EQ(m_key, 0U);
+    }
+    ASSERT_EQ(Open("Software", m_key), ERROR_SUCCESS);
+    EXPECT_EQ(Open("ZVK", m_key, m_key), ERROR_SUCCESS);
 }
 
 TEST_F(RegistryStore, AnyBytesSurviveInNamesAndValues) {
@@ -80,76 +69,44 @@ TEST_F(RegistryStore, AnyBytesSurviveInNamesAndValues) {
     for (int byte = 0; byte < 256; ++byte) {
         all.push_back(static_cast<char>(byte));
     }
-    std::string keyName = all;
-    keyName.erase(keyName.find('\\'), 1);
-    RegistryKey key = 0;
-    ASSERT_EQ(Create(keyName, key), ERROR_SUCCESS);
-    for (const std::string& name :
-         {std::string(), all, std::string("\"\r\n"), std::string(" a ,"), std::string("end")}) {
-        ASSERT_EQ(Set(key, name, all + name), ERROR_SUCCESS);
+    const std::string keyName = "\"" + all.substr(0, '\\') + all.substr('\\' + 1);
+    ASSERT_EQ(Create(keyName, m_key), ERROR_SUCCESS);
+    const std::string names[] = {"", all, "\"\r\n", " a ,", "end"};
+    for (const std::string& name : names) {
+        ASSERT_EQ(Set(m_key, name, name), ERROR_SUCCESS);
     }
-    ASSERT_EQ(Set(key, "nothing", ""), ERROR_SUCCESS);
-
-    ASSERT_EQ(Open(keyName, key), ERROR_SUCCESS);
-    EXPECT_EQ(Get(key, ""), all);
-    EXPECT_EQ(Get(key, all), all + all);
-    EXPECT_EQ(Get(key, "\"\r\n"), all + "\"\r\n");
-    EXPECT_EQ(Get(key, " a ,"), all + " a ,");
-    EXPECT_EQ(Get(key, "END"), all + "end");
-    EXPECT_EQ(Get(key, "nothing"), "");
-    EXPECT_EQ(Get(key, "a"), std::nullopt);
-}
-
-TEST_F(RegistryStore, NamesKeepTheirFirstSpelling) {
-    RegistryKey key = 0;
-    ASSERT_EQ(Create("Software\\ZVK", key), ERROR_SUCCESS);
-    ASSERT_EQ(Set(key, "Reminder", "112026"), ERROR_SUCCESS);
-    ASSERT_EQ(Create("SOFTWARE\\zvk", key), ERROR_SUCCESS);
-    ASSERT_EQ(Set(key, "REMINDER", "122026"), ERROR_SUCCESS);
-    EXPECT_EQ(ReadFile(StoreFile()), "\"key\",\"\"\r\n"
-                                     "\"key\",\"Software\"\r\n"
-                                     "\"key\",\"Software\\ZVK\"\r\n"
-                                     "\"value\",\"Reminder\",1,313232303236\r\n"
-                                     "\"end\"\r\n");
+    ASSERT_EQ(Open(keyName, m_key), ERROR_SUCCESS);
+    for (const std::string& name : names) {
+        EXPECT_EQ(Get(m_key, name), name);
+    }
+    EXPECT_EQ(Get(m_key, "a"), std::nullopt);
 }
 
 TEST_F(RegistryStore, QueriesTellTypeAndSize) {
-    RegistryKey key = 0;
-    ASSERT_EQ(Create("Key", key), ERROR_SUCCESS);
-    ASSERT_EQ(Set(key, "number", std::string("\1\2\3\4"), REG_DWORD), ERROR_SUCCESS);
-    const struct {
-        std::uint32_t room;
-        RegistryStatus status;
-        std::string buffer;
-    } rows[] = {
-        {0, ERROR_MORE_DATA, "??????"},
-        {3, ERROR_MORE_DATA, "\1\2\3???"},
-        {4, ERROR_SUCCESS, "\1\2\3\4??"},
-        {6, ERROR_SUCCESS, "\1\2\3\4??"},
-    };
-    for (const auto& row : rows) {
+    ASSERT_EQ(Create("Key", m_key), ERROR_SUCCESS);
+    ASSERT_EQ(Set(m_key, "number", std::string("\1\2\3\4"), REG_DWORD), ERROR_SUCCESS);
+    const std::pair<std::uint32_t, std::string> rows[] = {
+        {0, "??????"}, {3, "\1\2\3???"}, {4, "\1\2\3\4??"}, {6, "\1\2\3\4??"}};
+    for (const auto& [room, expected] : rows) {
         std::string buffer = "??????";
         std::uint32_t type = 0;
-        std::uint32_t size = row.room;
+        std::uint32_t size = room;
         EXPECT_EQ(
-            RegQueryValueExA(key, "number", type, reinterpret_cast<unsigned char*>(buffer.data()), size),
-            row.status)
-            << row.room;
+            RegQueryValueExA(m_key, "number", type, reinterpret_cast<unsigned char*>(buffer.data()), size),
+            room < 4 ? ERROR_MORE_DATA : ERROR_SUCCESS);
         EXPECT_EQ(type, REG_DWORD);
         EXPECT_EQ(size, 4U);
-        EXPECT_EQ(buffer, row.buffer) << row.room;
+        EXPECT_EQ(buffer, expected);
     }
 }
 
 TEST_F(RegistryStore, ClosedAndUnknownHandlesAreRefused) {
-    RegistryKey key = 0;
-    ASSERT_EQ(Create("Key", key), ERROR_SUCCESS);
-    EXPECT_EQ(RegCloseKey(key), ERROR_SUCCESS);
-    EXPECT_EQ(RegCloseKey(HKEY_CURRENT_USER), ERROR_SUCCESS);
-    for (const RegistryKey handle : {key, RegistryKey{0}, RegistryKey{0x80000002}}) {
+    ASSERT_EQ(Create("Key", m_key), ERROR_SUCCESS);
+    EXPECT_EQ(RegCloseKey(m_key), ERROR_SUCCESS);
+    for (const RegistryKey handle : {m_key, RegistryKey{0}, RegistryKey{0x80000002}}) {
         RegistryKey result = 7;
-        std::uint32_t type = 0;
         std::uint32_t size = 0;
+        std::uint32_t type = 0;
         EXPECT_EQ(Open("Key", result, handle), ERROR_INVALID_HANDLE);
         EXPECT_EQ(Create("Key", result, handle), ERROR_INVALID_HANDLE);
         EXPECT_EQ(result, 0U);
@@ -160,29 +117,14 @@ TEST_F(RegistryStore, ClosedAndUnknownHandlesAreRefused) {
 }
 
 TEST_F(RegistryStore, ADamagedFileIsAnEmptyStoreThatCanBeWritten) {
-    RegistryKey key = 0;
-    ASSERT_EQ(Create("Key", key), ERROR_SUCCESS);
-    ASSERT_EQ(Set(key, "name", "data"), ERROR_SUCCESS);
+    ASSERT_EQ(Create("Key", m_key), ERROR_SUCCESS);
+    ASSERT_EQ(Set(m_key, "name", "data"), ERROR_SUCCESS);
     const std::string whole = ReadFile(StoreFile());
     const std::string start = "\"key\",\"Key\"\r\n\"value\",\"name\",";
-    std::string tooLarge;
-    while (tooLarge.size() <= 1'048'576) {
-        tooLarge += start + "1,00\r\n";
+    std::vector<std::string> contents{std::string(5'000'000, '\0'), whole + "more", "\"else\"\r\n" + whole};
+    for (const char* value : {"1,1", "1,0x", "1,+1", "-1,00", "4294967296,00", ""}) {
+        contents.push_back(start + value + "\r\n\"end\"\r\n");
     }
-    tooLarge += whole;
-    std::vector<std::string> contents{
-        "",
-        std::string(5'000'000, '\0'),
-        tooLarge,
-        whole + "more",
-        start + "1,1\r\n\"end\"\r\n",
-        start + "1,0x\r\n\"end\"\r\n",
-        start + "1,+1\r\n\"end\"\r\n",
-        start + "-1,00\r\n\"end\"\r\n",
-        start + "4294967296,00\r\n\"end\"\r\n",
-        start + "\r\n\"end\"\r\n",
-        "\"else\"\r\n" + whole,
-    };
     const std::size_t lastItem = whole.find("end") + 3;
     for (std::size_t length = 0; length < lastItem; length += 3) {
         contents.push_back(whole.substr(0, length));
@@ -190,48 +132,36 @@ TEST_F(RegistryStore, ADamagedFileIsAnEmptyStoreThatCanBeWritten) {
     for (const std::string& content : contents) {
         SCOPED_TRACE(content.substr(0, 100));
         WriteFile(StoreFile(), content);
-        EXPECT_EQ(Get(key, "name"), std::nullopt);
-        RegistryKey opened = 0;
-        EXPECT_EQ(Open("Key", opened), ERROR_FILE_NOT_FOUND);
-        EXPECT_EQ(Set(key, "name", "data"), ERROR_SUCCESS);
-        EXPECT_EQ(Open("Key", opened), ERROR_SUCCESS);
-        EXPECT_EQ(Get(opened, "name"), "data");
+        EXPECT_EQ(Get(m_key, "name"), std::nullopt);
+        EXPECT_EQ(Set(m_key, "name", "data"), ERROR_SUCCESS);
+        EXPECT_EQ(Get(m_key, "name"), "data");
     }
 }
 
 TEST_F(RegistryStore, IsDeniedWhereTheFileCannotBe) {
     WriteFile(m_folder.File("file"), "");
     for (const std::string& path : {std::string(), m_folder.Path(), m_folder.File("file/registry")}) {
-        SCOPED_TRACE(path);
-        RegistryKey key = 7;
-        std::uint32_t type = 0;
-        std::uint32_t size = 0;
         SetRegistryFile(path);
-        EXPECT_EQ(Create("Key", key), ERROR_ACCESS_DENIED);
-        EXPECT_EQ(key, 0U);
+        EXPECT_EQ(Create("Key", m_key), ERROR_ACCESS_DENIED);
+        EXPECT_EQ(m_key, 0U);
         EXPECT_EQ(Set(HKEY_CURRENT_USER, "name", "x"), ERROR_ACCESS_DENIED);
-        EXPECT_NE(Open("Key", key), ERROR_SUCCESS);
-        EXPECT_NE(RegQueryValueExA(HKEY_CURRENT_USER, "name", type, nullptr, size), ERROR_SUCCESS);
+        EXPECT_NE(Open("Key", m_key), ERROR_SUCCESS);
+        EXPECT_EQ(Get(HKEY_CURRENT_USER, "name"), std::nullopt);
     }
 }
 
 TEST_F(RegistryStore, WhatCouldNotBeReadAgainIsDenied) {
-    RegistryKey key = 0;
-    ASSERT_EQ(Create("Key", key), ERROR_SUCCESS);
-    EXPECT_EQ(Set(key, "large", std::string(32'768, '\xFF')), ERROR_SUCCESS);
-    EXPECT_EQ(Set(key, "larger", std::string(32'769, '\xFF')), ERROR_ACCESS_DENIED);
-    EXPECT_EQ(Set(key, std::string(4'096, '"'), "x"), ERROR_SUCCESS);
-    EXPECT_EQ(Set(key, std::string(4'097, '"'), "x"), ERROR_ACCESS_DENIED);
-    RegistryKey deep = 7;
-    EXPECT_EQ(Create(std::string(4'097, 'k'), deep), ERROR_ACCESS_DENIED);
-    EXPECT_EQ(deep, 0U);
-
-    RegistryStatus status = ERROR_SUCCESS;
-    for (int count = 0; count < 100 && status == ERROR_SUCCESS; ++count) {
-        status = Set(key, "value " + std::to_string(count), std::string(32'768, '\xFF'));
+    const std::string large(32'768, '\xFF');
+    ASSERT_EQ(Create("Key", m_key), ERROR_SUCCESS);
+    EXPECT_EQ(Set(m_key, "large", large), ERROR_SUCCESS);
+    EXPECT_EQ(Set(m_key, "larger", large + "x"), ERROR_ACCESS_DENIED);
+    EXPECT_EQ(Set(m_key, std::string(4'096, '"'), "x"), ERROR_SUCCESS);
+    EXPECT_EQ(Set(m_key, std::string(4'097, '"'), "x"), ERROR_ACCESS_DENIED);
+    for (int count = 0; count < 20; ++count) {
+        Set(m_key, "value " + std::to_string(count), large);
     }
-    EXPECT_EQ(status, ERROR_ACCESS_DENIED);
-    EXPECT_EQ(Get(key, "large"), std::string(32'768, '\xFF'));
+    EXPECT_EQ(Set(m_key, "one more", large), ERROR_ACCESS_DENIED);
+    EXPECT_EQ(Get(m_key, "large"), large);
 }
 
 } // namespace

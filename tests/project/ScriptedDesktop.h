@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/CommonDialog.h"
-#include "platform/CurrentFolder.h"
 #include "platform/Desktop.h"
+#include "platform/Folders.h"
 #include "platform/InputBox.h"
 #include "platform/MessageBox.h"
 #include "platform/Sound.h"
@@ -17,12 +17,15 @@
 namespace plenair {
 
 // Stands in for the desktop: answers messages, dialogs and input boxes from scripts, and notes everything
-// that reaches it in one log. A box or dialog that the script doesn't expect fails the test, and so does a
-// leftover.
+// that reaches it in one log. What the script doesn't expect fails the test, and so does a leftover.
 class ScriptedDesktop {
   public:
     ScriptedDesktop() : m_folder(CurrentFolder()) {
-        SetMessageBoxProvider([this](const MessageRequest& request) { return Answer(request); });
+        SetMessageBoxProvider([this](const MessageRequest& request) {
+            m_messages.push_back(request);
+            Log.push_back("message: " + request.text);
+            return Next(m_answers, AnswerWhenClosed(request.buttons));
+        });
         SetCommonDialogProvider([this](DialogKind kind, CommonDialog& dialog) { return Show(kind, dialog); });
         SetInputBoxProvider([this](const InputRequest& request) {
             Log.push_back("input: " + request.prompt);
@@ -36,8 +39,7 @@ class ScriptedDesktop {
     }
 
     ~ScriptedDesktop() {
-        EXPECT_TRUE(m_answers.empty() && m_inputs.empty() && m_files.empty())
-            << "something expected didn't come";
+        EXPECT_TRUE(m_answers.empty() && m_inputs.empty() && m_files.empty()) << "something didn't come";
         SetMessageBoxProvider({});
         SetCommonDialogProvider({});
         SetInputBoxProvider({});
@@ -46,14 +48,11 @@ class ScriptedDesktop {
         SetMousePointerProvider({});
         EnterFolder(m_folder);
     }
-
     ScriptedDesktop(const ScriptedDesktop&) = delete;
     ScriptedDesktop& operator=(const ScriptedDesktop&) = delete;
 
     void ExpectMessage(MessageAnswer answer) { m_answers.push_back(answer); }
     void ExpectInput(const std::string& text) { m_inputs.push_back(text); }
-
-    // The dialogs that come: accepted with the path of a file or a number of copies, or cancelled.
     void ExpectFile(const std::string& path) { m_files.push_back(path); }
     void ExpectPrinter(int copies) { m_files.push_back(std::to_string(copies)); }
     void ExpectCancel() { m_files.emplace_back(); }
@@ -77,25 +76,16 @@ class ScriptedDesktop {
         return otherwise;
     }
 
-    MessageAnswer Answer(const MessageRequest& request) {
-        m_messages.push_back(request);
-        Log.push_back("message: " + request.text);
-        return Next(m_answers, AnswerWhenClosed(request.buttons));
-    }
-
     bool Show(DialogKind kind, CommonDialog& dialog) {
         m_lastDialog = dialog;
         Log.emplace_back("dialog");
         const std::string answer = Next(m_files, std::string());
-        if (answer.empty()) {
-            return false;
-        }
         if (kind == DialogKind::Printer) {
-            dialog.Copies = std::stoi(answer);
-        } else {
+            dialog.Copies = answer.empty() ? 0 : std::stoi(answer);
+        } else if (!answer.empty()) {
             dialog.FileName = answer;
         }
-        return true;
+        return !answer.empty();
     }
 
     std::deque<MessageAnswer> m_answers;

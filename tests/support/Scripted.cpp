@@ -2,8 +2,8 @@
 
 #include "core/Settings.h"
 #include "core/modRegistry.h"
+#include "platform/Folders.h"
 #include "platform/NumberText.h"
-#include "platform/TextFiles.h"
 
 #include <gtest/gtest.h>
 

@@ -15,12 +15,9 @@ class ScriptedMessages {
   public:
     ScriptedMessages();
     ~ScriptedMessages();
-    ScriptedMessages(const ScriptedMessages&) = delete;
-    ScriptedMessages& operator=(const ScriptedMessages&) = delete;
 
     void Expect(MessageAnswer answer) { m_answers.push_back(answer); }
     const std::vector<MessageRequest>& Asked() const { return m_asked; }
-
     // Text of the last box; empty if there was none.
     std::string LastText() const { return m_asked.empty() ? std::string() : m_asked.back().text; }
 
@@ -36,8 +33,6 @@ class ProgramEnvironment {
   public:
     ProgramEnvironment();
     ~ProgramEnvironment();
-    ProgramEnvironment(const ProgramEnvironment&) = delete;
-    ProgramEnvironment& operator=(const ProgramEnvironment&) = delete;
 
     const TemporaryFolder& Folder() const { return m_folder; }
     void SetToday(int year, int month, int day);

@@ -1,6 +1,9 @@
 #include "lite/CalculationLog.h"
-#include "platform/CurrentFolder.h"
+#include "platform/DateText.h"
+#include "platform/Desktop.h"
 #include "platform/Editor.h"
+#include "platform/Folders.h"
+#include "platform/NumberText.h"
 #include "platform/qt/Desktop.h"
 #include "platform/qt/FileDialogs.h"
 #include "platform/qt/OtherPrograms.h"
@@ -13,8 +16,9 @@
 #include <QMessageBox>
 #include <QTimer>
 
+#include <algorithm>
+#include <array>
 #include <filesystem>
-#include <functional>
 
 namespace plenair {
 namespace {
@@ -32,6 +36,7 @@ class Log : public WindowTest {
     ~Log() override {
         SetCommonDialogProvider({});
         SetEditorProvider({});
+        SetDateLocale({});
         EnterFolder(m_folder);
     }
     void SetUp() override { Start(); }
@@ -39,79 +44,164 @@ class Log : public WindowTest {
     std::string File(const std::string& name) const { return m_environment.Folder().File(name); }
     bool CanRecord() const { return Find<QAction>("mnuFileLog").isEnabled(); }
 
-    // Chooses a menu entry and, in the dialogs that follow, does one step after the other. Escape ends what
-    // is left.
-    void Choose(const std::string& entry, std::vector<std::function<void(QWidget&)>> steps) {
-        const ExpectDialogs expected;
+    void SetRow(int row, const std::array<const char*, 4>& texts) {
+        for (int column = 0; column < 4; ++column) {
+            Window().SetMinorCell(row, column, texts[static_cast<std::size_t>(column)]);
+        }
+    }
+
+    // File dialogs give this path from now on; empty: they are cancelled.
+    static void SetDialogAnswer(const std::string& path) {
+        SetCommonDialogProvider([path](DialogKind, CommonDialog& dialog) {
+            dialog.FileName = path;
+            return !path.empty();
+        });
+    }
+    std::string Save() {
+        SetDialogAnswer(File("log.pnl"));
+        m_messages.Expect(MessageAnswer::Ok);
+        ChooseFromMenu("mnuFile", "mnuFileLog");
+        return ReadFile(File("log.pnl"));
+    }
+
+    struct Step {
+        std::string text;                                           // the name of a file, or what is asked
+        QMessageBox::StandardButton button = QMessageBox::NoButton; // the answer to that
+    };
+    // Chooses a menu entry and does the steps in the dialogs that follow. Escape ends what is left.
+    void Choose(const std::string& entry, const std::vector<Step>& steps) {
+        dialogsExpected = true;
         std::size_t next = 0;
         QTimer timer;
-        timer.setInterval(30);
         QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
             QWidget* const dialog = QApplication::activeModalWidget();
             if (dialog == nullptr || !dialog->isActiveWindow()) {
                 return;
             }
-            if (next < steps.size()) {
-                steps[next++](*dialog);
-            } else {
+            if (next == steps.size()) {
                 QTest::keyClick(dialog, Qt::Key_Escape);
+                return;
+            }
+            const Step& step = steps[next++];
+            if (auto* const box = qobject_cast<QMessageBox*>(dialog)) {
+                EXPECT_TRUE(box->text().contains(step.text.c_str())) << box->text().toStdString();
+                QTest::mouseClick(box->button(step.button), Qt::LeftButton);
+            } else {
+                auto* const name = dialog->findChild<QLineEdit*>();
+                name->setText(QString::fromStdString(step.text));
+                QTest::keyClick(name, Qt::Key_Return);
             }
         });
-        timer.start();
+        timer.start(30);
         ChooseFromMenu("mnuFile", entry);
         EXPECT_EQ(next, steps.size()) << "dialogs that didn't come";
     }
 
-    static std::function<void(QWidget&)> NameFile(const std::string& name) {
-        return [name](QWidget& dialog) {
-            auto* const box = dialog.findChild<QLineEdit*>();
-            ASSERT_NE(box, nullptr) << dialog.windowTitle().toStdString();
-            box->setText(QString::fromStdString(name));
-            QTest::keyClick(box, Qt::Key_Return);
-        };
-    }
-
-    static std::function<void(QWidget&)> Answer(const char* asked, QMessageBox::StandardButton button) {
-        return [=](QWidget& dialog) {
-            auto* const box = qobject_cast<QMessageBox*>(&dialog);
-            ASSERT_NE(box, nullptr);
-            EXPECT_TRUE(box->text().contains(asked)) << box->text().toStdString();
-            QTest::mouseClick(box->button(button), Qt::LeftButton);
-        };
-    }
-
     std::string m_edited;
-
-  private:
     std::string m_folder;
 };
 
-TEST_F(Log, RowsAreRecordedByKeyAndButton) {
-    Press(Qt::Key_3, Qt::AltModifier);
-    EXPECT_EQ(LogCount, 0) << "nothing is shown yet";
-    EXPECT_EQ(Focused(), "txtInputB");
+TEST_F(Log, ClicksThatRecordAndThatDoNot) {
     FillTable();
-    Press(Qt::Key_H, Qt::AltModifier);
+    const struct {
+        const char *name, *inputA, *inputB;
+        int currentRow, currentColumn, clicked;
+        bool records;
+    } rows[] = {
+        {"after a calculation", "500", "300", 0, 0, 2, true},
+        {"after a recording", "500", "300", 2, 3, 0, true},
+        {"the same row again", "500", "300", 2, 3, 2, true},
+        {"no flow", "", "300", 0, 0, 2, false},
+        {"no height", "500", "", 0, 0, 2, false},
+        {"an input that is no number", "5oo", "300", 0, 0, 2, false},
+        {"a height that is no number", "500", "3oo", 0, 0, 2, true},
+        {"the current cell is blank, the row is not", "500", "300", 1, 0, 2, false},
+        {"the row is blank, the current cell is not", "500", "300", 2, 3, 1, false},
+        {"the row holds the flow of an analysis", "500", "300", 2, 3, 3, false},
+        {"a width of 0", "500", "300", 2, 3, 4, false},
+    };
+    SetRow(1, {"", "", "", ""});
+    SetRow(3, {"", "( 512", "L/s )", ""});
+    SetRow(4, {"0", "300", "4.50", "0.69"});
+    const auto& grid = Find<MSFlexGrid>("grdMinorCalc");
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        ResetLog(Window());
+        Box("txtInputA").SetText(row.inputA);
+        Box("txtInputB").SetText(row.inputB);
+        Window().FocusInputB();
+        Window().SetCurrentCell(row.currentRow, row.currentColumn);
+        Click("cmdLog(" + std::to_string(row.clicked) + ")");
+        EXPECT_EQ(LogCount, row.records ? 1 : 0);
+        EXPECT_EQ(CanRecord(), row.records);
+        EXPECT_EQ(Focused(), row.records ? "txtInputA" : "txtInputB");
+        EXPECT_EQ(grid.Row(), row.records ? row.clicked : row.currentRow);
+        EXPECT_EQ(grid.Col(), row.records ? 3 : row.currentColumn);
+    }
+}
+
+TEST_F(Log, FileInTwoLocales) {
+    const std::string headings = "Flow\tWidth\tHeight\tRatio\tVel\tPa/m\tCalculation Basis\r\n";
+    SetClock([] { return LocalTime{2026, 11, 8, 17, 7, 59, 0}; });
+    FillTable();
+    Press(Qt::Key_1, Qt::AltModifier);
+    Box("txtInputA").SetText("1234567.8");
+    SetRow(2, {"300", "1000", "12.50", "0.00"});
+    Settings.CalcBasis = 3;
     Press(Qt::Key_3, Qt::AltModifier);
-    EXPECT_TRUE(HasFocusSelected("txtInputA"));
-    Click("cmdLog(4)");
-    EXPECT_EQ(Table(), FilledTable);
-    EXPECT_TRUE(CanRecord());
-    ASSERT_EQ(LogCount, 2);
-    EXPECT_EQ(LogRows[0].Height, 300);
-    EXPECT_EQ(LogRows[1].Vel, 4.61F);
-    Unfold();
-    Click("optCalcBasis(3)");
-    Enter("txtInputA", "500");
-    Press(Qt::Key_Return);
-    Click("cmdLog(1)");
-    EXPECT_EQ(LogCount, 2) << "an analysis fills row 2 alone";
+    Press(Qt::Key_3, Qt::AltModifier);
+    EXPECT_EQ(Save(), "Plenair Minor Calculation Log\r\n08-Nov-26\r\n05:07 PM\r\n" + headings +
+                          "500\t450\t250\t1.8\t4.74\t0.72\t0\r\n"
+                          "1234568\t300\t1000\t3.3\t12.5\t0\t3\r\n"
+                          "1234568\t300\t1000\t3.3\t12.5\t0\t3\r\n");
+    EXPECT_EQ(m_messages.LastText(), "Plenair Minor Calculation Log Saved.\nThe Log has been reset");
+    EXPECT_EQ(LogCount, 0);
+    EXPECT_FALSE(CanRecord());
+
+    SetNumberLocale({.decimalMark = ",", .groupMark = "."});
+    DateLocale dates;
+    dates.order = DateOrder::YearMonthDay;
+    dates.shortMonths[10] = "nov.";
+    SetDateLocale(dates);
+    Box("txtInputA").SetText("0,05");
+    SetRow(0, {"450", "250", "4,74", "0,72"});
+    Settings.CalcBasis = 0;
+    Press(Qt::Key_1, Qt::AltModifier);
+    EXPECT_EQ(Save(), "Plenair Minor Calculation Log\r\n26-nov.-08\r\n05:07 PM\r\n" + headings +
+                          "0,05\t450\t250\t1,8\t4,74\t0,72\t0\r\n");
+}
+
+TEST_F(Log, FullLogBeepsAndStaysUsable) {
+    int beeps = 0;
+    SetBeepProvider([&] { ++beeps; });
+    FillTable();
+    Click("cmdLog(0)");
+    LogCount = 32766;
+    LogRows.resize(32766, LogRows[0]);
     Click("cmdLog(2)");
-    ASSERT_EQ(LogCount, 2) << "row 4, column 3 is the current cell, and blank";
-    Window().SetCurrentCell(2, 0);
+    Click("cmdLog(0)");
+    EXPECT_EQ(LogCount, 32767);
+    EXPECT_EQ(beeps, 1);
+    SetBeepProvider({});
+    const std::string text = Save();
+    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 4 + 32767);
+    EXPECT_TRUE(text.ends_with("500\t375\t300\t1.3\t4.68\t0.69\t0\r\n"));
+}
+
+TEST_F(Log, WhatCannotBeSavedOrOpenedChangesNothing) {
+    FillTable();
     Click("cmdLog(2)");
-    ASSERT_EQ(LogCount, 3);
-    EXPECT_EQ(LogRows[2].Basis, 3);
+    std::filesystem::create_directory(File("folder.pnl"));
+    for (const std::string& path : {std::string(), File("missing/log.pnl"), File("folder.pnl")}) {
+        SetDialogAnswer(path);
+        RecordLog(Window());
+        EXPECT_EQ(LogCount, 1);
+        EXPECT_TRUE(CanRecord());
+    }
+    Settings.DefPath = "/where it was";
+    SetEditorProvider([](const std::string&) { return false; });
+    OpenLog(Window());
+    EXPECT_EQ(Settings.DefPath, "/where it was") << "no editor";
 }
 
 TEST_F(Log, SavingAsksBeforeItReplacesAFile) {
@@ -121,66 +211,35 @@ TEST_F(Log, SavingAsksBeforeItReplacesAFile) {
     EXPECT_TRUE(CanRecord()) << "cancelled";
     WriteFile(File("old.pnl"), "old");
     m_messages.Expect(MessageAnswer::Ok);
-    Choose("mnuFileLog",
-           {NameFile("old"), Answer("old.pnl already exists", QMessageBox::No), NameFile("my new")});
+    Choose("mnuFileLog", {Step{"old"}, Step{"old.pnl already exists", QMessageBox::No}, Step{"my new"}});
     EXPECT_EQ(ReadFile(File("old.pnl")), "old");
     EXPECT_TRUE(ReadFile(File("my new.pnl")).ends_with("500\t375\t300\t1.3\t4.68\t0.69\t0\r\n"));
     EXPECT_EQ(CurrentFolder(), m_environment.Folder().Path());
-    EXPECT_FALSE(CanRecord());
-
     Click("cmdLog(2)");
     m_messages.Expect(MessageAnswer::Ok);
-    Choose("mnuFileLog", {NameFile("old.pnl"), Answer("old.pnl already exists", QMessageBox::Yes)});
-    EXPECT_EQ(ReadFile(File("old.pnl")), ReadFile(File("my new.pnl")));
+    Choose("mnuFileLog", {Step{"old.pnl"}, Step{"old.pnl already exists", QMessageBox::Yes}});
+    EXPECT_EQ(ReadFile(File("old.pnl")), ReadFile(File("my new.pnl"))) << "replaced, nothing is appended";
 }
 
-TEST_F(Log, OpeningTakesAFileThatIsThere) {
+TEST_F(Log, OpeningShowsTheFileInTheEditor) {
     const std::string other = File("other");
     std::filesystem::create_directory(other);
     WriteFile(other + "/my log.pnl", "");
     WriteFile(other + "/plain", "");
-    Choose("mnuFileLogOpen", {NameFile("missing"), Answer("no such file", QMessageBox::Ok)});
-    EXPECT_EQ(m_edited, "");
-    EXPECT_EQ(Settings.DefPath, m_environment.Folder().Path());
-    Choose("mnuFileLogOpen", {NameFile(other + "/my log")});
+    Choose("mnuFileLogOpen", {Step{other + "/my log"}});
     EXPECT_EQ(m_edited, other + "/my log.pnl");
     EXPECT_EQ(Settings.DefPath, other);
     m_edited.clear();
-    Choose("mnuFileLogOpen", {NameFile("plain")}); // the dialog opens in the last folder
+    Choose("mnuFileLogOpen", {Step{"plain"}}); // the dialog opens in the last folder
     EXPECT_EQ(m_edited, other + "/plain");
 }
 
-TEST_F(Log, AFolderThatMustBeThere) {
-    CommonDialog dialog;
-    dialog.InitDir = m_environment.Folder().Path();
-    dialog.DefaultExt = "gsp";
-    const std::pair<int, const char*> rows[] = {{PathMustExist, ""}, {0, "missing/plant.gsp"}};
-    for (const auto& [flags, expected] : rows) {
-        dialog.Flags = flags;
-        // Any menu entry will do.
-        Window().OpenLog = [&] { dialog.ShowSave(); };
-        std::vector<std::function<void(QWidget&)>> steps = {NameFile(File("missing/plant"))};
-        if (flags == PathMustExist) {
-            steps.push_back(Answer("no such folder", QMessageBox::Ok));
-        }
-        Choose("mnuFileLogOpen", steps);
-        EXPECT_EQ(dialog.FileName, *expected == '\0' ? "" : File(expected));
-    }
-}
-
-TEST(FileDialogs, FiltersShowEachPatternOnce) {
+TEST(Desktop, FiltersAndDates) {
     EXPECT_EQ(NameFilters("Plenair Logs (*.pnl)|*.pnl|All Files (*.*)|*.*").join('|'),
               "Plenair Logs (*.pnl)|All Files (*)");
     EXPECT_EQ(NameFilters("Both|*.gsp;*.Gus|rest").join('|'), "Both (*.gsp *.Gus)");
-    EXPECT_TRUE(NameFilters("").isEmpty());
-}
-
-TEST(Dates, FollowTheLocaleOfTheDesktop) {
-    const std::pair<const char*, const char*> rows[] = {{"en_GB", "08-Nov-26"},
-                                                        {"en_US", "Nov-08-26"},
-                                                        {"de_DE", "08-Nov-26"},
-                                                        {"ja_JP", "26-11月-08"},
-                                                        {"C", "08-Nov-26"}};
+    const std::pair<const char*, const char*> rows[] = {
+        {"en_GB", "08-Nov-26"}, {"en_US", "Nov-08-26"}, {"ja_JP", "26-11月-08"}};
     for (const auto& [name, text] : rows) {
         SetDateLocale(DatesOf(QLocale(name)));
         EXPECT_EQ(MediumDate({2026, 11, 8, 0, 0, 0, 0}), text) << name;
@@ -188,69 +247,45 @@ TEST(Dates, FollowTheLocaleOfTheDesktop) {
     SetDateLocale({});
 }
 
-// Programs of the desktop, of which scripts stand in for all. Each notes its name and its arguments.
-class Programs : public testing::Test {
-  protected:
-    Programs() : m_path(qgetenv("PATH")), m_data(qgetenv("XDG_DATA_HOME")) {
-        qputenv("PATH", (m_folder.Path() + ":/bin:/usr/bin").c_str());
-        qputenv("XDG_DATA_HOME", m_folder.Path().c_str());
-        std::filesystem::create_directory(m_folder.File("applications"));
+// Scripts stand in for all programs of the desktop. Each notes its name and its arguments.
+TEST(Programs, TheEditorAndThePlayerAreThoseOfTheDesktop) {
+    const TemporaryFolder folder;
+    const QByteArray path = qgetenv("PATH");
+    const QByteArray data = qgetenv("XDG_DATA_HOME");
+    qputenv("PATH", (folder.Path() + ":/bin:/usr/bin").c_str());
+    qputenv("XDG_DATA_HOME", folder.Path().c_str());
+    const auto add = [&](const std::string& name, const std::string& does) {
+        WriteFile(folder.File(name), "#!/bin/sh\n" + does + "\n");
+        std::filesystem::permissions(folder.File(name), std::filesystem::perms::owner_all);
+    };
+    const std::string part = folder.File("part");
+    const std::string note = folder.File("note");
+    for (const char* name : {"gnome-text-editor", "notes", "x-terminal-emulator", "aplay"}) {
+        add(name, "(printf '%s' \"${0##*/}\"; for a; do printf '[%s]' \"$a\"; done) > '" + part + "'; mv '" +
+                      part + "' '" + note + "'");
     }
-    ~Programs() override {
-        qputenv("PATH", m_path);
-        m_data.isNull() ? qunsetenv("XDG_DATA_HOME") : qputenv("XDG_DATA_HOME", m_data);
-    }
-
-    void AddProgram(const std::string& name, const std::string& does) {
-        WriteFile(m_folder.File(name), "#!/bin/sh\n" + does + "\n");
-        std::filesystem::permissions(m_folder.File(name), std::filesystem::perms::owner_all);
-    }
-    void AddNotingProgram(const std::string& name) {
-        AddProgram(name, "(echo \"${0##*/}\"; for a; do echo \"[$a]\"; done) > '" + m_folder.File("part") +
-                             "'; mv '" + m_folder.File("part") + "' '" + m_folder.File("noted") + "'");
-    }
-    std::string Noted() {
-        EXPECT_TRUE(QTest::qWaitFor([this] { return std::filesystem::exists(m_folder.File("noted")); }));
-        const std::string noted = ReadFile(m_folder.File("noted"));
-        std::filesystem::remove(m_folder.File("noted"));
-        return noted;
-    }
-
-    TemporaryFolder m_folder;
-
-  private:
-    QByteArray m_path;
-    QByteArray m_data;
-};
-
-TEST_F(Programs, TheEditorIsThatOfTheDesktopElseACommonOne) {
+    const auto noted = [&] {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return std::filesystem::exists(note); }));
+        const std::string text = ReadFile(note);
+        std::filesystem::remove(note);
+        return text;
+    };
     const std::string log = "/logs/my $log; \"1\".pnl";
-    AddNotingProgram("gnome-text-editor");
-    AddNotingProgram("notes");
-    AddNotingProgram("x-terminal-emulator");
     EXPECT_TRUE(EditByOtherProgram(log));
-    EXPECT_EQ(Noted(), "gnome-text-editor\n[" + log + "]\n") << "the desktop names none";
-    AddProgram("xdg-mime", "test \"$*\" = 'query default text/plain' && echo notes.desktop");
+    EXPECT_EQ(noted(), "gnome-text-editor[" + log + "]") << "the desktop names none";
+    add("xdg-mime", "test \"$*\" = 'query default text/plain' && echo notes.desktop");
+    std::filesystem::create_directory(folder.File("applications"));
+    WriteFile(folder.File("applications/notes.desktop"),
+              "[Desktop Entry]\nExec=notes --new %f\nTerminal=true\n");
     EXPECT_TRUE(EditByOtherProgram(log));
-    EXPECT_EQ(Noted(), "gnome-text-editor\n[" + log + "]\n") << "it names one that is gone";
-    WriteFile(m_folder.File("applications/notes.desktop"), "[Desktop Entry]\nExec=notes --new %f\n");
-    EXPECT_TRUE(EditByOtherProgram(log));
-    EXPECT_EQ(Noted(), "notes\n[--new]\n[" + log + "]\n");
-    WriteFile(m_folder.File("applications/notes.desktop"), "[Desktop Entry]\nExec=notes\nTerminal=true\n");
-    EXPECT_TRUE(EditByOtherProgram(log));
-    EXPECT_EQ(Noted(), "x-terminal-emulator\n[-e]\n[notes]\n[" + log + "]\n");
-}
-
-TEST_F(Programs, TheCallGoesToTheFirstPlayer) {
-    AddNotingProgram("aplay");
+    EXPECT_EQ(noted(), "x-terminal-emulator[-e][notes][--new][" + log + "]");
     PlayByOtherProgram("/a b/Gus.psg");
-    EXPECT_EQ(Noted(), "aplay\n[--quiet]\n[--nonblock]\n[/a b/Gus.psg]\n");
-    AddNotingProgram("paplay");
-    PlayByOtherProgram("/a b/Gus.psg");
-    EXPECT_EQ(Noted(), "paplay\n[/a b/Gus.psg]\n");
-    qputenv("PATH", m_folder.File("applications").c_str());
+    EXPECT_EQ(noted(), "aplay[--quiet][--nonblock][/a b/Gus.psg]");
+    qputenv("PATH", folder.File("applications").c_str());
     PlayByOtherProgram("/a b/Gus.psg"); // silence
-    EXPECT_FALSE(EditByOtherProgram("/a b/Gus.psg"));
+    EXPECT_FALSE(EditByOtherProgram(log));
+    qputenv("PATH", path);
+    data.isNull() ? qunsetenv("XDG_DATA_HOME") : qputenv("XDG_DATA_HOME", data);
 }
 
 } // namespace

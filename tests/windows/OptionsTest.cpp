@@ -19,8 +19,8 @@ class Options : public WindowTest {
   protected:
     void SetUp() override { Start(); }
 
-    // Opens the options from the menu, or by `open`, and works on them; `steps` must close them.
-    void WithOptions(const std::function<void()>& steps, const std::function<void()>& open = {}) {
+    // Opens the options from the menu and works on them; `steps` must close them.
+    void WithOptions(const std::function<void()>& steps) {
         bool opened = false;
         QTimer timer;
         QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
@@ -35,12 +35,7 @@ class Options : public WindowTest {
             m_options->hide();
         });
         timer.start(5);
-        if (open) {
-            open();
-        } else {
-            ChooseFromMenu("mnuEdit", "mnuEditOptions");
-        }
-        m_options = nullptr;
+        ChooseFromMenu("mnuEdit", "mnuEditOptions");
         EXPECT_TRUE(opened);
     }
 
@@ -48,71 +43,54 @@ class Options : public WindowTest {
     Control& Get(const std::string& name) const {
         return *m_options->findChild<Control*>(QString::fromStdString(name));
     }
-    TextBox& OptionBox(const std::string& name) const { return Get<TextBox>(name); }
-
     void EnterOption(const std::string& name, const std::string& text) const {
-        ClickOn(&OptionBox(name));
-        OptionBox(name).SelectAll();
+        ClickOn(&Get<TextBox>(name));
+        Get<TextBox>(name).SelectAll();
         text.empty() ? Press(Qt::Key_Delete) : Type(text.c_str());
     }
+    void ClickOption(const std::string& name) const { ClickOn(&Get<QWidget>(name)); }
 
-    void Ok() const { ClickOn(&Get<Button>("cmdOK")); }
-    void Cancel() const { ClickOn(&Get<Button>("cmdCancel")); }
-
-    // The option that is on, or -1.
-    int BasisShown() const {
+    // What the options show: the basis that is on, or -1, and the numbers.
+    std::string Shown() const {
         int on = -1;
         for (int i = 0; i < 4; ++i) {
             on = Get<Option>("optCalcBasis(" + std::to_string(i) + ")").isChecked() ? i : on;
         }
-        return on;
-    }
-
-    // The numbers shown, with blanks between.
-    std::string Numbers() const {
-        std::string numbers;
+        std::string shown = std::to_string(on);
         for (const char* box : kBoxes) {
-            numbers += (numbers.empty() ? "" : " ") + OptionBox(box).Text();
+            shown += " " + Get<TextBox>(box).Text();
         }
-        return numbers;
+        return shown;
     }
 
-    std::string File(const std::string& name = "User.cfg") const {
-        return ReadFile(m_environment.Folder().File(name));
-    }
+    std::string File() const { return ReadFile(m_environment.Folder().File("User.cfg")); }
 
     frmInputs* m_options = nullptr;
 };
 
 TEST_F(Options, ShowTheFileAndForgetWhatChangedInMemory) {
-    FillTable(); // steps MaxLPM
     Unfold();
     Enter("txtCalcBasis(0)", "3");
-    EXPECT_EQ(Settings.MaxLPM, 3);
     WithOptions([this] {
         EXPECT_EQ(Get<Label>("lblConfigFile").text(), "User.cfg");
-        EXPECT_EQ(OptionBox("txtDefPath").Text(), m_environment.Folder().Path());
-        EXPECT_EQ(BasisShown(), 0);
-        EXPECT_EQ(Numbers(), "0.8 5 500 25 26 0.00015 0.002");
-        Cancel();
+        EXPECT_EQ(Get<TextBox>("txtDefPath").Text(), m_environment.Folder().Path());
+        EXPECT_EQ(Shown(), "0 0.8 5 500 25 26 0.00015 0.002");
+        ClickOption("cmdCancel");
     });
     EXPECT_EQ(Settings.MaxLPM, 0.8);
     EXPECT_EQ(Text("txtCalcBasis(0)"), "3") << "the window is not brought up to date";
 }
 
 TEST_F(Options, OkStoresSavesAndRefreshesTheWindow) {
-    NumberLocale german;
-    german.decimalMark = ",";
-    german.groupMark = ".";
-    SetNumberLocale(german);
+    SetNumberLocale({.decimalMark = ",", .groupMark = "."});
     Unfold();
     Click("optCalcBasis(4)");
     Enter("txtCalcBasis(4)", "4,4");
     Enter("txtInputA", "500");
     WithOptions([this] {
-        EXPECT_EQ(BasisShown(), 0) << "that of the file";
+        EXPECT_EQ(Shown().substr(0, 2), "0 ") << "that of the file";
         EnterOption("txtDefPath", "/no such, \"folder\"");
-        ClickOn(&Get<Option>("optCalcBasis(2)"));
+        ClickOption("optCalcBasis(2)");
         EXPECT_EQ(Settings.CalcBasis, 2) << "at once";
         const char* numbers[] = {"1,5", "6", "1.000", "24,5", "-3", "0,0003", "4E-03"};
         for (std::size_t i = 0; i < std::size(kBoxes); ++i) {
@@ -125,14 +103,19 @@ TEST_F(Options, OkStoresSavesAndRefreshesTheWindow) {
               "\"/no such, \"\"folder\"\"\"\r\n2\r\n1.5\r\n6\r\n1000\r\n24\r\n-3\r\n0.0003\r\n0.004\r\n");
     EXPECT_EQ(Settings.DefPath, "/no such, \"folder\"");
     EXPECT_EQ(Settings.RoundOff, 24) << "halves to even";
-    EXPECT_EQ(Settings.SurfaceRoughness2, 0.004);
-    const std::pair<const char*, const char*> shown[] = {
-        {"txtCalcBasis(0)", "1,5"}, {"txtCalcBasis(1)", "6"},    {"txtCalcBasis(2)", "1,5"},
-        {"txtCalcBasis(9)", "6"},   {"txtCalcBasis(3)", "1000"}, {"txtCalcBasis(4)", "4,4"}};
-    for (const auto& [box, text] : shown) {
-        EXPECT_EQ(Text(box), text) << box;
-    }
+    EXPECT_EQ(BasisTexts(), "1,5 6 1,5 1000 4,4 6 ");
     EXPECT_TRUE(Find<Option>("optCalcBasis(2)").isChecked());
+    EXPECT_TRUE(HasFocusSelected("txtInputA"));
+}
+
+TEST_F(Options, OkThatChangesOnlyTheBasisBlanksTheTable) {
+    Unfold();
+    Click("optCalcBasis(1)");
+    FillTable();
+    EXPECT_FALSE(IsBlank());
+    WithOptions([this] { ClickOption("cmdOK"); });
+    EXPECT_TRUE(Find<Option>("optCalcBasis(0)").isChecked()) << "that of the file";
+    EXPECT_TRUE(IsBlank());
     EXPECT_TRUE(HasFocusSelected("txtInputA"));
 }
 
@@ -141,7 +124,7 @@ TEST_F(Options, CancelWritesAndRestoresNothing) {
     const std::string before = File();
     WithOptions([this] {
         EnterOption("txtFluidTemp", "40");
-        ClickOn(&Get<Option>("optCalcBasis(3)"));
+        ClickOption("optCalcBasis(3)");
         Press(Qt::Key_C, Qt::AltModifier);
     });
     EXPECT_EQ(File(), before);
@@ -151,86 +134,39 @@ TEST_F(Options, CancelWritesAndRestoresNothing) {
     EXPECT_EQ(Table(), FilledTable);
 }
 
-TEST_F(Options, WhatIsNoNumberIsRefused) {
+TEST_F(Options, WhatIsNoNumberOrCannotBeWrittenIsRefused) {
     const std::string before = File();
-    const std::pair<const char*, const char*> rows[] = {
-        {"txtMaxLPM", "1,5"},         {"txtMaxVelocity", ""},    {"txtAnalysis", "x"},
-        {"txtRoundOff", "32767.5"},   {"txtFluidTemp", "1e999"}, {"txtSurfaceRoughness1", "0.1 m"},
-        {"txtSurfaceRoughness2", " "}};
+    const std::string path = m_environment.Folder().File("User.cfg");
+    const char* texts[] = {"1,5", "", "x", "32767.5", "1e999", "0.1 m", " "};
     WithOptions([&] {
         EnterOption("txtDefPath", "/elsewhere");
-        for (const auto& [box, text] : rows) {
-            SCOPED_TRACE(box);
-            const std::string good = OptionBox(box).Text();
-            EnterOption(box, text);
+        for (std::size_t i = 0; i < std::size(kBoxes); ++i) {
+            const auto& box = Get<TextBox>(kBoxes[i]);
+            SCOPED_TRACE(kBoxes[i]);
+            const std::string good = box.Text();
+            EnterOption(kBoxes[i], texts[i]);
             m_messages.Expect(MessageAnswer::Ok);
-            Ok();
-            EXPECT_NE(m_messages.LastText().find(OptionBox(box).accessibleName().toStdString()),
-                      std::string::npos);
-            EXPECT_NE(m_messages.LastText().find("\"" + std::string(text) + "\""), std::string::npos);
-            EXPECT_EQ(Focused(), box);
-            EXPECT_EQ(OptionBox(box).selectedText().toStdString(), text);
+            ClickOption("cmdOK");
+            for (const std::string& part : {box.accessibleName().toStdString(), "\"" + box.Text() + "\""}) {
+                EXPECT_NE(m_messages.LastText().find(part), std::string::npos) << part;
+            }
+            EXPECT_EQ(Focused(), kBoxes[i]);
+            EXPECT_EQ(box.selectedText().toStdString(), texts[i]);
             EXPECT_TRUE(m_options->isVisible());
-            EnterOption(box, good);
+            EnterOption(kBoxes[i], good);
         }
-        EXPECT_EQ(Settings.DefPath, m_environment.Folder().Path()) << "nothing at all is stored";
         EXPECT_EQ(File(), before);
-        EnterOption("txtRoundOff", "25.5");
-        Ok();
-    });
-    EXPECT_EQ(Settings.RoundOff, 26);
-    EXPECT_EQ(Settings.DefPath, "/elsewhere");
-}
-
-TEST_F(Options, AFileThatCannotBeWrittenLeavesTheDialogOpen) {
-    const std::string path = m_environment.Folder().File("User.cfg");
-    WithOptions([&] {
         std::filesystem::remove(path);
         std::filesystem::create_directory(path);
-        EnterOption("txtFluidTemp", "40");
         m_messages.Expect(MessageAnswer::Ok);
-        Ok();
+        ClickOption("cmdOK");
         EXPECT_NE(m_messages.LastText().find(path), std::string::npos);
-        EXPECT_NE(m_messages.LastText().find("Is a directory"), std::string::npos);
         EXPECT_TRUE(m_options->isVisible());
-        EXPECT_EQ(Settings.FluidTemp, 26);
-        Cancel();
+        EXPECT_EQ(Settings.DefPath, m_environment.Folder().Path()) << "nothing at all is stored";
+        std::filesystem::remove(path);
+        ClickOption("cmdOK");
     });
-}
-
-TEST_F(Options, AnotherFileAndABasisWithoutAnOption) {
-    std::filesystem::remove(m_environment.Folder().File("User.cfg"));
-    for (const std::int16_t basis : {std::int16_t{4}, std::int16_t{9}, std::int16_t{-1}}) {
-        SettingsRecord settings;
-        settings.ConfigFile = "Büro & Co.cfg";
-        settings.CalcBasis = basis;
-        WriteSettingsFile(settings);
-        WithOptions([this] {
-            EXPECT_EQ(Get<Label>("lblConfigFile").text(), "Büro & Co.cfg");
-            EXPECT_EQ(BasisShown(), -1);
-            Ok();
-        });
-        EXPECT_EQ(Settings.CalcBasis, basis);
-        EXPECT_TRUE(File("Büro & Co.cfg").starts_with("\"\"\r\n" + std::to_string(basis) + "\r\n"));
-        EXPECT_TRUE(Find<Option>("optCalcBasis(4)").isChecked()) << "it was the first of them";
-    }
-    Enter("txtInputB", "300");
-    Enter("txtInputA", "500");
-    Press(Qt::Key_Return);
-    EXPECT_TRUE(IsBlank()) << "there is no such basis";
-}
-
-TEST_F(Options, AFileThatIsGoneIsMadeAnew) {
-    std::filesystem::remove(m_environment.Folder().File("User.cfg"));
-    Settings.FluidTemp = 40;
-    m_messages.Expect(MessageAnswer::Ok);
-    WithOptions([this] {
-        EXPECT_EQ(m_messages.LastText(),
-                  "Configuration File Missing.  Default Values Set and Saved as User.cfg.");
-        EXPECT_EQ(Numbers(), "0.8 5 500 25 26 0.00015 0.002");
-        Cancel();
-    });
-    EXPECT_TRUE(std::filesystem::exists(m_environment.Folder().File("User.cfg")));
+    EXPECT_EQ(Settings.DefPath, "/elsewhere");
 }
 
 TEST_F(Options, KeysGoThroughTheControls) {
@@ -253,32 +189,11 @@ TEST_F(Options, KeysGoThroughTheControls) {
                   "txtDefPath optCalcBasis(0) txtMaxLPM txtMaxVelocity txtAnalysis txtRoundOff (selected) "
                   "txtFluidTemp (selected) txtSurfaceRoughness1 (selected) cmdOK cmdCancel "
                   "txtSurfaceRoughness2 (selected) txtDefPath ");
-        EXPECT_EQ(Focused(), "optCalcBasis(0)");
         Press(Qt::Key_Right);
         EXPECT_EQ(Settings.CalcBasis, 1);
-        Cancel();
+        ClickOption("cmdCancel");
     });
     EXPECT_TRUE(Window().isActiveWindow());
-    Click("cmdMoreInfo");
-    EXPECT_EQ(Focused(), "txtInputA") << "it takes input again";
-}
-
-TEST_F(Options, OverTheSolverTheLiteWindowStaysAsItWas) {
-    ChooseFromMenu("mnuFile", "mnuFileMajor");
-    ASSERT_FALSE(Window().isVisible());
-    QTest::qWait(0);
-    QWidget* const solver = QApplication::activeWindow();
-    ASSERT_NE(solver, nullptr);
-    WithOptions(
-        [this] {
-            EnterOption("txtMaxLPM", "2");
-            ClickOn(&Get<Option>("optCalcBasis(1)"));
-            Ok();
-        },
-        [&] { ClickOn(solver->findChild<QWidget*>("cmdMajorOptions")); });
-    EXPECT_EQ(Settings.MaxLPM, 2);
-    EXPECT_EQ(Text("txtCalcBasis(0)"), "0.8");
-    EXPECT_TRUE(Find<Option>("optCalcBasis(0)").isChecked());
 }
 
 } // namespace

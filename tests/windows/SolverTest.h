@@ -2,7 +2,6 @@
 
 #include "platform/NumberText.h"
 #include "platform/qt/PictureBox.h"
-#include "platform/qt/Twips.h"
 #include "project/ProjectModel.h"
 #include "project/ScriptedDesktop.h"
 #include "project/frmMajorCalc.h"
@@ -11,12 +10,10 @@
 
 #include <QImage>
 #include <QPointer>
-#include <QStyle>
 
 namespace plenair {
 
-// The Project Solver, opened from the menu of the Lite window. Messages, dialogs and sounds come from and go
-// to `desktop`.
+// The Project Solver, opened from the menu of the Lite window.
 class SolverTest : public WindowTest {
   protected:
     void OpenSolver();
@@ -37,37 +34,33 @@ class SolverTest : public WindowTest {
         throw std::runtime_error("no control " + name);
     }
 
-    // A click, at which the desktop makes the window the active one.
-    void ClickOn(const std::string& name) const;
-
-    // A click at a crossing of the grid lines, a few pixels off it.
+    // Clicks, at which the desktop makes the window the active one; on the grid near a crossing of its lines.
+    void ClickOn(const std::string& name) const { ClickAt(Get(name), Get(name).rect().center()); }
     void ClickGrid(int column, int row, Qt::MouseButton button = Qt::LeftButton) const;
 
-    // Ducts along the row of that number, one cell long, in the types that the letters R, F and C tell. Ends
-    // the chain.
-    void DrawRow(int row, const std::string& types) const;
+    // Ducts along the third row, one cell long, in the types of the letters. Ends the chain.
+    void DrawRow(const std::string& types) const;
 
-    void ShowSheet() const;
+    // The solver with such a row of ducts and the sheet on the first of them.
+    void OpenSheet(const std::string& types);
 
-    // The sheet's box, and its contents changed as a user does: a click, which selects the old text, and
-    // keys.
+    // A box of the sheet, changed as a user does: by a click, which selects the old text, and keys.
     TextBox& SheetBox(int box) const;
     void EnterBox(int box, const char* text) const;
 
-    // The texts of the boxes with blanks between, and a letter for each: open on white o, locked on white L,
-    // locked without white l.
+    // The texts of the boxes, and a letter for each: open on white o, locked on white L, without white l.
     std::string SheetTexts() const;
     std::string SheetLooks() const;
 
-    // Presses the arrow button of the scroll bar that moves to the next or the last duct.
-    void ScrollOn() const;
-    void ScrollBack() const;
+    // Clicks on the arrows of the scroll bar.
+    void ScrollOn() const { ClickAt(Get("scrDuctNo"), Get("scrDuctNo").rect().bottomRight() - QPoint(4, 4)); }
+    void ScrollBack() const { ClickAt(Get("scrDuctNo"), {4, 4}); }
 
     // The caption of lblDuctNo and its colour, as in "R3 #ff0000".
     std::string DuctNo() const;
 
-    // What picGrid shows, and the colour of one of its pixels as #rrggbb.
-    QImage Grid() const;
+    // What picGrid shows, and the colour of a pixel as #rrggbb.
+    QImage Grid() const { return Get<PictureBox>("picGrid").grab().toImage(); }
     static std::string ColourAt(const QImage& image, int x, int y);
 
     std::string File(const std::string& name) const { return m_environment.Folder().File(name); }
@@ -76,7 +69,6 @@ class SolverTest : public WindowTest {
 
   private:
     void ClickAt(const QWidget& control, QPoint place, Qt::MouseButton button = Qt::LeftButton) const;
-    void ClickScrollBar(QStyle::SubControl part) const;
 
     QPointer<frmMajorCalc> m_solver;
     QPointer<frmMajorParam> m_sheet;

@@ -14,11 +14,7 @@ namespace {
 
 QWindow* ActiveWindow() {
     QWidget* const popup = QApplication::activePopupWidget();
-    QWidget* const window = popup != nullptr ? popup : QApplication::activeWindow();
-    if (window == nullptr) {
-        throw std::runtime_error("no active window");
-    }
-    return window->windowHandle();
+    return (popup != nullptr ? popup : QApplication::activeWindow())->windowHandle();
 }
 
 std::string Joined(const MSFlexGrid& grid, int row) {
@@ -51,29 +47,13 @@ void ClickOn(QWidget* control) {
                       control->mapTo(control->window(), control->rect().center()));
 }
 
-void ClickOn(QMenu* menu, const char* entry) {
-    for (QAction* action : menu->actions()) {
-        if (action->objectName() == entry) {
-            QTest::mouseClick(menu->windowHandle(), Qt::LeftButton, {},
-                              menu->actionGeometry(action).center());
-            return;
-        }
-    }
-    throw std::runtime_error("no menu entry " + std::string(entry));
-}
-
-QColor ColourAt(const QWidget& control, const QPoint& point) {
-    const QImage image = control.window()->grab().toImage();
-    const QPointF middle = QPointF(control.mapTo(control.window(), point)) + QPointF(0.5, 0.5);
-    return image.pixelColor((middle * image.devicePixelRatio() - QPointF(0.5, 0.5)).toPoint());
-}
-
 std::string Focused() {
     QWidget* const focus = QApplication::focusWidget();
     return focus != nullptr ? focus->objectName().toStdString() : "nothing";
 }
 
 WindowTest::WindowTest() {
+    dialogsExpected = false;
     m_environment.NoteReminder();
     WriteSettingsFile(Settings);
 }
@@ -109,19 +89,14 @@ void WindowTest::ChooseFromMenu(const std::string& menu, const std::string& entr
     QMenuBar* const bar = Window().MenuBar();
     QTest::mouseClick(Window().windowHandle(), Qt::LeftButton, {},
                       bar->mapTo(&Window(), bar->actionGeometry(opened.menuAction()).center()));
-    ClickOn(&opened, entry.c_str());
+    QTest::mouseClick(opened.windowHandle(), Qt::LeftButton, {},
+                      opened.actionGeometry(&Find<QAction>(entry)).center());
 }
 
 void WindowTest::Enter(const std::string& box, const char* text) const {
-    if (Focused() == box) {
-        Box(box).SelectAll();
-    } else {
-        Click(box);
-    }
-    if (*text == '\0') {
-        Press(Qt::Key_Backspace);
-    }
-    Type(text);
+    Click(box);
+    Box(box).SelectAll();
+    *text == '\0' ? Press(Qt::Key_Backspace) : Type(text);
 }
 
 void WindowTest::FillTable() const {
@@ -156,14 +131,18 @@ bool WindowTest::IsBlank() const {
     return Table().empty() && RoundDuct().empty();
 }
 
+std::string WindowTest::BasisTexts() const {
+    std::string texts;
+    for (const char* index : {"0", "1", "2", "3", "4", "9"}) {
+        texts += Text("txtCalcBasis(" + std::string(index) + ")") + " ";
+    }
+    return texts;
+}
+
 testing::AssertionResult WindowTest::HasFocusSelected(const std::string& box) const {
-    if (Focused() != box) {
-        return testing::AssertionFailure() << "the focus is in " << Focused();
-    }
-    if (Box(box).selectedText() != Box(box).text()) {
-        return testing::AssertionFailure() << "selected is " << Box(box).selectedText().toStdString();
-    }
-    return testing::AssertionSuccess();
+    const bool selected = Focused() == box && Box(box).selectedText() == Box(box).text();
+    return testing::AssertionResult(selected)
+           << "the focus is in " << Focused() << ", selected is " << Box(box).selectedText().toStdString();
 }
 
 } // namespace plenair

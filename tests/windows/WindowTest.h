@@ -8,43 +8,19 @@
 
 #include <QTest>
 
-#include <map>
-#include <ostream>
 #include <string>
-#include <vector>
-
-inline void PrintTo(const QString& text, std::ostream* out) {
-    *out << '"' << text.toStdString() << '"';
-}
 
 namespace plenair {
 
-// While one lives, dialogs may open that the watchdog would otherwise close.
-class ExpectDialogs {
-  public:
-    ExpectDialogs() { ++Count(); }
-    ~ExpectDialogs() { --Count(); }
-    ExpectDialogs(const ExpectDialogs&) = delete;
-    ExpectDialogs& operator=(const ExpectDialogs&) = delete;
-
-    static bool Active() { return Count() > 0; }
-
-  private:
-    static int& Count() {
-        static int count = 0;
-        return count;
-    }
-};
+// Whether dialogs of the desktop may open, which otherwise fail the test and are closed. Each test sets it
+// anew.
+inline bool dialogsExpected = false;
 
 // Keys and mouse as a user has them: they go to the window, which passes them to whatever has the focus or
 // stands there. A click on what can't be seen fails the test.
 void Press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 void Type(const char* text);
 void ClickOn(QWidget* control);
-void ClickOn(QMenu* menu, const char* entry);
-
-// The colour that the window shows at a point of a control.
-QColor ColourAt(const QWidget& control, const QPoint& point);
 
 // Object name of what has the focus; "nothing" if nothing has it.
 std::string Focused();
@@ -73,19 +49,17 @@ class WindowTest : public testing::Test {
     void Click(const std::string& name) const { ClickOn(&Find<QWidget>(name)); }
     void Unfold() const { Click("cmdMoreInfo"); }
     void ChooseFromMenu(const std::string& menu, const std::string& entry) const;
-
     // Puts `text` into a box as a user does: click, which selects the old one, and type.
     void Enter(const std::string& box, const char* text) const;
-
     // Five ducts of 500 L/s around 300 mm on the screen, the focus in txtInputA.
     void FillTable() const;
-
     // The cells of a row with blanks between, and of all rows that are not blank with commas.
     std::string Row(int row) const;
     std::string Table() const;
     std::string RoundDuct() const;
     bool IsBlank() const;
-
+    // The texts of the basis boxes 0 to 4 and 9, with a blank behind each.
+    std::string BasisTexts() const;
     // Whether the box has the focus and its whole text is selected.
     testing::AssertionResult HasFocusSelected(const std::string& box) const;
 

@@ -1,9 +1,9 @@
 #include "windows/WindowTest.h"
 
 #include "platform/Editor.h"
+#include "platform/Folders.h"
 #include "platform/RegistryStore.h"
 #include "platform/Sound.h"
-#include "platform/TextFiles.h"
 #include "platform/qt/Desktop.h"
 
 #include <QApplication>
@@ -20,7 +20,7 @@ class DialogWatch : public QObject {
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
         auto* dialog = qobject_cast<QDialog*>(watched);
-        if (dialog != nullptr && event->type() == QEvent::Show && !plenair::ExpectDialogs::Active()) {
+        if (dialog != nullptr && event->type() == QEvent::Show && !plenair::dialogsExpected) {
             ADD_FAILURE() << "unexpected dialog: " << dialog->windowTitle().toStdString();
             QTimer::singleShot(0, dialog, &QDialog::reject);
         }

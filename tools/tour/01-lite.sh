@@ -109,7 +109,7 @@ ShowFilled() {
     WaitFor "Plenair Lite"
     Key alt+m
     Size 200 800
-    Picture --document "${@: -2}"
+    Picture "${@: -2}"
     ExpectColour $green
     Key alt+f x
     ExpectEnd

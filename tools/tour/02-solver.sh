@@ -40,17 +40,22 @@ SheetDuct() {
     done
 }
 
-# PaperPicture FILE NAME "what it shows": the pages of a PDF side by side, up to three.
+# PaperPicture [--document] FILE NAME "what it shows": the pages of a PDF side by side, up to three.
 PaperPicture() {
+    local document=false
+    if [[ $1 == --document ]]; then
+        document=true
+        shift
+    fi
     pdftoppm -r 40 -png -l 3 "$1" "$work/page"
     picture_in_chapter=$((picture_in_chapter + 1))
     picture_count=$((picture_count + 1))
     last_picture=$(printf '%s/%s-%02d-%s.png' "$pictures" "$chapter_name" "$picture_in_chapter" "$2")
-    convert "$work"/page*.png -bordercolor gray -border 1 -gravity north -background "$desk_colour" \
+    convert "$work"/page*.png -bordercolor gray -border 1 -gravity northwest -background "$desk_colour" \
         -splice 6x6 +append -define png:exclude-chunks=date,time "$last_picture"
     rm -f "$work"/page*.png
     printf '  %s  %s\n' "$last_picture" "$3"
-    if $for_documents; then
+    if $document && $for_documents; then
         cp "$last_picture" "$documents/$2.png"
     fi
 }
@@ -120,6 +125,10 @@ Key Return
 SheetDuct 5
 ParkMouse
 Picture --document solved "solved: the sheet reads as a clean table, and the button of the pressures is there"
+if $for_documents; then
+    convert "$last_picture" -crop "560x34+$((frame_margin + 1))+$((frame_margin + 20))" +repage \
+        -define png:exclude-chunks=date,time "$documents/toolbar.png"
+fi
 
 Press 5775 400
 Press 7245 795
@@ -128,7 +137,7 @@ Type 1,2,3,4,5,13,14
 Picture path "the index run, as a list of duct numbers"
 Key Return
 WaitFor "Total Pressure Drop"
-Picture --document total "its total pressure"
+Picture --only --document total "its total pressure"
 Key alt+y
 TurnTo Plenair
 ParkMouse
@@ -149,7 +158,7 @@ WaitFor "Print Project"
 Key alt+y
 PrintTo "$work/home/network.pdf"
 WaitUntil test -s "$work/home/network.pdf" || Fail "The network was not printed."
-PaperPicture "$work/home/network.pdf" printed "the network on a landscape page, its data on the pages after it"
+PaperPicture --document "$work/home/network.pdf" printed "the network on a landscape page, its data on the pages after it"
 
 Press $((${screen%x*} * 15 - 1100)) 1000
 WaitFor "Plenair Lite"

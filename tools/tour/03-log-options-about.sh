@@ -33,11 +33,12 @@ Picture log-saved "the log is saved and starts anew"
 Key Return
 WaitFor "Plenair Lite"
 
+sed -i '1s|.*|"/home/engineer/ducts"\r|' "$work/plenair/User.cfg" # the same in every picture
 Key alt+e
 Key o
 WaitForAnother
 ParkMouse
-Picture --document options "the options show what the settings file holds; OK writes it"
+Picture --only --document options "the options show what the settings file holds; OK writes it"
 Key alt+c
 WaitFor "Plenair Lite"
 

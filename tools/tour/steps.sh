@@ -251,10 +251,10 @@ Shot() {
     import -window root "${crop[@]}" -define png:exclude-chunks=date,time "$1"
 }
 
-# Sets box to the smallest rectangle around all visible windows of the program, frames included.
+# Sets box to the smallest rectangle around these windows, frames included.
 MeasureWindows() {
     local id x y width height frame left right top bottom l=99999 t=99999 r=0 b=0
-    for id in $(xdotool search --onlyvisible --pid "$program_pid" 2>/dev/null); do
+    for id; do
         read -r x y width height < <(PlaceOf "$id")
         [[ -n $height ]] || continue
         frame=$(xprop -id "$id" _NET_FRAME_EXTENTS 2>/dev/null | sed -n 's/.* = //p')
@@ -276,13 +276,15 @@ HasSettled() {
     cmp -s "$work/before.png" "$work/after.png"
 }
 
-# Picture [--screen] [--document] NAME "what it shows": of the program's windows, or of the whole screen. One for
-# the documents goes to $documents/NAME.png too, when that was asked for.
+# Picture [--screen | --only] [--document] NAME "what it shows": of the program's windows, of the whole screen, or of
+# only the window that the steps are about. One for the documents goes to $documents/NAME.png too, when that was
+# asked for.
 Picture() {
-    local whole=false document=false file box=()
+    local whole=false document=false only=false file box=()
     while [[ $1 == --* ]]; do
         case $1 in
         --screen) whole=true ;;
+        --only) only=true ;;
         --document) document=true ;;
         esac
         shift
@@ -292,8 +294,11 @@ Picture() {
     picture_in_chapter=$((picture_in_chapter + 1))
     picture_count=$((picture_count + 1))
     file=$(printf '%s/%s-%02d-%s.png' "$pictures" "$chapter_name" "$picture_in_chapter" "$1")
-    if ! $whole; then
-        MeasureWindows
+    if $only; then
+        MeasureWindows "$window"
+    elif ! $whole; then
+        # shellcheck disable=SC2046  # numbers
+        MeasureWindows $(xdotool search --onlyvisible --pid "$program_pid" 2>/dev/null)
     fi
     Shot "$file" "${box[@]}"
     if ! $whole; then

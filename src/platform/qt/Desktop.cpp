@@ -2,12 +2,12 @@
 
 #include "platform/Desktop.h"
 #include "platform/Editor.h"
+#include "platform/Folders.h"
 #include "platform/InputBox.h"
 #include "platform/MessageBox.h"
 #include "platform/NumberText.h"
 #include "platform/RegistryStore.h"
 #include "platform/Sound.h"
-#include "platform/TextFiles.h"
 #include "platform/qt/DesktopPrinter.h"
 #include "platform/qt/FileDialogs.h"
 #include "platform/qt/FocusEvents.h"

@@ -24,22 +24,15 @@ bool UserReplaces(const QString& title, const QString& file) {
                                 QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
 }
 
-// False if the user has to name another file.
-bool MaySave(const QString& title, const QString& file, int flags) {
+// False if the user has to name another file. One to be opened need not be there: the caller deals with that.
+bool MayTake(DialogKind kind, const QString& title, const QString& file, int flags) {
     const QFileInfo info(file);
     if ((flags & PathMustExist) != 0 && !info.dir().exists()) {
         Warn(title, info.path(), "There is no such folder.");
         return false;
     }
-    return (flags & OverwritePrompt) == 0 || !info.exists() || UserReplaces(title, file);
-}
-
-bool MayOpen(const QString& title, const QString& file) {
-    const bool isThere = QFileInfo::exists(file);
-    if (!isThere) {
-        Warn(title, file, "There is no such file.");
-    }
-    return isThere;
+    const bool asks = kind == DialogKind::Save && (flags & OverwritePrompt) != 0 && info.exists();
+    return !asks || UserReplaces(title, file);
 }
 
 } // namespace
@@ -76,9 +69,7 @@ bool ShowFileDialog(DialogKind kind, CommonDialog& properties) {
         if (kind == DialogKind::Save || !QFileInfo::exists(ToQt(chosen.FileName))) {
             chosen.FileName = WithDefaultExt(chosen);
         }
-        const QString file = ToQt(chosen.FileName);
-        if (kind == DialogKind::Save ? MaySave(dialog.windowTitle(), file, properties.Flags)
-                                     : MayOpen(dialog.windowTitle(), file)) {
+        if (MayTake(kind, dialog.windowTitle(), ToQt(chosen.FileName), properties.Flags)) {
             properties.FileName = chosen.FileName;
             return true;
         }

@@ -21,13 +21,6 @@ bool IsControlOfAForm(const QWidget* widget) {
            qobject_cast<Form*>(widget->window()) != nullptr;
 }
 
-void Tell(QWidget* widget, std::function<void()> FocusEvents::*what) {
-    auto* control = dynamic_cast<FocusEvents*>(widget);
-    if (control != nullptr && control->*what) {
-        (control->*what)();
-    }
-}
-
 void FocusMovedTo(QWidget* now) {
     if (now == Current() || !IsControlOfAForm(now)) {
         return;
@@ -35,7 +28,9 @@ void FocusMovedTo(QWidget* now) {
     const QPointer<QWidget> target = now;
     const QPointer<QWidget> before = Current();
     Current() = now;
-    Tell(before, &FocusEvents::LostFocus);
+    if (auto* control = dynamic_cast<FocusEvents*>(before.data())) {
+        control->TellLostFocus();
+    }
     // A handler may have moved the focus on; then that move has told of everything.
     if (Current() != target || target.isNull()) {
         return;
@@ -44,8 +39,9 @@ void FocusMovedTo(QWidget* now) {
     if (form->GotFocus && (before.isNull() || before->window() != form)) {
         form->GotFocus();
     }
-    if (Current() == target) {
-        Tell(target, &FocusEvents::GotFocus);
+    auto* control = dynamic_cast<FocusEvents*>(target.data());
+    if (Current() == target && control != nullptr) {
+        control->TellGotFocus();
     }
 }
 
@@ -70,9 +66,6 @@ class InputWatcher : public QObject {
         if ((event->type() == QEvent::MouseButtonPress && takesClick) ||
             (event->type() == QEvent::Wheel && takesWheel)) {
             FocusMovedTo(widget);
-            if (auto* control = dynamic_cast<FocusEvents*>(widget)) {
-                control->EnteredByMouse();
-            }
         } else if (event->type() == QEvent::KeyPress && widget == QApplication::focusWidget()) {
             FocusMovedTo(widget);
         }
@@ -90,10 +83,10 @@ void WatchFocus() {
 
 QWidget* WindowInUse() {
     QWidget* active = QApplication::activeWindow();
-    if (active == nullptr && Current() != nullptr && Current()->window()->isVisible()) {
-        active = Current()->window();
+    if (active != nullptr && active->isVisible()) {
+        return active;
     }
-    return active;
+    return Current() != nullptr && Current()->window()->isVisible() ? Current()->window() : nullptr;
 }
 
 void GiveFocus(QWidget* control) {
@@ -104,6 +97,9 @@ void GiveFocus(QWidget* control) {
         control->window()->activateWindow();
     }
     control->setFocus(Qt::OtherFocusReason);
+    // A window that is about to become active again gets its focus from the desktop later; the handlers run
+    // now.
+    FocusMovedTo(control);
 }
 
 } // namespace plenair

@@ -14,8 +14,17 @@ class FocusEvents {
   public:
     virtual ~FocusEvents() = default;
 
-    // A click gives the focus before the window that it woke is the active one.
-    virtual void EnteredByMouse() {}
+    // Runs GotFocus, or LostFocus.
+    virtual void TellGotFocus() {
+        if (GotFocus) {
+            GotFocus();
+        }
+    }
+    void TellLostFocus() {
+        if (LostFocus) {
+            LostFocus();
+        }
+    }
 
     std::function<void()> GotFocus;
     std::function<void()> LostFocus;

@@ -1,5 +1,6 @@
 #include "platform/qt/Form.h"
 
+#include "platform/qt/FocusEvents.h"
 #include "platform/qt/Twips.h"
 
 #include <QApplication>
@@ -134,7 +135,7 @@ void Form::CorrectFirstPosition() {
 }
 
 void Form::ShowModal() {
-    const QPointer<QWidget> owner = QApplication::activeWindow();
+    const QPointer<QWidget> owner = WindowInUse();
     setWindowModality(Qt::ApplicationModal);
     winId(); // makes the native window, which stays above its owner's, should that be held on top
     windowHandle()->setTransientParent(owner != nullptr ? owner->windowHandle() : nullptr);

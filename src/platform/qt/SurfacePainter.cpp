@@ -2,7 +2,6 @@
 
 #include "platform/qt/Twips.h"
 
-#include <QFontMetrics>
 #include <QPainter>
 #include <QStaticText>
 
@@ -23,7 +22,7 @@ ColourNumber ToColourNumber(const QColor& colour) {
 
 SurfacePainter::SurfacePainter(QPainter& painter, double pixelRatio, QFont font)
     : m_painter(painter), m_ratio(pixelRatio), m_pixelsPerTwipX(1 / TwipsPerPixelX()),
-      m_pixelsPerTwipY(1 / TwipsPerPixelY()), m_ascent(QFontMetrics(font).ascent()) {
+      m_pixelsPerTwipY(1 / TwipsPerPixelY()) {
     m_painter.setFont(font);
 }
 

@@ -31,7 +31,6 @@ class SurfacePainter {
     double m_ratio;
     double m_pixelsPerTwipX;
     double m_pixelsPerTwipY;
-    int m_ascent;
 };
 
 } // namespace plenair

@@ -1,5 +1,6 @@
 #include "platform/qt/TextBox.h"
 
+#include "platform/KeyCodes.h"
 #include "platform/qt/Twips.h"
 
 #include <QKeyEvent>
@@ -11,28 +12,28 @@ namespace {
 int KeyCodeOf(const QKeyEvent* event) {
     switch (event->key()) {
     case Qt::Key_Backspace:
-        return 8;
+        return KeyBackspace;
     case Qt::Key_Tab:
-        return 9;
+        return KeyTab;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        return 13;
+        return KeyEnter;
     case Qt::Key_Escape:
-        return 27;
+        return KeyEscape;
     case Qt::Key_End:
-        return 35;
+        return KeyEnd;
     case Qt::Key_Home:
-        return 36;
+        return KeyHome;
     case Qt::Key_Left:
-        return 37;
+        return KeyLeft;
     case Qt::Key_Up:
-        return 38;
+        return KeyUpArrow;
     case Qt::Key_Right:
-        return 39;
+        return KeyRight;
     case Qt::Key_Down:
-        return 40;
+        return KeyDownArrow;
     case Qt::Key_Delete:
-        return 46;
+        return KeyDelete;
     default:
         return event->key() >= Qt::Key_Space && event->key() <= Qt::Key_AsciiTilde ? event->key() : 0;
     }
@@ -45,12 +46,12 @@ QString CharactersOf(const QKeyEvent* event) {
     }
     switch (event->key()) {
     case Qt::Key_Backspace:
-        return QString(QChar(8));
+        return QString(QChar(KeyBackspace));
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        return QString(QChar(13));
+        return QString(QChar(KeyEnter));
     case Qt::Key_Escape:
-        return QString(QChar(27));
+        return QString(QChar(KeyEscape));
     case Qt::Key_Delete:
     case Qt::Key_Tab:
     case Qt::Key_Backtab:
@@ -131,12 +132,18 @@ void TextBox::focusInEvent(QFocusEvent* event) {
     } else {
         setSelection(start, static_cast<int>(selected.size()));
     }
-    if (event->reason() == Qt::MouseFocusReason) {
-        EnteredByMouse();
-    }
+}
+
+void TextBox::TellGotFocus() {
+    FocusEvents::TellGotFocus();
+    m_sinceGotFocus.start();
 }
 
 void TextBox::mousePressEvent(QMouseEvent* event) {
+    // The focus comes at once before the press, or, where the click woke the window, a little earlier.
+    constexpr qint64 kLittle = 500; // ms
+    m_entering = GotFocus && m_sinceGotFocus.isValid() && m_sinceGotFocus.elapsed() < kLittle;
+    m_sinceGotFocus.invalidate();
     if (!m_entering) {
         QLineEdit::mousePressEvent(event);
     }

@@ -2,6 +2,7 @@
 
 #include "platform/qt/FocusEvents.h"
 
+#include <QElapsedTimer>
 #include <QLineEdit>
 
 #include <functional>
@@ -33,12 +34,12 @@ class TextBox : public QLineEdit, public FocusEvents {
     // End, and nothing typed with Alt. Auto-repeat repeats it.
     std::function<void(int character)> KeyPress;
 
-    // Any key going down (repeated by auto-repeat) or really released, with its code: Enter 13, Escape 27,
-    // Left 37, Up 38, Right 39, Down 40, letters and digits by their character, 0 for one without a code.
+    // Any key going down (repeated by auto-repeat) or really released, with its code: those of KeyCodes.h,
+    // letters and digits by their character, 0 for one without a code.
     std::function<void(int keyCode)> KeyDown;
     std::function<void(int keyCode)> KeyUp;
 
-    void EnteredByMouse() override { m_entering = static_cast<bool>(GotFocus); }
+    void TellGotFocus() override;
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -50,7 +51,8 @@ class TextBox : public QLineEdit, public FocusEvents {
     void mouseReleaseEvent(QMouseEvent* event) override;
 
   private:
-    // The press that brings the focus leaves the selection to GotFocus.
+    // The press that brings the focus leaves the selection to GotFocus, until the button is up again.
+    QElapsedTimer m_sinceGotFocus;
     bool m_entering = false;
 };
 

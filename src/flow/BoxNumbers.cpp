@@ -1,0 +1,24 @@
+#include "flow/BoxNumbers.h"
+
+#include "flow/CalcFailure.h"
+#include "platform/NumberText.h"
+
+namespace plenair {
+
+double NumberOf(const std::string& text) {
+    const auto number = NumberFromText(text);
+    if (!number) {
+        throw CalcFailure("text that is no number");
+    }
+    return *number;
+}
+
+float SingleOf(const std::string& text) {
+    const auto number = SingleFromText(text);
+    if (!number) {
+        throw CalcFailure("text that is no 32-bit number");
+    }
+    return *number;
+}
+
+} // namespace plenair
