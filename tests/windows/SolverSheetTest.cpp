@@ -30,6 +30,19 @@ TEST_F(SolverSheet, ShowsEachTypeInItsColourAndLocks) {
     EXPECT_EQ(DuctNo(), "1 #070000");
 }
 
+TEST_F(SolverSheet, StaysOnTopAndWhereTheUserPutsIt) {
+    OpenSheet("");
+    EXPECT_TRUE(Sheet().windowFlags() & Qt::WindowStaysOnTopHint);
+    EXPECT_EQ(Sheet().frameGeometry().top(), (500 + 400) / 15);
+    EXPECT_NEAR(Sheet().frameGeometry().right() + 1, Solver().GridWidth() / 15, 1);
+    QTest::qWait(50); // the desktop may still be putting it in its place
+    const QPoint dragged = Sheet().pos() - QPoint(100, -50);
+    Sheet().move(dragged);
+    ClickOn("chkParam");
+    ClickOn("chkParam");
+    EXPECT_EQ(Sheet().pos(), dragged);
+}
+
 TEST_F(SolverSheet, TabsArrowsAndEnter) {
     OpenSheet("RR");
     SheetBox(1).setFocus();
