@@ -100,6 +100,17 @@ TEST_F(SolverSheet, StoresBeforeTheClickThatTakesTheFocus) {
     }
 }
 
+TEST_F(SolverSheet, ClosingByTheDesktopStoresWhatIsBeingTyped) {
+    OpenSheet("R");
+    SheetBox(1).setFocus();
+    Type("250");
+    EXPECT_EQ(Duct(1).Flow, 0);
+    desktop.ExpectMessage(MessageAnswer::Cancel);
+    Solver().close();
+    EXPECT_EQ(Duct(1).Flow, 250);
+    EXPECT_TRUE(Solver().isVisible());
+}
+
 TEST_F(SolverSheet, FollowOnCopiesToLaterDucts) {
     OpenSheet("RCRF");
     EnterBox(1, "250");
