@@ -1,8 +1,6 @@
 #include "extras/Misc.h"
 
 #include "core/modRegistry.h"
-#include "platform/Folders.h"
-#include "platform/Sound.h"
 #include "support/Scripted.h"
 
 #include <gtest/gtest.h>
@@ -21,7 +19,6 @@ class Misc : public testing::Test {
     ~Misc() override {
         ShowAboutAfterReminder = {};
         FocusLiteWindow = {};
-        SetSoundProvider({});
     }
 
     static std::string Noted() {
@@ -88,13 +85,6 @@ TEST_F(Misc, EachQuestionHasTheSameChance) {
     for (const auto& [question, times] : asked) {
         EXPECT_NEAR(times, 100, 45) << question; // a spread of 9
     }
-}
-
-TEST_F(Misc, TheCallIsTheSoundOfTheProgramsFolder) {
-    std::string played;
-    SetSoundProvider([&](const std::string& path) { played = path; });
-    PlayCall();
-    EXPECT_EQ(played, ProgramFolder() + "/Gus.psg");
 }
 
 } // namespace

@@ -44,15 +44,4 @@ TEST_F(CommonDialogTest, AcceptedFile) {
     EXPECT_EQ(InCurrentFolder("plant.Gus"), "plant.Gus");
 }
 
-TEST_F(CommonDialogTest, Cancel) {
-    dialog.FileName = "offered";
-    dialog.ShowSave();
-    EXPECT_EQ(dialog.FileName, "");
-    dialog.CancelError = true;
-    EXPECT_THROW(dialog.ShowOpen(), DialogCancelled);
-    EXPECT_THROW(dialog.ShowPrinter(), DialogCancelled);
-    SetCommonDialogProvider({});
-    EXPECT_THROW(dialog.ShowSave(), DialogCancelled);
-}
-
 } // namespace plenair

@@ -24,21 +24,5 @@ TEST(DesktopEntry, PathIsOneArgument) {
     }
 }
 
-TEST(DesktopEntry, OnlyTheFirstGroupCounts) {
-    const auto command =
-        CommandOn("# Exec=a\n[Desktop Action new]\nExec=b\n[Desktop Entry]\nExec = c\nTerminal=true\n"
-                  "[Desktop Action old]\nExec=d\n",
-                  "x");
-    ASSERT_TRUE(command);
-    EXPECT_EQ(command->arguments, (std::vector<std::string>{"c", "x"}));
-    EXPECT_TRUE(command->inTerminal);
-
-    for (const char* entry : {"", "Exec=a", "[Desktop Entry]\nExec=", "[Desktop Entry]\nExec=%i",
-                              "[Desktop Entry]\nExec=\"\" a"}) {
-        EXPECT_FALSE(CommandOn(entry, "x")) << entry;
-    }
-    EXPECT_TRUE(CommandOn("[Desktop Entry]\nExec=a \"never closed %", "x"));
-}
-
 } // namespace
 } // namespace plenair

@@ -161,19 +161,6 @@ TEST_F(TextFiles, ADiskThatFillsUpKeepsTheOlderFile) {
     EXPECT_EQ(Names(), std::set<std::string>{"kept"});
 }
 
-TEST_F(TextFiles, ProtectedFilesAreNotReplaced) {
-    WriteFile(File("protected"), "old");
-    fs::permissions(File("protected"), fs::perms(0444));
-    fs::permissions(m_folder.Path(), fs::perms(0777));
-    const uid_t user = geteuid(); // an administrator may write everything, and gives that up for a while
-    ASSERT_EQ(seteuid(user == 0 ? 65534 : user), 0);
-    const std::string reason = ReasonOf([&] { WriteWholeFile(File("protected"), "new"); });
-    ASSERT_EQ(seteuid(user), 0);
-    EXPECT_EQ(reason, File("protected") + ": Permission denied");
-    EXPECT_EQ(ReadFile(File("protected")), "old");
-    EXPECT_EQ(Names(), std::set<std::string>{"protected"});
-}
-
 TEST_F(TextFiles, FindsTheFirstFileOfAnExtension) {
     fs::create_directory(File("folder.cfg"));
     WriteFile(File("User.cfg.bak"), "");

@@ -77,17 +77,6 @@ TEST_F(ProjectFilesTest, ReadsBackWhatWasWritten) {
     }
 }
 
-TEST_F(ProjectFilesTest, FailedSavesAreSilent) {
-    RunFailed = FlagSet;
-    std::filesystem::create_directory(File("folder.gsp"));
-    for (const std::string& path : {std::string(), File("missing/plant.gsp"), File("folder.gsp")}) {
-        desktop.ExpectFile(path);
-        SaveProject(windows);
-    }
-    EXPECT_EQ(RunFailed, FlagSet);
-    EXPECT_TRUE(desktop.Messages().empty());
-}
-
 TEST_F(ProjectFilesTest, LoadedProjectIsOpenAndShown) {
     Add(RigidColour);
     Solved = FlagSet;

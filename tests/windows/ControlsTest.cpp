@@ -21,10 +21,6 @@ class Controls : public testing::Test {
         m_first->KeyDown = [this](int code) { m_events += "down " + std::to_string(code) + " "; };
         m_first->KeyUp = [this](int code) { m_events += "up " + std::to_string(code) + " "; };
         m_first->Change = [this] { m_events += "change to " + m_first->Text() + " "; };
-        for (int i = 0; i < 3; ++i) {
-            Form::Place(m_options[i], 2000, 100 + 400 * i, 1500, 300);
-            m_options[i]->Click = [this, i] { m_events += "option " + std::to_string(i) + " "; };
-        }
         m_button->Click = [this] { m_events += "click "; };
     }
 
@@ -49,9 +45,6 @@ class Controls : public testing::Test {
     Form m_form{"frmTest", "Test", Qt::Window};
     TextBox* m_first = new TextBox("first", m_form.Client());
     TextBox* m_second = new TextBox("second", m_form.Client());
-    Option* m_options[3] = {new Option("a", "&Same one", m_form.Client()),
-                            new Option("b", "&Other", m_form.Client()),
-                            new Option("c", "&Same two", m_form.Client())};
     Button* m_button = new Button("button", "&Go", m_form.Client());
     std::string m_events;
 };
@@ -139,26 +132,6 @@ TEST_F(Controls, OtherWindowsOfTheProgramCount) {
     other.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
     EXPECT_EQ(Events(), "");
-}
-
-TEST_F(Controls, OptionsClickOnlyWhenTheyGoOnAndShareAccessKeys) {
-    m_options[1]->SetOn();
-    EXPECT_EQ(Events(), "option 1 ");
-    m_options[1]->SetOn();
-    ClickOn(m_options[1]);
-    EXPECT_EQ(Events(), "");
-    ClickOn(m_options[2]);
-    EXPECT_EQ(Events(), "option 2 ");
-    EXPECT_EQ(Focused(), "first") << "they take no focus";
-    GiveFocus(m_second);
-    Events();
-    const std::pair<int, const char*> rows[] = {{Qt::Key_S, "option 0 "}, {Qt::Key_S, "option 2 "},
-                                                {Qt::Key_S, "option 0 "}, {Qt::Key_O, "option 1 "},
-                                                {Qt::Key_O, ""},          {Qt::Key_G, "click "}};
-    for (const auto& [key, events] : rows) {
-        Press(key, Qt::AltModifier);
-        EXPECT_EQ(Events(), events);
-    }
 }
 
 } // namespace

@@ -2,8 +2,6 @@
 
 #include "platform/NumberText.h"
 
-#include <QKeyEvent>
-
 namespace plenair {
 namespace {
 
@@ -151,20 +149,6 @@ TEST_F(Keys, UpAndDownStepTheHeight) {
     Press(Qt::Key_Up);
     EXPECT_EQ(Text("txtInputB"), "35");
     EXPECT_EQ(Row(0), "62825 10 3.64 0.37") << "the heights would begin below 0";
-}
-
-TEST_F(Keys, AHeldDownKeyStepsOnceAtItsRelease) {
-    FillTable();
-    const auto send = [this](QEvent::Type type, bool repeated) {
-        QKeyEvent event(type, Qt::Key_Down, Qt::NoModifier, QString(), repeated);
-        QCoreApplication::sendEvent(&Box("txtInputA"), &event);
-    };
-    send(QEvent::KeyPress, false);
-    send(QEvent::KeyRelease, true);
-    send(QEvent::KeyPress, true);
-    EXPECT_EQ(Text("txtInputB"), "300");
-    send(QEvent::KeyRelease, false);
-    EXPECT_EQ(Text("txtInputB"), "325");
 }
 
 TEST_F(Keys, ADecimalComma) {

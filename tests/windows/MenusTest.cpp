@@ -7,8 +7,6 @@
 #include "platform/qt/Desktop.h"
 
 #include <QApplication>
-#include <QMenu>
-#include <QMenuBar>
 #include <QMessageBox>
 #include <QTimer>
 #include <QWindow>
@@ -20,24 +18,6 @@ class Menus : public WindowTest {
   protected:
     void SetUp() override { Start(); }
 };
-
-TEST_F(Menus, StandInOrder) {
-    std::string menus;
-    for (const QAction* menu : Window().MenuBar()->actions()) {
-        menus += menu->text().toStdString() + ":";
-        for (const QAction* entry : menu->menu()->actions()) {
-            menus += " " + entry->objectName().toStdString() + " ";
-            menus += entry->isSeparator() ? "-" : entry->text().toStdString();
-            menus += entry->isEnabled() ? "" : " (disabled)";
-        }
-        menus += "\n";
-    }
-    EXPECT_EQ(menus, "&File: mnuFileMajor &Project Solver mnuFile1 - mnuFileLog &Record Log (disabled) "
-                     "mnuFileLogOpen &Open Log mnuFile2 - mnuFileExit E&xit\n"
-                     "&Edit: mnuEditOptions &Options\n"
-                     "View: mnuViewOnTop Always On &Top\n"
-                     "Help: mnuHelpManual &Help! mnuHelp1 - mnuHelpAbout &About Plenair\n");
-}
 
 TEST_F(Menus, EntriesLeadOutOfTheWindow) {
     std::string done;
@@ -61,12 +41,7 @@ TEST_F(Menus, HelpIsAnInformationBox) {
     ChooseFromMenu("mnuHelp", "mnuHelpManual");
     ASSERT_EQ(m_messages.Asked().size(), 2U);
     for (const MessageRequest& asked : m_messages.Asked()) {
-        EXPECT_EQ(
-            asked.text,
-            "For help with Plenair, you should consult the user manual, which is available free of charge, "
-            "and should accompany the installation package to be included in the program directory.\n\n"
-            "Call me (Corin) if you need another copy.  Contact details are under \"About Plenair\" from "
-            "the Help menu.");
+        EXPECT_TRUE(asked.text.starts_with("For help with Plenair")) << asked.text;
         EXPECT_EQ(asked.icon, MessageIcon::Information);
     }
 }

@@ -15,8 +15,6 @@ std::string Flows() {
 
 TEST_F(SolverSheet, ShowsEachTypeInItsColourAndLocks) {
     OpenSheet("RFC");
-    EXPECT_EQ(Sheet().frameGeometry().top(), (500 + 400) / 15);
-    EXPECT_NEAR(Sheet().frameGeometry().right() + 1, Solver().GridWidth() / 15, 1);
     EXPECT_EQ(DuctNo(), "1 #008000") << "setting 1 where 1 stands is no change";
     EXPECT_EQ(SheetLooks(), "olooooll");
     ScrollOn();

@@ -33,7 +33,7 @@ Picture log-saved "the log is saved and starts anew"
 Key Return
 WaitFor "Plenair Lite"
 
-sed -i '1s|.*|"/home/engineer/ducts"\r|' "$work/plenair/User.cfg" # the same in every picture
+sed -i '1s|.*|"/ducts"\r|' "$work/plenair/User.cfg" # the same in every picture
 Key alt+e
 Key o
 WaitForAnother

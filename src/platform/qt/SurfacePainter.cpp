@@ -50,11 +50,13 @@ void SurfacePainter::PaintAlongAxis(double x1, double y1, double x2, double y2, 
         QRectF(left / m_ratio, top / m_ratio, (right - left) / m_ratio, (bottom - top) / m_ratio), colour);
 }
 
+SurfacePainter::Ends SurfacePainter::EndsInPixels(const DrawnItem& item) const {
+    return {item.x1 * m_pixelsPerTwipX, item.y1 * m_pixelsPerTwipY, item.x2 * m_pixelsPerTwipX,
+            item.y2 * m_pixelsPerTwipY};
+}
+
 void SurfacePainter::PaintLine(const DrawnItem& item) {
-    const double x1 = item.x1 * m_pixelsPerTwipX;
-    const double y1 = item.y1 * m_pixelsPerTwipY;
-    const double x2 = item.x2 * m_pixelsPerTwipX;
-    const double y2 = item.y2 * m_pixelsPerTwipY;
+    const auto [x1, y1, x2, y2] = EndsInPixels(item);
     const QColor colour = ToColour(item.colour);
     const bool solid = item.style == LineStyle::Solid;
     if (solid && (x1 == x2 || y1 == y2)) {
@@ -73,10 +75,7 @@ void SurfacePainter::PaintLine(const DrawnItem& item) {
 }
 
 void SurfacePainter::PaintBox(const DrawnItem& item) {
-    const double x1 = item.x1 * m_pixelsPerTwipX;
-    const double y1 = item.y1 * m_pixelsPerTwipY;
-    const double x2 = item.x2 * m_pixelsPerTwipX;
-    const double y2 = item.y2 * m_pixelsPerTwipY;
+    const auto [x1, y1, x2, y2] = EndsInPixels(item);
     const QColor colour = ToColour(item.colour);
     PaintAlongAxis(x1, y1, x2, y1, item.lineWidth, colour);
     PaintAlongAxis(x1, y2, x2, y2, item.lineWidth, colour);

@@ -22,6 +22,11 @@ class SurfacePainter {
     void Paint(const DrawnItem& item);
 
   private:
+    struct Ends {
+        double x1, y1, x2, y2;
+    };
+
+    Ends EndsInPixels(const DrawnItem& item) const;
     void PaintLine(const DrawnItem& item);
     void PaintBox(const DrawnItem& item);
     void PaintText(const DrawnItem& item);
