@@ -1,8 +1,8 @@
 #include "core/Settings.h"
 #include "flow/DuctSearch.h"
-#include "platform/TextFiles.h"
-#include "project/ProjectBlocks.h"
-#include "project/ProjectModel.h"
+#include "platform/files/WholeFiles.h"
+#include "project/model/ProjectBlocks.h"
+#include "project/model/ProjectModel.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,15 +1,13 @@
 #include "core/Settings.h"
-#include "platform/CommonDialog.h"
-#include "platform/Folders.h"
-#include "platform/InputBox.h"
-#include "platform/MessageBox.h"
-#include "platform/Sound.h"
+#include "platform/desktop/CommonDialog.h"
+#include "platform/desktop/Desktop.h"
+#include "platform/files/Folders.h"
 #include "platform/qt/DesktopPrinter.h"
 #include "platform/qt/Twips.h"
 #include "project/ProjectGrid.h"
-#include "project/ProjectSolver.h"
-#include "project/frmMajorCalc.h"
-#include "project/frmMajorParam.h"
+#include "project/windows/ProjectSolver.h"
+#include "project/windows/frmMajorCalc.h"
+#include "project/windows/frmMajorParam.h"
 
 #include <benchmark/benchmark.h>
 
@@ -31,18 +29,18 @@ class OpenSolver {
   public:
     OpenSolver() : m_before(CurrentFolder()) {
         Settings = SettingsRecord();
-        SetMessageBoxProvider([](const MessageRequest& request) {
+        Desktop().AskByMessageBox = [](const MessageRequest& request) {
             return request.buttons == MessageButtons::YesNo ? MessageAnswer::Yes : MessageAnswer::Ok;
-        });
-        SetCommonDialogProvider([this](DialogKind kind, CommonDialog& dialog) {
+        };
+        Desktop().ShowDialog = [this](DialogKind kind, CommonDialog& dialog) {
             if (kind == DialogKind::Printer) {
                 PrintToFile(File("plant.pdf"));
             } else {
                 dialog.FileName = File("plant.gsp");
             }
             return true;
-        });
-        SetSoundProvider([](const std::string&) {});
+        };
+        Desktop().PlaySound = [](const std::string&, unsigned) {};
         ShowProjectSolver({});
         for (QWidget* window : QApplication::topLevelWidgets()) {
             m_solver = m_solver != nullptr ? m_solver : qobject_cast<frmMajorCalc*>(window);
@@ -53,10 +51,10 @@ class OpenSolver {
     ~OpenSolver() {
         UnloadProjectSolver();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        SetMessageBoxProvider({});
-        SetCommonDialogProvider({});
-        SetInputBoxProvider({});
-        SetSoundProvider({});
+        Desktop().AskByMessageBox = {};
+        Desktop().ShowDialog = {};
+        Desktop().AskByInputBox = {};
+        Desktop().PlaySound = {};
         EnterFolder(m_before);
     }
     OpenSolver(const OpenSolver&) = delete;
@@ -198,7 +196,7 @@ void PlotThousandElements(benchmark::State& state) {
     for (int number = 1; number <= kDucts; ++number) {
         path += std::to_string(number) + ",";
     }
-    SetInputBoxProvider([&](const InputRequest&) { return path; });
+    Desktop().AskByInputBox = [&](const InputRequest&) { return path; };
     solver.Get<QWidget>("cmdCalcPressure")->show();
     for (auto _ : state) {
         solver.Click("cmdCalcPressure");

@@ -1,11 +1,11 @@
-#include "core/Main.h"
 #include "core/Settings.h"
 #include "core/SettingsFile.h"
 #include "core/modRegistry.h"
-#include "lite/frmMinorCalc.h"
-#include "platform/Folders.h"
-#include "platform/TextFiles.h"
-#include "platform/qt/Desktop.h"
+#include "core/start/Main.h"
+#include "lite/windows/frmMinorCalc.h"
+#include "platform/files/FileFailure.h"
+#include "platform/files/Folders.h"
+#include "platform/qt/ConnectDesktop.h"
 
 #include <benchmark/benchmark.h>
 

@@ -2,10 +2,11 @@
 
 #include "core/Settings.h"
 #include "core/modRegistry.h"
-#include "platform/Folders.h"
-#include "platform/MessageBox.h"
-#include "platform/NumberText.h"
-#include "platform/TextFiles.h"
+#include "platform/desktop/MessageBox.h"
+#include "platform/files/Folders.h"
+#include "platform/files/ItemReader.h"
+#include "platform/files/WholeFiles.h"
+#include "platform/text/NumberText.h"
 
 #include <cmath>
 

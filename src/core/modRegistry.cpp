@@ -1,6 +1,6 @@
 #include "core/modRegistry.h"
 
-#include "platform/Clock.h"
+#include "platform/desktop/Clock.h"
 
 #include <cstring>
 

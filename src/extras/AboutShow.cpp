@@ -1,7 +1,7 @@
 #include "extras/AboutShow.h"
 
-#include "platform/QBColor.h"
-#include "platform/RandomNumbers.h"
+#include "platform/desktop/RandomNumbers.h"
+#include "platform/drawing/QBColor.h"
 
 #include <cmath>
 

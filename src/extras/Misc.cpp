@@ -1,10 +1,10 @@
 #include "extras/Misc.h"
 
 #include "core/modRegistry.h"
-#include "platform/Folders.h"
-#include "platform/MessageBox.h"
-#include "platform/RandomNumbers.h"
-#include "platform/Sound.h"
+#include "platform/desktop/MessageBox.h"
+#include "platform/desktop/RandomNumbers.h"
+#include "platform/desktop/Sound.h"
+#include "platform/files/Folders.h"
 
 #include <array>
 #include <string>
@@ -35,7 +35,7 @@ std::string NotedMonth() {
 } // namespace
 
 void PlayCall() {
-    PlaySoundFile(ProgramFolder() + "/Gus.psg");
+    PlaySoundA(ProgramFolder() + "/Gus.psg", SND_ASYNC | SND_NOWAIT);
 }
 
 void MonthlyReminder() {

@@ -1,7 +1,7 @@
 #include "flow/BoxNumbers.h"
 
 #include "flow/CalcFailure.h"
-#include "platform/NumberText.h"
+#include "platform/text/NumberText.h"
 
 namespace plenair {
 

@@ -2,7 +2,7 @@
 
 #include "core/Settings.h"
 #include "flow/Arithmetic.h"
-#include "platform/NumberText.h"
+#include "platform/text/NumberText.h"
 
 namespace plenair {
 

@@ -9,8 +9,8 @@
 #include "flow/GeneralCalcs.h"
 #include "flow/Sizing.h"
 #include "lite/ResultGrids.h"
-#include "platform/MessageBox.h"
-#include "platform/NumberText.h"
+#include "platform/desktop/MessageBox.h"
+#include "platform/text/NumberText.h"
 
 namespace plenair {
 

@@ -3,14 +3,14 @@
 #include "core/Settings.h"
 #include "flow/Arithmetic.h"
 #include "flow/BoxNumbers.h"
-#include "platform/Clock.h"
-#include "platform/DateText.h"
-#include "platform/Desktop.h"
-#include "platform/Editor.h"
-#include "platform/Folders.h"
-#include "platform/MessageBox.h"
-#include "platform/NumberText.h"
-#include "platform/TextFiles.h"
+#include "platform/desktop/Clock.h"
+#include "platform/desktop/Desktop.h"
+#include "platform/desktop/Editor.h"
+#include "platform/desktop/MessageBox.h"
+#include "platform/files/Folders.h"
+#include "platform/files/WholeFiles.h"
+#include "platform/text/DateText.h"
+#include "platform/text/NumberText.h"
 
 #include <limits>
 

@@ -4,7 +4,7 @@
 #include "flow/BoxNumbers.h"
 #include "flow/CalcFailure.h"
 #include "lite/CalculateMinorStuff.h"
-#include "platform/KeyCodes.h"
+#include "platform/desktop/KeyCodes.h"
 
 namespace plenair {
 

@@ -3,7 +3,7 @@
 #include "flow/Arithmetic.h"
 #include "flow/BoxNumbers.h"
 #include "flow/GeneralCalcs.h"
-#include "platform/NumberText.h"
+#include "platform/text/NumberText.h"
 
 namespace plenair {
 

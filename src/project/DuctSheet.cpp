@@ -1,7 +1,7 @@
 #include "project/DuctSheet.h"
 
 #include "flow/Sizing.h"
-#include "platform/NumberText.h"
+#include "platform/text/NumberText.h"
 #include "project/ProjectGrid.h"
 
 #include <array>

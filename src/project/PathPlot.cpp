@@ -1,7 +1,7 @@
 #include "project/PathPlot.h"
 
 #include "flow/CalcFailure.h"
-#include "platform/NumberText.h"
+#include "platform/text/NumberText.h"
 
 #include <cmath>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "project/DuctPath.h"
 #include "project/ProjectWindows.h"
+#include "project/model/DuctPath.h"
 
 // The plot of accumulated pressure against accumulated length.
 namespace plenair {

@@ -3,11 +3,11 @@
 #include "core/Settings.h"
 #include "flow/Arithmetic.h"
 #include "flow/FluidProperties.h"
-#include "platform/InputBox.h"
-#include "platform/MessageBox.h"
-#include "platform/NumberText.h"
-#include "project/DuctPath.h"
+#include "platform/desktop/InputBox.h"
+#include "platform/desktop/MessageBox.h"
+#include "platform/text/NumberText.h"
 #include "project/PathPlot.h"
+#include "project/model/DuctPath.h"
 
 namespace plenair {
 

@@ -1,7 +1,7 @@
 #include "project/Printout.h"
 
-#include "platform/MessageBox.h"
-#include "platform/NumberText.h"
+#include "platform/desktop/MessageBox.h"
+#include "platform/text/NumberText.h"
 #include "project/PathPlot.h"
 #include "project/ProjectGrid.h"
 

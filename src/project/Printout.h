@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Printer.h"
+#include "platform/drawing/Printer.h"
 #include "project/ProjectWindows.h"
 
 // The project on paper. Cancel and every error end a printout at once, silently, and leave nothing of the

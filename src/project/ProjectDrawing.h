@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/RecordedSurface.h"
-#include "project/ProjectGeometry.h"
+#include "platform/drawing/RecordedSurface.h"
+#include "project/model/ProjectGeometry.h"
 
 // The network as it is drawn, on the grid and on paper alike.
 namespace plenair {

@@ -1,13 +1,13 @@
 #include "project/ProjectFiles.h"
 
 #include "core/Settings.h"
-#include "platform/Folders.h"
-#include "platform/MessageBox.h"
-#include "platform/TextFiles.h"
-#include "platform/Utf8.h"
+#include "platform/desktop/MessageBox.h"
+#include "platform/files/Folders.h"
+#include "platform/files/WholeFiles.h"
+#include "platform/text/Utf8.h"
 #include "project/DuctSheet.h"
-#include "project/ProjectBlocks.h"
 #include "project/ProjectGrid.h"
+#include "project/model/ProjectBlocks.h"
 
 namespace plenair {
 

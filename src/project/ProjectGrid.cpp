@@ -1,7 +1,7 @@
 #include "project/ProjectGrid.h"
 
-#include "platform/Desktop.h"
-#include "platform/MessageBox.h"
+#include "platform/desktop/Desktop.h"
+#include "platform/desktop/MessageBox.h"
 
 #include <algorithm>
 #include <charconv>

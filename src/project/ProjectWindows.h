@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/CommonDialog.h"
+#include "platform/desktop/CommonDialog.h"
 #include "project/ProjectDrawing.h"
 
 // What the work on a project needs of its two windows. The windows implement these and hand every event on to

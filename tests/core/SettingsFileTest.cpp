@@ -2,8 +2,8 @@
 
 #include "core/Settings.h"
 #include "core/modRegistry.h"
-#include "platform/Folders.h"
-#include "platform/NumberText.h"
+#include "platform/files/Folders.h"
+#include "platform/text/NumberText.h"
 #include "support/Scripted.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,7 @@
 #include "extras/Misc.h"
 
 #include "core/modRegistry.h"
+#include "platform/desktop/Desktop.h"
 #include "support/Scripted.h"
 
 #include <gtest/gtest.h>
@@ -72,13 +73,13 @@ TEST_F(Misc, TheMonthIsComparedForDifference) {
 TEST_F(Misc, EachQuestionHasTheSameChance) {
     ShowAboutAfterReminder = {};
     std::map<std::string, int> asked;
-    SetMessageBoxProvider([&](const MessageRequest& request) {
+    Desktop().AskByMessageBox = [&](const MessageRequest& request) {
         ++asked[request.text];
         return MessageAnswer::Yes;
-    });
+    };
     SetRegistryFile(""); // where nothing can be noted, it is always due
     for (int second = 0; second < 600; ++second) {
-        SetClock([=] { return LocalTime{2026, 11, 24, 8, second / 60, second % 60, 0}; });
+        Desktop().Clock = [=] { return LocalTime{2026, 11, 24, 8, second / 60, second % 60, 0}; };
         MonthlyReminder();
     }
     EXPECT_EQ(asked.size(), 6U);

@@ -1,7 +1,7 @@
 #include "lite/CalculateMinorStuff.h"
 
 #include "core/Settings.h"
-#include "platform/NumberText.h"
+#include "platform/text/NumberText.h"
 #include "support/LiteArrays.h"
 #include "support/Scripted.h"
 

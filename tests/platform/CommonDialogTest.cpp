@@ -1,5 +1,6 @@
-#include "platform/CommonDialog.h"
-#include "platform/Folders.h"
+#include "platform/desktop/CommonDialog.h"
+#include "platform/desktop/Desktop.h"
+#include "platform/files/Folders.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -9,14 +10,14 @@ namespace plenair {
 class CommonDialogTest : public ::testing::Test {
   protected:
     CommonDialogTest() {
-        SetCommonDialogProvider([this](DialogKind, CommonDialog& shown) {
+        Desktop().ShowDialog = [this](DialogKind, CommonDialog& shown) {
             shown.FileName = answer;
             return !answer.empty();
-        });
+        };
         dialog.DefaultExt = "gsp";
     }
     ~CommonDialogTest() override {
-        SetCommonDialogProvider({});
+        Desktop().ShowDialog = {};
         EnterFolder(start);
     }
 

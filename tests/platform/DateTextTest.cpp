@@ -1,4 +1,4 @@
-#include "platform/DateText.h"
+#include "platform/text/DateText.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/RegistryStore.h"
+#include "platform/files/RegistryStore.h"
 
 #include "support/TemporaryFolder.h"
 

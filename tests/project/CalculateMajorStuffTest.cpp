@@ -1,7 +1,7 @@
 #include "project/FakeWindows.h"
 
 #include "project/CalculateMajorStuff.h"
-#include "project/ProjectBlocks.h"
+#include "project/model/ProjectBlocks.h"
 
 #include <filesystem>
 

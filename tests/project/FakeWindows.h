@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/Settings.h"
-#include "platform/NumberText.h"
+#include "platform/text/NumberText.h"
 #include "project/DuctSheet.h"
 #include "project/ProjectGrid.h"
 #include "project/ProjectWindows.h"

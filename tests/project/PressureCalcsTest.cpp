@@ -1,7 +1,7 @@
 #include "project/FakeWindows.h"
 
-#include "project/DuctPath.h"
 #include "project/PressureCalcs.h"
+#include "project/model/DuctPath.h"
 
 namespace plenair {
 

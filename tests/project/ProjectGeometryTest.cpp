@@ -1,4 +1,4 @@
-#include "project/ProjectGeometry.h"
+#include "project/model/ProjectGeometry.h"
 
 #include <gtest/gtest.h>
 

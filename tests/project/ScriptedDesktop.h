@@ -1,11 +1,8 @@
 #pragma once
 
-#include "platform/CommonDialog.h"
-#include "platform/Desktop.h"
-#include "platform/Folders.h"
-#include "platform/InputBox.h"
-#include "platform/MessageBox.h"
-#include "platform/Sound.h"
+#include "platform/desktop/CommonDialog.h"
+#include "platform/desktop/Desktop.h"
+#include "platform/files/Folders.h"
 
 #include <gtest/gtest.h>
 
@@ -21,31 +18,31 @@ namespace plenair {
 class ScriptedDesktop {
   public:
     ScriptedDesktop() : m_folder(CurrentFolder()) {
-        SetMessageBoxProvider([this](const MessageRequest& request) {
+        Desktop().AskByMessageBox = [this](const MessageRequest& request) {
             m_messages.push_back(request);
             Log.push_back("message: " + request.text);
             return Next(m_answers, AnswerWhenClosed(request.buttons));
-        });
-        SetCommonDialogProvider([this](DialogKind kind, CommonDialog& dialog) { return Show(kind, dialog); });
-        SetInputBoxProvider([this](const InputRequest& request) {
+        };
+        Desktop().ShowDialog = [this](DialogKind kind, CommonDialog& dialog) { return Show(kind, dialog); };
+        Desktop().AskByInputBox = [this](const InputRequest& request) {
             Log.push_back("input: " + request.prompt);
             return Next(m_inputs, std::string());
-        });
-        SetBeepProvider([this] { Log.emplace_back("beep"); });
-        SetSoundProvider([this](const std::string&) { Log.emplace_back("call"); });
-        SetMousePointerProvider([this](MousePointer pointer) {
+        };
+        Desktop().Beep = [this] { Log.emplace_back("beep"); };
+        Desktop().PlaySound = [this](const std::string&, unsigned) { Log.emplace_back("call"); };
+        Desktop().ShowPointer = [this](MousePointer pointer) {
             Log.emplace_back(pointer == MousePointer::Hourglass ? "hourglass" : "default pointer");
-        });
+        };
     }
 
     ~ScriptedDesktop() {
         EXPECT_TRUE(m_answers.empty() && m_inputs.empty() && m_files.empty()) << "something didn't come";
-        SetMessageBoxProvider({});
-        SetCommonDialogProvider({});
-        SetInputBoxProvider({});
-        SetBeepProvider({});
-        SetSoundProvider({});
-        SetMousePointerProvider({});
+        Desktop().AskByMessageBox = {};
+        Desktop().ShowDialog = {};
+        Desktop().AskByInputBox = {};
+        Desktop().Beep = {};
+        Desktop().PlaySound = {};
+        Desktop().ShowPointer = {};
         EnterFolder(m_folder);
     }
     ScriptedDesktop(const ScriptedDesktop&) = delete;

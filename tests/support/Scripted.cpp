@@ -1,27 +1,28 @@
 #include "support/Scripted.h"
+#include "platform/desktop/Desktop.h"
 
 #include "core/Settings.h"
 #include "core/modRegistry.h"
-#include "platform/Folders.h"
-#include "platform/NumberText.h"
+#include "platform/files/Folders.h"
+#include "platform/text/NumberText.h"
 
 #include <gtest/gtest.h>
 
 namespace plenair {
 
 ScriptedMessages::ScriptedMessages() {
-    SetMessageBoxProvider([this](const MessageRequest& request) {
+    Desktop().AskByMessageBox = [this](const MessageRequest& request) {
         m_asked.push_back(request);
         if (m_next == m_answers.size()) {
             ADD_FAILURE() << "unexpected message box: " << request.text;
             return AnswerWhenClosed(request.buttons);
         }
         return m_answers[m_next++];
-    });
+    };
 }
 
 ScriptedMessages::~ScriptedMessages() {
-    SetMessageBoxProvider({});
+    Desktop().AskByMessageBox = {};
     EXPECT_EQ(m_next, m_answers.size()) << "a message box that the test expected did not come";
 }
 
@@ -35,12 +36,12 @@ ProgramEnvironment::ProgramEnvironment() {
 }
 
 ProgramEnvironment::~ProgramEnvironment() {
-    SetClock({});
+    Desktop().Clock = {};
     SetNumberLocale({});
 }
 
 void ProgramEnvironment::SetToday(int year, int month, int day) {
-    SetClock([=] { return LocalTime{year, month, day, 10, 20, 30, 0}; });
+    Desktop().Clock = [=] { return LocalTime{year, month, day, 10, 20, 30, 0}; };
 }
 
 void ProgramEnvironment::NoteReminder() const {

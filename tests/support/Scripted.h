@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/Clock.h"
-#include "platform/MessageBox.h"
+#include "platform/desktop/Clock.h"
+#include "platform/desktop/MessageBox.h"
 #include "support/TemporaryFolder.h"
 
 #include <string>

@@ -1,6 +1,6 @@
-#include "extras/frmAbout.h"
-#include "platform/RegistryStore.h"
-#include "platform/Sound.h"
+#include "extras/windows/frmAbout.h"
+#include "platform/desktop/Desktop.h"
+#include "platform/files/RegistryStore.h"
 #include "windows/WindowTest.h"
 
 #include <QApplication>
@@ -45,14 +45,14 @@ class About : public WindowTest {
     About() { qApp->installEventFilter(&m_spectator); }
     ~About() override {
         qApp->removeEventFilter(&m_spectator);
-        SetSoundProvider({});
+        Desktop().PlaySound = {};
     }
     void SetUp() override {
         Start();
-        SetSoundProvider([this](const std::string&) {
+        Desktop().PlaySound = [this](const std::string&, unsigned) {
             ++m_calls;
             m_seenAtCall = AboutBox() != nullptr && Get("picGus").isVisible() && Get("lblStuff").isVisible();
-        });
+        };
     }
 
     static QWidget& Get(const char* name) { return *AboutBox()->findChild<QWidget*>(name); }

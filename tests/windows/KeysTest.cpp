@@ -1,6 +1,6 @@
 #include "windows/WindowTest.h"
 
-#include "platform/NumberText.h"
+#include "platform/text/NumberText.h"
 
 namespace plenair {
 namespace {

@@ -1,12 +1,11 @@
 #include "lite/CalculationLog.h"
-#include "platform/DateText.h"
-#include "platform/Desktop.h"
-#include "platform/Editor.h"
-#include "platform/Folders.h"
-#include "platform/NumberText.h"
-#include "platform/qt/Desktop.h"
+#include "platform/desktop/Desktop.h"
+#include "platform/files/Folders.h"
+#include "platform/qt/ConnectDesktop.h"
 #include "platform/qt/FileDialogs.h"
 #include "platform/qt/OtherPrograms.h"
+#include "platform/text/DateText.h"
+#include "platform/text/NumberText.h"
 #include "windows/WindowTest.h"
 
 #include <QApplication>
@@ -27,15 +26,15 @@ namespace {
 class Log : public WindowTest {
   protected:
     Log() : m_folder(CurrentFolder()) {
-        SetCommonDialogProvider(ShowFileDialog);
-        SetEditorProvider([this](const std::string& path) {
+        Desktop().ShowDialog = ShowFileDialog;
+        Desktop().StartEditor = [this](const std::string& path) {
             m_edited += path;
             return true;
-        });
+        };
     }
     ~Log() override {
-        SetCommonDialogProvider({});
-        SetEditorProvider({});
+        Desktop().ShowDialog = {};
+        Desktop().StartEditor = {};
         SetDateLocale({});
         EnterFolder(m_folder);
     }
@@ -52,10 +51,10 @@ class Log : public WindowTest {
 
     // File dialogs give this path from now on; empty: they are cancelled.
     static void SetDialogAnswer(const std::string& path) {
-        SetCommonDialogProvider([path](DialogKind, CommonDialog& dialog) {
+        Desktop().ShowDialog = [path](DialogKind, CommonDialog& dialog) {
             dialog.FileName = path;
             return !path.empty();
-        });
+        };
     }
     std::string Save() {
         SetDialogAnswer(File("log.pnl"));
@@ -142,7 +141,7 @@ TEST_F(Log, ClicksThatRecordAndThatDoNot) {
 
 TEST_F(Log, FileInTwoLocales) {
     const std::string headings = "Flow\tWidth\tHeight\tRatio\tVel\tPa/m\tCalculation Basis\r\n";
-    SetClock([] { return LocalTime{2026, 11, 8, 17, 7, 59, 0}; });
+    Desktop().Clock = [] { return LocalTime{2026, 11, 8, 17, 7, 59, 0}; };
     FillTable();
     Press(Qt::Key_1, Qt::AltModifier);
     Box("txtInputA").SetText("1234567.8");
@@ -173,7 +172,7 @@ TEST_F(Log, FileInTwoLocales) {
 
 TEST_F(Log, FullLogBeepsAndStaysUsable) {
     int beeps = 0;
-    SetBeepProvider([&] { ++beeps; });
+    Desktop().Beep = [&] { ++beeps; };
     FillTable();
     Click("cmdLog(0)");
     LogCount = 32766;
@@ -182,7 +181,7 @@ TEST_F(Log, FullLogBeepsAndStaysUsable) {
     Click("cmdLog(0)");
     EXPECT_EQ(LogCount, 32767);
     EXPECT_EQ(beeps, 1);
-    SetBeepProvider({});
+    Desktop().Beep = {};
     const std::string text = Save();
     EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 4 + 32767);
     EXPECT_TRUE(text.ends_with("500\t375\t300\t1.3\t4.68\t0.69\t0\r\n"));
@@ -199,7 +198,7 @@ TEST_F(Log, WhatCannotBeSavedOrOpenedChangesNothing) {
         EXPECT_TRUE(CanRecord());
     }
     Settings.DefPath = "/where it was";
-    SetEditorProvider([](const std::string&) { return false; });
+    Desktop().StartEditor = [](const std::string&) { return false; };
     OpenLog(Window());
     EXPECT_EQ(Settings.DefPath, "/where it was") << "no editor";
 }

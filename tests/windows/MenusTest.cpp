@@ -1,10 +1,9 @@
+#include "platform/desktop/Desktop.h"
 #include "windows/WindowTest.h"
 
-#include "platform/Editor.h"
-#include "platform/Folders.h"
-#include "platform/RegistryStore.h"
-#include "platform/Sound.h"
-#include "platform/qt/Desktop.h"
+#include "platform/files/Folders.h"
+#include "platform/files/RegistryStore.h"
+#include "platform/qt/ConnectDesktop.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -78,8 +77,8 @@ TEST_F(Menus, MessageBoxesOfTheDesktop) {
     ConnectDesktop();
     SetRegistryFile("");
     SetProgramFolder(folder);
-    SetSoundProvider({});
-    SetEditorProvider({});
+    Desktop().PlaySound = {};
+    Desktop().StartEditor = {};
     dialogsExpected = true;
     const struct {
         MessageButtons buttons;

@@ -1,5 +1,5 @@
-#include "core/frmInputs.h"
-#include "platform/NumberText.h"
+#include "core/windows/frmInputs.h"
+#include "platform/text/NumberText.h"
 #include "windows/WindowTest.h"
 
 #include <QApplication>

@@ -1,6 +1,6 @@
 #include "windows/SolverTest.h"
 
-#include "core/Main.h"
+#include "core/start/Main.h"
 
 #include <QApplication>
 

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "platform/NumberText.h"
 #include "platform/qt/PictureBox.h"
-#include "project/ProjectModel.h"
+#include "platform/text/NumberText.h"
 #include "project/ScriptedDesktop.h"
-#include "project/frmMajorCalc.h"
-#include "project/frmMajorParam.h"
+#include "project/model/ProjectModel.h"
+#include "project/windows/frmMajorCalc.h"
+#include "project/windows/frmMajorParam.h"
 #include "windows/WindowTest.h"
 
 #include <QImage>

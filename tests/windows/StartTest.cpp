@@ -1,8 +1,8 @@
+#include "platform/desktop/Desktop.h"
 #include "windows/WindowTest.h"
 
-#include "core/Main.h"
-#include "platform/NumberText.h"
-#include "platform/Sound.h"
+#include "core/start/Main.h"
+#include "platform/text/NumberText.h"
 
 #include <QApplication>
 #include <QScreen>
@@ -15,7 +15,7 @@ namespace {
 
 class StartOfTheProgram : public WindowTest {
   protected:
-    ~StartOfTheProgram() override { SetSoundProvider({}); }
+    ~StartOfTheProgram() override { Desktop().PlaySound = {}; }
 
     std::string SettingsFile() const { return m_environment.Folder().File("User.cfg"); }
 };
@@ -23,11 +23,11 @@ class StartOfTheProgram : public WindowTest {
 TEST_F(StartOfTheProgram, TheFirstStart) {
     std::filesystem::remove(SettingsFile());
     std::string order;
-    SetMessageBoxProvider([&](const MessageRequest& request) {
+    Desktop().AskByMessageBox = [&](const MessageRequest& request) {
         order += request.title + (QApplication::topLevelWidgets().empty() ? "" : " over a window") + ", ";
         return MessageAnswer::Ok;
-    });
-    SetSoundProvider([&](const std::string&) { order += "call, "; });
+    };
+    Desktop().PlaySound = [&](const std::string&, unsigned) { order += "call, "; };
     Start();
     EXPECT_EQ(order, "Defaults Set, call, ");
     EXPECT_TRUE(std::filesystem::exists(SettingsFile()));

@@ -1,7 +1,7 @@
 #include "windows/WindowTest.h"
 
-#include "core/Main.h"
 #include "core/SettingsFile.h"
+#include "core/start/Main.h"
 
 #include <QApplication>
 #include <QMenu>

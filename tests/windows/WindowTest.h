@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/Settings.h"
-#include "lite/frmMinorCalc.h"
+#include "lite/windows/frmMinorCalc.h"
 #include "support/Scripted.h"
 
 #include <gtest/gtest.h>

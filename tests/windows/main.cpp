@@ -1,10 +1,9 @@
+#include "platform/desktop/Desktop.h"
 #include "windows/WindowTest.h"
 
-#include "platform/Editor.h"
-#include "platform/Folders.h"
-#include "platform/RegistryStore.h"
-#include "platform/Sound.h"
-#include "platform/qt/Desktop.h"
+#include "platform/files/Folders.h"
+#include "platform/files/RegistryStore.h"
+#include "platform/qt/ConnectDesktop.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -49,8 +48,8 @@ int main(int argc, char** argv) {
     // Each test has a folder and a store of its own; between them there is none. No other program is started.
     plenair::SetRegistryFile("");
     plenair::SetProgramFolder("");
-    plenair::SetSoundProvider({});
-    plenair::SetEditorProvider({});
+    plenair::Desktop().PlaySound = {};
+    plenair::Desktop().StartEditor = {};
     DialogWatch watch;
     application.installEventFilter(&watch);
     return RUN_ALL_TESTS();

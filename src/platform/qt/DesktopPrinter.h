@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/CommonDialog.h"
-#include "platform/Printer.h"
+#include "platform/desktop/CommonDialog.h"
+#include "platform/drawing/Printer.h"
 
 #include <memory>
 #include <string>

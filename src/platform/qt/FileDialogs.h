@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/CommonDialog.h"
+#include "platform/desktop/CommonDialog.h"
 
 #include <QStringList>
 

@@ -1,6 +1,6 @@
 #include "platform/qt/OtherPrograms.h"
 
-#include "platform/DesktopEntry.h"
+#include "platform/desktop/DesktopEntry.h"
 #include "platform/qt/Twips.h"
 
 #include <QFile>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/RecordedSurface.h"
+#include "platform/drawing/RecordedSurface.h"
 
 #include <QColor>
 #include <QFont>

@@ -1,6 +1,6 @@
 #include "platform/qt/TextBox.h"
 
-#include "platform/KeyCodes.h"
+#include "platform/desktop/KeyCodes.h"
 #include "platform/qt/Twips.h"
 
 #include <QKeyEvent>

@@ -1,0 +1,125 @@
+#include "core/start/Main.h"
+
+#include "core/Settings.h"
+#include "core/SettingsFile.h"
+#include "core/windows/frmInputs.h"
+#include "extras/Misc.h"
+#include "extras/windows/frmAbout.h"
+#include "lite/CalculationLog.h"
+#include "lite/windows/frmMinorCalc.h"
+#include "platform/text/NumberText.h"
+#include "project/windows/ProjectSolver.h"
+
+#include <QApplication>
+#include <QPointer>
+
+#include <memory>
+
+// Who calls whom. Main loads the settings and shows frmMinorCalc; from then on everything begins in a handler
+// of a window. Enter there runs CalculateBasis, which reads the window's boxes and fills its grids through
+// LiteView, with the searches of flow; the row buttons and the File menu lead to the log. ShowProjectSolver
+// opens frmMajorCalc, the grid, and frmMajorParam, the sheet; their handlers call the functions of project,
+// which reach both windows through ProjectWindows: ClickGrid adds ducts, StoreBox takes over what was typed,
+// SolveProject saves, solves through the sheet and writes the report, AskForPath adds up a path and plots it,
+// PrintShown prints. frmInputs loads the settings file, and its OK writes it and brings the Lite window up to
+// date from here. All that leads from one window to another is tied in this file.
+namespace plenair {
+
+namespace {
+
+std::unique_ptr<frmMinorCalc>& LiteWindow() {
+    static std::unique_ptr<frmMinorCalc> window;
+    return window;
+}
+
+// There only while it is open.
+QPointer<frmAbout> s_about;
+
+// Brings the Lite window up to date with the settings, if it is on the screen.
+void UpdateLiteWindow() {
+    frmMinorCalc& lite = *LiteWindow();
+    if (!lite.isVisible()) {
+        return;
+    }
+    if (Settings.CalcBasis >= 0 && Settings.CalcBasis <= 4) {
+        lite.SelectBasis(Settings.CalcBasis);
+    }
+    lite.SetBasisText(0, ShortestText(Settings.MaxLPM));
+    lite.SetBasisText(1, ShortestText(Settings.MaxVelocity));
+    lite.SetBasisText(2, ShortestText(Settings.MaxLPM));
+    lite.SetBasisText(9, ShortestText(Settings.MaxVelocity));
+    lite.SetBasisText(3, ShortestText(Settings.Analysis));
+    lite.FocusInputA();
+}
+
+void ShowOptions() {
+    frmInputs options;
+    options.Stored = UpdateLiteWindow;
+    options.ShowModal();
+}
+
+frmAbout* NewAboutBox() {
+    s_about = new frmAbout;
+    // The box may be on its way out of a handler when it is closed.
+    QObject::connect(s_about, &Form::CloseRequested, s_about, [] {
+        s_about->hide();
+        s_about->deleteLater();
+        s_about = nullptr;
+    });
+    return s_about;
+}
+
+bool BringAboutBoxToFront() {
+    if (s_about == nullptr) {
+        return false;
+    }
+    s_about->raise();
+    s_about->activateWindow();
+    return true;
+}
+
+void ShowAbout() {
+    if (!BringAboutBoxToFront()) {
+        NewAboutBox()->ShowModal();
+    }
+}
+
+void ShowAboutPlainly() {
+    if (!BringAboutBoxToFront()) {
+        NewAboutBox()->ShowPlain();
+    }
+}
+
+void OpenProjectSolver() {
+    ProjectSolverLinks links;
+    links.ShowOptions = ShowOptions;
+    links.Closed = [] { LiteWindow()->show(); };
+    ShowProjectSolver(links);
+}
+
+} // namespace
+
+void Main() {
+    ShowAboutAfterReminder = ShowAboutPlainly;
+    LoadSettings();
+    LiteWindow() = std::make_unique<frmMinorCalc>();
+    LiteWindow()->OpenProjectSolver = OpenProjectSolver;
+    LiteWindow()->RecordRow = [](int row) { RecordRow(*LiteWindow(), row); };
+    LiteWindow()->RecordLog = [] { RecordLog(*LiteWindow()); };
+    LiteWindow()->OpenLog = [] { OpenLog(*LiteWindow()); };
+    LiteWindow()->ShowOptions = ShowOptions;
+    LiteWindow()->ShowAbout = ShowAbout;
+    LiteWindow()->EndProgram = [] { QApplication::exit(); };
+    FocusLiteWindow = [] { LiteWindow()->activateWindow(); };
+    LiteWindow()->show();
+}
+
+void Unload() {
+    UnloadProjectSolver();
+    delete s_about;
+    ShowAboutAfterReminder = {};
+    FocusLiteWindow = {};
+    LiteWindow().reset();
+}
+
+} // namespace plenair

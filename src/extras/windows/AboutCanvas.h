@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/drawing/RecordedSurface.h"
+
+#include <QImage>
+#include <QWidget>
+
+namespace plenair {
+
+// The black ground of the about box. What is drawn on its surface appears at the next Refresh, which costs
+// what the new strokes cover, whatever stands there already.
+class AboutCanvas : public QWidget {
+    Q_OBJECT
+
+  public:
+    AboutCanvas(const QString& name, QWidget* parent);
+
+    DrawingSurface& Surface() { return m_surface; }
+    void Refresh();
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    RecordedSurface m_surface;
+    QImage m_picture;
+    std::size_t m_painted = 0; // items of the surface that stand in the picture
+};
+
+} // namespace plenair

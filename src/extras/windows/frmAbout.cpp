@@ -1,0 +1,145 @@
+#include "extras/windows/frmAbout.h"
+
+#include "extras/AboutShow.h"
+#include "extras/Misc.h"
+#include "platform/qt/Twips.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace plenair {
+
+namespace {
+
+constexpr double kWidth = 5370;
+constexpr double kHeight = 4890;
+
+const QString kVersion = " Plenair v1.02";
+const QString kCopyright = " \u00A9 2026 the Plenair developers";
+const QString kStuff = "\n"
+                       "Made by the Plenair developers, free to use under the MIT licence.\n"
+                       "\n"
+                       "Plenair remains in a paused state of development until I generate\n"
+                       "enough spare time to complete it, or someone else decides to own\n"
+                       "the software, add their name to it, develop & support it.\n"
+                       "\n"
+                       "The code is structured to allow adaption to many fluid flow\n"
+                       "calculations - air, water, gas, ducts, pipes etc.\n"
+                       "\n"
+                       "Many other features can also be expanded to provide even more of\n"
+                       "what Plenair does best - save you time in sizing ductwork.\n"
+                       "\n"
+                       "Would you like to help, or to tell what you think of it? Get in touch:\n"
+                       "\n"
+                       "the Plenair developers, at the place where you found Plenair";
+
+// Shows a text on a label, smaller where a font that stands in for a missing one would not fit.
+void ShowText(Label& label, const QString& text) {
+    QFont font = label.font();
+    while (font.pointSizeF() > 4) {
+        const QSize size = QFontMetrics(font, &label).size(0, text);
+        if (size.width() <= label.width() && size.height() <= label.height()) {
+            break;
+        }
+        font.setPointSizeF(font.pointSizeF() - 0.25);
+    }
+    label.setFont(font);
+    label.setText(text);
+}
+
+} // namespace
+
+MascotPicture::MascotPicture(const QString& name, QWidget* parent)
+    : QWidget(parent), m_mascot(":/mascot/gus.jpg") {
+    setObjectName(name);
+    setAccessibleName("Gus, the mascot");
+}
+
+void MascotPicture::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.fillRect(rect(), Qt::white);
+    QRectF area(QPointF(), QSizeF(m_mascot.size()).scaled(size(), Qt::KeepAspectRatio));
+    area.moveCenter(QRectF(rect()).center());
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(area, m_mascot);
+}
+
+void MascotPicture::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()) && Click) {
+        Click();
+    }
+}
+
+frmAbout::frmAbout()
+    : Form("frmAbout", "About Plenair",
+           Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+               Qt::WindowCloseButtonHint),
+      m_canvas(new AboutCanvas("canvas", Client())), picGus(new MascotPicture("picGus", Client())),
+      lblPlenair(AddLabel("lblPlenair", 1470, 210, 2955, 330)),
+      lblCR(AddLabel("lblCR", 1470, 945, 2955, 225)), lblStuff(AddLabel("lblStuff", 210, 1260, 4935, 3120)) {
+    SetClientSize(kWidth, kHeight);
+    MoveTo((ScreenWidth() - Width()) / 2, (ScreenHeight() - Height()) / 2);
+    Place(m_canvas, 0, 0, kWidth, kHeight);
+    Place(picGus, 210, 210, 1065, 960);
+    picGus->hide();
+    picGus->Click = [this] { picGus_Click(); };
+    QFont bold("Arial");
+    bold.setPointSizeF(11.25);
+    bold.setBold(true);
+    lblPlenair->setFont(bold);
+    lblStuff->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+}
+
+Label* frmAbout::AddLabel(const QString& name, double left, double top, double width, double height) {
+    auto* label = new Label(name, QString(), Client());
+    QPalette colours = label->palette();
+    colours.setColor(QPalette::Window, Qt::black);
+    colours.setColor(QPalette::WindowText, Qt::white);
+    label->setPalette(colours);
+    label->SetOpaque(true);
+    Place(label, left, top, width, height);
+    label->hide();
+    return label;
+}
+
+void frmAbout::ShowPlain() {
+    show();
+    Form_Activate();
+}
+
+void frmAbout::showEvent(QShowEvent* event) {
+    Form::showEvent(event);
+    QMetaObject::invokeMethod(this, &frmAbout::Form_Activate, Qt::QueuedConnection);
+}
+
+void frmAbout::Form_Activate() {
+    if (picGus->isVisible() || m_showRuns) {
+        return;
+    }
+    m_showRuns = true;
+    WaitUntilOnScreen();
+    if (!isVisible()) {
+        return; // closed before it was seen
+    }
+    DoSomething();
+    ShowText(*lblPlenair, kVersion);
+    ShowText(*lblCR, kCopyright);
+    ShowText(*lblStuff, kStuff);
+    lblPlenair->show();
+    lblCR->show();
+    lblStuff->show();
+    picGus->show();
+    Client()->repaint();
+    PlayCall();
+    m_showRuns = false;
+}
+
+void frmAbout::DoSomething() {
+    PlayShow(m_canvas->Surface(), [this] { m_canvas->Refresh(); });
+}
+
+void frmAbout::picGus_Click() {
+    PlayCall();
+}
+
+} // namespace plenair

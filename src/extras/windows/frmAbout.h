@@ -1,0 +1,60 @@
+#pragma once
+
+#include "extras/windows/AboutCanvas.h"
+#include "platform/qt/Controls.h"
+#include "platform/qt/Form.h"
+
+#include <QImage>
+
+#include <functional>
+
+namespace plenair {
+
+// The mascot, on white.
+class MascotPicture : public QWidget {
+    Q_OBJECT
+
+  public:
+    MascotPicture(const QString& name, QWidget* parent);
+
+    std::function<void()> Click;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+  private:
+    QImage m_mascot;
+};
+
+// The about box. Being shown for the first time makes it play its show, and only after that its texts and its
+// picture are visible; each opening takes a new box.
+class frmAbout : public Form {
+    Q_OBJECT
+
+  public:
+    frmAbout();
+
+    // Shows the box beside the other windows and comes back when the show is over.
+    void ShowPlain();
+
+    // Draws the show, to its end.
+    void DoSomething();
+
+  protected:
+    void showEvent(QShowEvent* event) override;
+
+  private:
+    Label* AddLabel(const QString& name, double left, double top, double width, double height);
+    void Form_Activate();
+    void picGus_Click();
+
+    AboutCanvas* m_canvas;
+    MascotPicture* picGus;
+    Label* lblPlenair;
+    Label* lblCR;
+    Label* lblStuff;
+    bool m_showRuns = false;
+};
+
+} // namespace plenair

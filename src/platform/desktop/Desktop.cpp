@@ -1,0 +1,99 @@
+#include "platform/desktop/Desktop.h"
+
+#include "platform/desktop/Clock.h"
+#include "platform/desktop/Editor.h"
+#include "platform/desktop/Sound.h"
+
+#include <chrono>
+#include <cstdio>
+#include <ctime>
+#include <time.h>
+
+namespace plenair {
+
+namespace {
+
+LocalTime SystemTime() {
+    const auto now =
+        std::chrono::time_point_cast<std::chrono::milliseconds>(std::chrono::system_clock::now());
+    const std::time_t seconds = std::chrono::system_clock::to_time_t(now);
+    const auto sinceSecond = now - std::chrono::system_clock::from_time_t(seconds);
+    std::tm parts{};
+    localtime_r(&seconds, &parts);
+    return {
+        .year = parts.tm_year + 1900,
+        .month = parts.tm_mon + 1,
+        .day = parts.tm_mday,
+        .hour = parts.tm_hour,
+        .minute = parts.tm_min,
+        .second = parts.tm_sec,
+        .millisecond =
+            static_cast<int>(std::chrono::duration_cast<std::chrono::milliseconds>(sinceSecond).count()),
+    };
+}
+
+} // namespace
+
+DesktopServices& Desktop() {
+    static DesktopServices services;
+    return services;
+}
+
+// Each takes a copy of its service, since another may be put in its place while a dialog is open.
+
+MessageAnswer ShowMessage(const MessageRequest& request) {
+    if (const auto ask = Desktop().AskByMessageBox) {
+        return ask(request);
+    }
+    std::fprintf(stderr, "%s: %s\n", request.title.c_str(), request.text.c_str());
+    return AnswerWhenClosed(request.buttons);
+}
+
+MessageAnswer AnswerWhenClosed(MessageButtons buttons) {
+    switch (buttons) {
+    case MessageButtons::OkCancel:
+    case MessageButtons::YesNoCancel:
+    case MessageButtons::RetryCancel:
+        return MessageAnswer::Cancel;
+    case MessageButtons::YesNo:
+        return MessageAnswer::No;
+    case MessageButtons::Ok:
+        break;
+    }
+    return MessageAnswer::Ok;
+}
+
+std::string AskForText(const InputRequest& request) {
+    const auto ask = Desktop().AskByInputBox;
+    return ask ? ask(request) : std::string();
+}
+
+void PlaySoundA(const std::string& name, unsigned flags) {
+    if (const auto play = Desktop().PlaySound) {
+        play(name, flags);
+    }
+}
+
+bool OpenInEditor(const std::string& path) {
+    const auto start = Desktop().StartEditor;
+    return start && start(path);
+}
+
+void Beep() {
+    if (const auto beep = Desktop().Beep) {
+        beep();
+    }
+}
+
+void SetMousePointer(MousePointer pointer) {
+    if (const auto show = Desktop().ShowPointer) {
+        show(pointer);
+    }
+}
+
+LocalTime Now() {
+    const auto clock = Desktop().Clock;
+    return clock ? clock() : SystemTime();
+}
+
+} // namespace plenair

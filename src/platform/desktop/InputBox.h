@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+
+namespace plenair {
+
+struct InputRequest {
+    std::string prompt;
+    std::string title;
+};
+
+// Asks for one line of text in an empty box. Empty on Cancel.
+std::string AskForText(const InputRequest& request);
+
+} // namespace plenair

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "platform/drawing/DrawingSurface.h"
+
+#include <cstddef>
+#include <functional>
+#include <vector>
+
+namespace plenair {
+
+struct DrawnItem {
+    enum class Kind { Line, Box, Text };
+
+    Kind kind = Kind::Line;
+    LineStyle style = LineStyle::Solid;
+    int lineWidth = 1;
+    ColourNumber colour = BlackColour;
+    double x1 = 0; // of a text: its top left corner
+    double y1 = 0;
+    double x2 = 0;
+    double y2 = 0;
+    std::string text;
+};
+
+// A surface that keeps its picture as the list of what was drawn, so that it can be painted when it is to be
+// seen, at any scale, and as often as needed.
+//
+// A painter that keeps an image of the first items only has to add the later ones, as long as TakeItemsKept
+// gives no less than the number it has.
+class RecordedSurface : public DrawingSurface {
+  public:
+    double Width() const override { return m_width; }
+    double Height() const override { return m_height; }
+
+    // What was drawn stays where it is.
+    void SetSize(double width, double height);
+
+    void SetLineWidth(int width) override { m_lineWidth = width; }
+    void SetLineStyle(LineStyle style) override { m_style = style; }
+    void Line(double x1, double y1, double x2, double y2, ColourNumber colour) override;
+    void Box(double x1, double y1, double x2, double y2, ColourNumber colour) override;
+    void SetPosition(double x, double y) override;
+    void Print(const std::string& text) override;
+
+    void Clear() { CutBackTo(0); }
+
+    // Forgets everything but the first `count` items.
+    void CutBackTo(std::size_t count);
+
+    const std::vector<DrawnItem>& Items() const { return m_items; }
+    std::size_t Cuts() const { return m_cuts; }
+
+    // How many of the items that stood here at the last call of this function have stood here ever since. For
+    // the one painter of the surface.
+    std::size_t TakeItemsKept();
+
+    // `changed` runs after every change of the picture, and only has to note it.
+    void WhenChanged(std::function<void()> changed) { m_changed = std::move(changed); }
+
+  private:
+    void Add(DrawnItem::Kind kind, double x1, double y1, double x2, double y2, ColourNumber colour);
+    void TellChange() const;
+
+    double m_width = 0;
+    double m_height = 0;
+    int m_lineWidth = 1;
+    LineStyle m_style = LineStyle::Solid;
+    double m_x = 0;
+    double m_y = 0;
+    std::vector<DrawnItem> m_items;
+    std::size_t m_cuts = 0;
+    std::size_t m_kept = 0;
+    std::function<void()> m_changed;
+};
+
+} // namespace plenair

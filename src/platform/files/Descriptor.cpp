@@ -1,0 +1,27 @@
+#include "platform/files/Descriptor.h"
+
+#include "platform/files/FileFailure.h"
+
+#include <cerrno>
+#include <system_error>
+
+namespace plenair {
+
+void Fail(const std::string& path, const std::string& reason) {
+    throw FileFailure(path + ": " + reason);
+}
+
+void Fail(const std::string& path, int error) {
+    Fail(path, std::generic_category().message(error));
+}
+
+void RequireRegularFile(const std::string& path, const struct stat& status) {
+    if (S_ISDIR(status.st_mode)) {
+        Fail(path, EISDIR);
+    }
+    if (!S_ISREG(status.st_mode)) {
+        Fail(path, "Not a regular file");
+    }
+}
+
+} // namespace plenair

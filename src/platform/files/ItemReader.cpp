@@ -1,0 +1,171 @@
+#include "platform/files/ItemReader.h"
+
+#include "platform/files/Descriptor.h"
+
+#include <array>
+#include <cerrno>
+#include <cstddef>
+
+#include <fcntl.h>
+
+namespace plenair {
+
+namespace {
+
+constexpr std::size_t LongestItem = 65'536;
+
+bool IsBlank(int byte) {
+    return byte == ' ' || byte == '\t';
+}
+
+bool EndsLine(int byte) {
+    return byte == '\r' || byte == '\n';
+}
+
+} // namespace
+
+struct ItemReader::State {
+    State(const std::string& name, Quotes innerQuotes);
+
+    static constexpr int End = -1;
+
+    int Peek(); // the next byte, or End
+    void Skip() { ++m_next; }
+    bool SkipIf(char byte);
+    void SkipBlanks();
+    void SkipSeparator();
+    void FailAtEnd();
+    void Append(std::string& item);
+
+    const std::string path;
+    const Quotes quotes;
+
+  private:
+    Descriptor m_file;
+    std::array<char, 8192> m_buffer;
+    std::size_t m_next = 0;
+    std::size_t m_filled = 0;
+};
+
+// Without O_NONBLOCK the opening of a pipe that nobody writes to would never return.
+ItemReader::State::State(const std::string& name, Quotes innerQuotes)
+    : path(name), quotes(innerQuotes), m_file(::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {
+    struct stat status {};
+    if (!m_file.IsOpen() || ::fstat(m_file.Number(), &status) != 0) {
+        Fail(path, errno);
+    }
+    RequireRegularFile(path, status);
+}
+
+int ItemReader::State::Peek() {
+    if (m_next == m_filled) {
+        ssize_t count = -1;
+        do {
+            count = ::read(m_file.Number(), m_buffer.data(), m_buffer.size());
+        } while (count < 0 && errno == EINTR);
+        if (count < 0) {
+            Fail(path, errno);
+        }
+        m_next = 0;
+        m_filled = static_cast<std::size_t>(count);
+    }
+    return m_next < m_filled ? static_cast<unsigned char>(m_buffer[m_next]) : End;
+}
+
+bool ItemReader::State::SkipIf(char byte) {
+    const bool found = Peek() == byte;
+    if (found) {
+        Skip();
+    }
+    return found;
+}
+
+void ItemReader::State::SkipBlanks() {
+    for (std::size_t count = 0; IsBlank(Peek()); ++count) {
+        if (count == LongestItem) {
+            Fail(path, "Item too long");
+        }
+        Skip();
+    }
+}
+
+// Skips one comma or line end, with the blanks before it.
+void ItemReader::State::SkipSeparator() {
+    SkipBlanks();
+    if (SkipIf(',')) {
+        return;
+    }
+    SkipIf('\r');
+    SkipIf('\n');
+}
+
+void ItemReader::State::FailAtEnd() {
+    if (Peek() == End) {
+        Fail(path, "Unexpected end of file");
+    }
+}
+
+// Moves the next byte to the end of `item`.
+void ItemReader::State::Append(std::string& item) {
+    if (item.size() == LongestItem) {
+        Fail(path, "Item too long");
+    }
+    item.push_back(static_cast<char>(Peek()));
+    Skip();
+}
+
+ItemReader::ItemReader(const std::string& path, Quotes quotes)
+    : m_state(std::make_unique<State>(path, quotes)) {}
+
+ItemReader::~ItemReader() = default;
+
+bool ItemReader::AtEnd() {
+    return m_state->Peek() == State::End;
+}
+
+std::string ItemReader::ReadText() {
+    State& state = *m_state;
+    state.FailAtEnd();
+    state.SkipBlanks();
+    std::string item;
+    if (state.SkipIf('"')) {
+        const bool doubled = state.quotes == Quotes::Doubled;
+        while (state.Peek() != State::End) {
+            // Of two quotes that stand for one, the second is still there to be appended.
+            if (state.SkipIf('"') && !(doubled && state.Peek() == '"')) {
+                break;
+            }
+            state.Append(item);
+        }
+    } else {
+        while (state.Peek() != State::End && state.Peek() != ',' && !EndsLine(state.Peek())) {
+            state.Append(item);
+        }
+        item.erase(item.find_last_not_of(" \t") + 1);
+    }
+    state.SkipSeparator();
+    return item;
+}
+
+std::string ItemReader::ReadNumberText() {
+    State& state = *m_state;
+    state.FailAtEnd();
+    state.SkipBlanks();
+    std::string item;
+    for (int byte = state.Peek(); byte != State::End && byte != ',' && !IsBlank(byte) && !EndsLine(byte);
+         byte = state.Peek()) {
+        state.Append(item);
+    }
+    state.SkipSeparator();
+    return item;
+}
+
+std::string Quoted(std::string_view text) {
+    std::string quoted = "\"";
+    for (const char byte : text) {
+        quoted.append(byte == '"' ? 2 : 1, byte);
+    }
+    return quoted.append("\"");
+}
+
+} // namespace plenair

@@ -1,0 +1,310 @@
+#include "platform/files/RegistryStore.h"
+
+#include "platform/files/ItemReader.h"
+#include "platform/files/WholeFiles.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstddef>
+#include <filesystem>
+#include <map>
+#include <string_view>
+#include <system_error>
+#include <utility>
+
+// The file holds items, in rows of three kinds:
+//
+//     "key","Software\Company"                the path of a key, from the root down
+//     "value","Month",1,313232303236          a value of the key above it: name, type, bytes as hex digits
+//     "end"                                   without it the file is not whole
+//
+// It is read anew at each call, so that two running programs see each other's values.
+namespace plenair {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::size_t LongestName = 4'096;  // of a value, or of a key with those above it
+constexpr std::size_t LongestData = 32'768; // twice as many digits are the longest item that can be read
+constexpr std::size_t LargestStore = 1'048'576;
+
+struct Value {
+    std::string name;
+    std::uint32_t type = 0;
+    std::string data;
+};
+
+struct Key {
+    std::string path;
+    std::map<std::string, Value> values; // by folded name
+};
+
+// All keys by folded path. The root has the empty path and is always there; a key stands ahead of those
+// below it.
+using Store = std::map<std::string, Key>;
+
+std::string& RegistryFile() {
+    static std::string file;
+    return file;
+}
+
+// Paths of the open keys. Numbers are never used twice.
+std::map<RegistryKey, std::string>& OpenKeys() {
+    static std::map<RegistryKey, std::string> keys;
+    return keys;
+}
+
+// Names are the same whatever the case of their letters.
+std::string Folded(std::string name) {
+    for (char& byte : name) {
+        if (byte >= 'A' && byte <= 'Z') {
+            byte = static_cast<char>(byte - 'A' + 'a');
+        }
+    }
+    return name;
+}
+
+std::string HexOf(const std::string& data) {
+    constexpr char digits[] = "0123456789abcdef";
+    std::string hex;
+    for (const char byte : data) {
+        hex.push_back(digits[static_cast<unsigned char>(byte) >> 4U]);
+        hex.push_back(digits[static_cast<unsigned char>(byte) & 15U]);
+    }
+    return hex;
+}
+
+void RequireWhole(bool isWhole) {
+    if (!isWhole) {
+        throw FileFailure(RegistryFile() + ": Damaged");
+    }
+}
+
+std::uint32_t ParseNumber(std::string_view text, int base) {
+    std::uint32_t number = 0;
+    const char* end = text.data() + text.size();
+    const auto parsed = std::from_chars(text.data(), end, number, base);
+    RequireWhole(parsed.ec == std::errc() && parsed.ptr == end);
+    return number;
+}
+
+std::string ParseHex(std::string_view hex) {
+    RequireWhole(hex.size() % 2 == 0);
+    std::string data;
+    for (; !hex.empty(); hex.remove_prefix(2)) {
+        data.push_back(static_cast<char>(ParseNumber(hex.substr(0, 2), 16)));
+    }
+    return data;
+}
+
+Store EmptyStore() {
+    return {{"", Key{}}};
+}
+
+Store ParseStore(ItemReader& reader) {
+    Store store = EmptyStore();
+    Key* key = &store[""];
+    for (std::string kind = reader.ReadText(); kind != "end"; kind = reader.ReadText()) {
+        if (kind == "key") {
+            const std::string path = reader.ReadText();
+            key = &store[Folded(path)];
+            key->path = path;
+        } else {
+            RequireWhole(kind == "value");
+            Value value;
+            value.name = reader.ReadText();
+            value.type = ParseNumber(reader.ReadNumberText(), 10);
+            value.data = ParseHex(reader.ReadNumberText());
+            key->values[Folded(value.name)] = value;
+        }
+    }
+    RequireWhole(reader.AtEnd());
+    return store;
+}
+
+// What the file holds; a missing or damaged one is an empty store. Throws FileFailure if it can't be opened.
+Store LoadStore() {
+    std::error_code error;
+    if (fs::status(RegistryFile(), error).type() == fs::file_type::not_found) {
+        return EmptyStore();
+    }
+    ItemReader reader(RegistryFile(), Quotes::Doubled);
+    if (fs::file_size(RegistryFile(), error) > LargestStore) {
+        return EmptyStore();
+    }
+    try {
+        return ParseStore(reader);
+    } catch (const FileFailure&) {
+        return EmptyStore();
+    }
+}
+
+// Throws FileFailure, also where the store would become too large to be read again.
+void SaveStore(const Store& store) {
+    std::string content;
+    for (const auto& [foldedPath, key] : store) {
+        content += Quoted("key") + "," + Quoted(key.path) + "\r\n";
+        for (const auto& [foldedName, value] : key.values) {
+            content += Quoted("value") + "," + Quoted(value.name) + "," + std::to_string(value.type) + "," +
+                       HexOf(value.data) + "\r\n";
+        }
+    }
+    content += Quoted("end") + "\r\n";
+    if (content.size() > LargestStore) {
+        throw FileFailure(RegistryFile() + ": Full");
+    }
+    std::error_code error; // the write fails where the folder is still missing
+    fs::create_directories(fs::path(RegistryFile()).parent_path(), error);
+    WriteWholeFile(RegistryFile(), content);
+}
+
+// Runs an operation on the store; whatever the file's trouble is, the caller sees one code.
+template <typename Operation>
+RegistryStatus OnStore(Operation operation) {
+    if (RegistryFile().empty()) {
+        return ERROR_ACCESS_DENIED;
+    }
+    try {
+        return operation();
+    } catch (const FileFailure&) {
+        return ERROR_ACCESS_DENIED;
+    }
+}
+
+// The path of a root or of an open key; null if it is neither.
+const std::string* PathOf(RegistryKey key) {
+    static const std::string root;
+    if (key == HKEY_CURRENT_USER) {
+        return &root;
+    }
+    const auto found = OpenKeys().find(key);
+    return found == OpenKeys().end() ? nullptr : &found->second;
+}
+
+// The paths of the keys on the way from `path` down to its sub-key, both included. Backslashes that stand at
+// an end or side by side part nothing.
+std::vector<std::string> PathsDown(const std::string& path, std::string_view subKey) {
+    std::vector<std::string> paths{path};
+    while (!subKey.empty()) {
+        const std::string_view name = subKey.substr(0, subKey.find('\\'));
+        subKey.remove_prefix(std::min(name.size() + 1, subKey.size()));
+        if (!name.empty()) {
+            const std::string& above = paths.back();
+            paths.push_back((above.empty() ? "" : above + "\\").append(name));
+        }
+    }
+    return paths;
+}
+
+void AddMissing(Store& store, const std::vector<std::string>& paths) {
+    for (const std::string& path : paths) {
+        store.try_emplace(Folded(path), Key{path, {}});
+    }
+}
+
+RegistryKey NewHandle(std::string path) {
+    static RegistryKey last = 0;
+    OpenKeys()[++last] = std::move(path);
+    return last;
+}
+
+} // namespace
+
+RegistryStatus RegOpenKeyExA(RegistryKey root, const std::string& subKey, std::uint32_t /*reserved*/,
+                             std::uint32_t /*access*/, RegistryKey& result) {
+    result = 0;
+    const std::string* rootPath = PathOf(root);
+    if (rootPath == nullptr) {
+        return ERROR_INVALID_HANDLE;
+    }
+    return OnStore([&] {
+        const Store store = LoadStore();
+        const std::string path = PathsDown(*rootPath, subKey).back();
+        if (!store.contains(Folded(path))) {
+            return ERROR_FILE_NOT_FOUND;
+        }
+        result = NewHandle(path);
+        return ERROR_SUCCESS;
+    });
+}
+
+RegistryStatus RegCreateKeyExA(RegistryKey root, const std::string& subKey, std::uint32_t /*reserved*/,
+                               std::uint32_t /*options*/, std::uint32_t /*access*/, RegistryKey& result) {
+    result = 0;
+    const std::string* rootPath = PathOf(root);
+    if (rootPath == nullptr) {
+        return ERROR_INVALID_HANDLE;
+    }
+    if (rootPath->size() + subKey.size() > LongestName) {
+        return ERROR_ACCESS_DENIED;
+    }
+    return OnStore([&] {
+        Store store = LoadStore();
+        const std::size_t oldCount = store.size();
+        const std::vector<std::string> paths = PathsDown(*rootPath, subKey);
+        AddMissing(store, paths);
+        if (store.size() > oldCount) {
+            SaveStore(store);
+        }
+        result = NewHandle(paths.back());
+        return ERROR_SUCCESS;
+    });
+}
+
+RegistryStatus RegQueryValueExA(RegistryKey key, const std::string& valueName, std::uint32_t& type,
+                                unsigned char* data, std::uint32_t& size) {
+    const std::string* path = PathOf(key);
+    if (path == nullptr) {
+        return ERROR_INVALID_HANDLE;
+    }
+    return OnStore([&] {
+        const Store store = LoadStore();
+        const auto found = store.find(Folded(*path));
+        if (found == store.end() || !found->second.values.contains(Folded(valueName))) {
+            return ERROR_FILE_NOT_FOUND;
+        }
+        const Value& value = found->second.values.at(Folded(valueName));
+        const auto room = static_cast<std::size_t>(size);
+        type = value.type;
+        size = static_cast<std::uint32_t>(value.data.size());
+        if (data == nullptr) {
+            return ERROR_SUCCESS;
+        }
+        std::copy_n(value.data.begin(), std::min(room, value.data.size()), data);
+        return room < value.data.size() ? ERROR_MORE_DATA : ERROR_SUCCESS;
+    });
+}
+
+RegistryStatus RegSetValueExA(RegistryKey key, const std::string& valueName, std::uint32_t type,
+                              const unsigned char* data, std::uint32_t size) {
+    const std::string* path = PathOf(key);
+    if (path == nullptr) {
+        return ERROR_INVALID_HANDLE;
+    }
+    if (valueName.size() > LongestName || size > LongestData) {
+        return ERROR_ACCESS_DENIED;
+    }
+    return OnStore([&] {
+        Store store = LoadStore();
+        // The key may have gone with a damaged file since it was opened.
+        AddMissing(store, PathsDown("", *path));
+        Value& value = store[Folded(*path)].values[Folded(valueName)];
+        value = {value.name.empty() ? valueName : value.name, type, std::string(data, data + size)};
+        SaveStore(store);
+        return ERROR_SUCCESS;
+    });
+}
+
+RegistryStatus RegCloseKey(RegistryKey key) {
+    return key == HKEY_CURRENT_USER || OpenKeys().erase(key) > 0 ? ERROR_SUCCESS : ERROR_INVALID_HANDLE;
+}
+
+void SetRegistryFile(std::string path) {
+    // An absolute path, since the current folder changes with every file dialog.
+    std::error_code noCurrentFolder;
+    const fs::path absolute = fs::absolute(path, noCurrentFolder);
+    RegistryFile() = path.empty() || noCurrentFolder ? std::move(path) : absolute.string();
+}
+
+} // namespace plenair

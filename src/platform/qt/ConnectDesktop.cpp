@@ -1,0 +1,147 @@
+#include "platform/qt/ConnectDesktop.h"
+
+#include "platform/desktop/Desktop.h"
+#include "platform/files/Folders.h"
+#include "platform/files/RegistryStore.h"
+#include "platform/qt/DesktopPrinter.h"
+#include "platform/qt/FileDialogs.h"
+#include "platform/qt/FocusEvents.h"
+#include "platform/qt/OtherPrograms.h"
+#include "platform/qt/Twips.h"
+#include "platform/text/NumberText.h"
+
+#include <QApplication>
+#include <QInputDialog>
+#include <QLocale>
+#include <QMessageBox>
+#include <QStandardPaths>
+
+namespace plenair {
+
+namespace {
+
+// The desktop tells no sizes of groups, but a grouped number shows them.
+NumberLocale DesktopNumbers() {
+    const QLocale desktop;
+    NumberLocale numbers;
+    numbers.decimalMark = FromQt(desktop.decimalPoint());
+    numbers.groupMark = FromQt(desktop.groupSeparator());
+    QLocale plain(desktop);
+    plain.setNumberOptions(QLocale::DefaultNumberOptions);
+    const QStringList groups = plain.toString(1000000000LL).split(desktop.groupSeparator());
+    if (groups.size() >= 3) {
+        numbers.firstGroup = static_cast<int>(groups[groups.size() - 1].size());
+        numbers.otherGroups = static_cast<int>(groups[groups.size() - 2].size());
+    }
+    return numbers;
+}
+
+QMessageBox::Icon IconOf(MessageIcon icon) {
+    switch (icon) {
+    case MessageIcon::Critical:
+        return QMessageBox::Critical;
+    case MessageIcon::Question:
+        return QMessageBox::Question;
+    case MessageIcon::Exclamation:
+        return QMessageBox::Warning;
+    case MessageIcon::Information:
+        return QMessageBox::Information;
+    case MessageIcon::None:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+QMessageBox::StandardButtons ButtonsOf(MessageButtons buttons) {
+    switch (buttons) {
+    case MessageButtons::OkCancel:
+        return QMessageBox::Ok | QMessageBox::Cancel;
+    case MessageButtons::YesNoCancel:
+        return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case MessageButtons::YesNo:
+        return QMessageBox::Yes | QMessageBox::No;
+    case MessageButtons::RetryCancel:
+        return QMessageBox::Retry | QMessageBox::Cancel;
+    case MessageButtons::Ok:
+        break;
+    }
+    return QMessageBox::Ok;
+}
+
+MessageAnswer AskByMessageBox(const MessageRequest& request) {
+    QMessageBox box(WindowInUse());
+    box.setWindowTitle(ToQt(request.title));
+    box.setTextFormat(Qt::PlainText);
+    box.setText(ToQt(request.text));
+    box.setIcon(IconOf(request.icon));
+    box.setStandardButtons(ButtonsOf(request.buttons));
+    switch (box.exec()) {
+    case QMessageBox::Ok:
+        return MessageAnswer::Ok;
+    case QMessageBox::Yes:
+        return MessageAnswer::Yes;
+    case QMessageBox::No:
+        return MessageAnswer::No;
+    case QMessageBox::Retry:
+        return MessageAnswer::Retry;
+    case QMessageBox::Cancel:
+        return MessageAnswer::Cancel;
+    default:
+        return AnswerWhenClosed(request.buttons);
+    }
+}
+
+std::string AskByInputBox(const InputRequest& request) {
+    return FromQt(QInputDialog::getText(WindowInUse(), ToQt(request.title), ToQt(request.prompt)));
+}
+
+bool ShowCommonDialog(DialogKind kind, CommonDialog& dialog) {
+    return kind == DialogKind::Printer ? ShowPrintDialog(dialog) : ShowFileDialog(kind, dialog);
+}
+
+void ShowMousePointer(MousePointer pointer) {
+    while (QApplication::overrideCursor() != nullptr) {
+        QApplication::restoreOverrideCursor();
+    }
+    if (pointer == MousePointer::Hourglass) {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    }
+}
+
+} // namespace
+
+DateLocale DatesOf(const QLocale& locale) {
+    const QString pattern = locale.dateFormat(QLocale::ShortFormat);
+    DateLocale dates;
+    if (pattern.indexOf('y') < pattern.indexOf('d')) {
+        dates.order = DateOrder::YearMonthDay;
+    } else if (pattern.indexOf('M') < pattern.indexOf('d')) {
+        dates.order = DateOrder::MonthDayYear;
+    }
+    for (int month = 1; month <= 12; ++month) {
+        dates.shortMonths[static_cast<std::size_t>(month - 1)] =
+            FromQt(locale.standaloneMonthName(month, QLocale::ShortFormat));
+    }
+    return dates;
+}
+
+void ConnectDesktop() {
+    SetProgramFolder(FromQt(QApplication::applicationDirPath()));
+    SetRegistryFile(FromQt(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)) +
+                    "/plenair/registry");
+    SetNumberLocale(DesktopNumbers());
+    SetDateLocale(DatesOf(QLocale()));
+    Desktop() = {
+        .AskByMessageBox = AskByMessageBox,
+        .AskByInputBox = AskByInputBox,
+        .ShowDialog = ShowCommonDialog,
+        .PlaySound = [](const std::string& path, unsigned) { PlayByOtherProgram(path); },
+        .StartEditor = EditByOtherProgram,
+        .Beep = [] { QApplication::beep(); },
+        .ShowPointer = ShowMousePointer,
+        .Clock = {},
+    };
+    WatchFocus();
+}
+
+} // namespace plenair

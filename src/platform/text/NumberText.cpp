@@ -1,0 +1,304 @@
+#include "platform/text/NumberText.h"
+
+#include <algorithm>
+#include <array>
+#include <cassert>
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+#include <system_error>
+#include <type_traits>
+#include <vector>
+
+// Searches format and read numbers in their inner loop, and the desktop may have set a C locale for the
+// process: hence to_chars and from_chars throughout, which are fast and know no locale.
+namespace plenair {
+
+namespace {
+
+// Marks that look alike to the user: whichever of a row the locale names, all of them are accepted.
+const std::array<std::vector<std::string>, 2> AlikeMarks{{
+    {" ", "\u00A0", "\u202F", "\u2009"},
+    {"'", "\u2019"},
+}};
+
+struct ActiveLocale {
+    NumberLocale locale;
+    std::vector<std::string> groupMarks; // all that are accepted
+};
+
+ActiveLocale MakeActive(const NumberLocale& locale) {
+    ActiveLocale active{locale, {}};
+    if (!locale.groupMark.empty()) {
+        active.groupMarks = {locale.groupMark};
+    }
+    for (const std::vector<std::string>& marks : AlikeMarks) {
+        if (std::find(marks.begin(), marks.end(), locale.groupMark) != marks.end()) {
+            active.groupMarks = marks;
+        }
+    }
+    return active;
+}
+
+ActiveLocale& Active() {
+    static ActiveLocale active = MakeActive({});
+    return active;
+}
+
+std::string_view DecimalMark(Mark mark) {
+    return mark == Mark::Point ? std::string_view(".") : std::string_view(Active().locale.decimalMark);
+}
+
+bool Take(std::string_view& text, std::string_view start) {
+    if (start.empty() || !text.starts_with(start)) {
+        return false;
+    }
+    text.remove_prefix(start.size());
+    return true;
+}
+
+std::size_t TakeDigits(std::string_view& text, std::string& plain) {
+    std::size_t count = 0;
+    while (count < text.size() && text[count] >= '0' && text[count] <= '9') {
+        ++count;
+    }
+    plain.append(text.substr(0, count));
+    text.remove_prefix(count);
+    return count;
+}
+
+bool TakeGroupMark(std::string_view& text) {
+    const std::vector<std::string>& marks = Active().groupMarks;
+    return std::any_of(marks.begin(), marks.end(), [&](const std::string& mark) { return Take(text, mark); });
+}
+
+// Takes the digits ahead of the decimal mark; false if group marks stand in wrong places.
+bool TakeWholePart(std::string_view& text, Mark mark, std::string& plain) {
+    std::size_t length = TakeDigits(text, plain);
+    if (mark == Mark::Point || text.empty()) {
+        return true;
+    }
+    const std::size_t firstGroup = static_cast<std::size_t>(Active().locale.firstGroup);
+    const std::size_t otherGroups = static_cast<std::size_t>(Active().locale.otherGroups);
+    bool grouped = false;
+    while (TakeGroupMark(text)) {
+        if (length > otherGroups || length < (grouped ? otherGroups : 1)) {
+            return false;
+        }
+        grouped = true;
+        length = TakeDigits(text, plain);
+    }
+    return !grouped || length == firstGroup;
+}
+
+std::string_view WithoutBlanksAround(std::string_view text) {
+    constexpr std::array<std::string_view, 3> blanks{" ", "\t", "\u00A0"};
+    const auto takeFront = [&](std::string_view blank) { return Take(text, blank); };
+    const auto takeBack = [&](std::string_view blank) {
+        const bool found = text.ends_with(blank);
+        text.remove_suffix(found ? blank.size() : 0);
+        return found;
+    };
+    while (std::any_of(blanks.begin(), blanks.end(), takeFront)) {
+    }
+    while (std::any_of(blanks.begin(), blanks.end(), takeBack)) {
+    }
+    return text;
+}
+
+// Puts the number into `plain` in the form -12.5e-3 that from_chars reads; false if it is no number.
+bool MakePlain(std::string_view text, Mark mark, std::string& plain) {
+    text = WithoutBlanksAround(text);
+    if (Take(text, "-")) {
+        plain.push_back('-');
+    } else {
+        Take(text, "+");
+    }
+    const std::size_t start = plain.size();
+    if (!TakeWholePart(text, mark, plain)) {
+        return false;
+    }
+    bool hasDigits = plain.size() > start;
+    if (Take(text, DecimalMark(mark))) {
+        plain.push_back('.');
+        hasDigits = TakeDigits(text, plain) > 0 || hasDigits;
+    }
+    if (!hasDigits) {
+        return false;
+    }
+    if (Take(text, "e") || Take(text, "E")) {
+        plain.push_back('e');
+        if (Take(text, "-")) {
+            plain.push_back('-');
+        } else {
+            Take(text, "+");
+        }
+        if (TakeDigits(text, plain) == 0) {
+            return false;
+        }
+    }
+    return text.empty();
+}
+
+// Whether a plain number outside the format's range lies above it; otherwise it lies below, next to zero.
+bool IsTooLarge(std::string_view plain) {
+    const std::string_view mantissa = plain.substr(0, plain.find('e'));
+    std::int64_t exponent = 0;
+    if (mantissa.size() < plain.size()) {
+        const std::string_view digits = plain.substr(mantissa.size() + 1);
+        const auto parsed = std::from_chars(digits.data(), digits.data() + digits.size(), exponent);
+        if (parsed.ec == std::errc::result_out_of_range) {
+            return !digits.starts_with('-');
+        }
+    }
+    const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
+    const std::size_t firstDigit = mantissa.find_first_of("123456789");
+    return exponent > static_cast<std::int64_t>(firstDigit) - static_cast<std::int64_t>(point);
+}
+
+template <typename Number>
+std::optional<Number> ToNumber(std::string_view text, Mark mark) {
+    std::string plain;
+    if (!MakePlain(text, mark, plain)) {
+        return std::nullopt;
+    }
+    Number value = 0;
+    const auto parsed = std::from_chars(plain.data(), plain.data() + plain.size(), value);
+    if (parsed.ec == std::errc::result_out_of_range) {
+        return IsTooLarge(plain) ? std::nullopt : std::optional<Number>(Number{0});
+    }
+    return value + Number{0}; // the sum makes 0 of -0
+}
+
+// A value as decimal digits d.ddd times ten to the exponent.
+struct Decimal {
+    bool negative = false;
+    std::string digits;
+    int exponent = 0;
+};
+
+template <typename Number>
+Decimal ToDecimal(Number value, std::size_t digitCount) {
+    assert(std::isfinite(value));
+    std::array<char, 32> text{};
+    std::to_chars(text.data(), text.data() + text.size(), std::abs(value), std::chars_format::scientific,
+                  static_cast<int>(digitCount) - 1);
+    Decimal decimal;
+    decimal.negative = value < 0;
+    decimal.digits.push_back(text[0]);
+    decimal.digits.append(&text[2], digitCount - 1);
+    const char* exponent = &text[digitCount + 2]; // past the e: a sign and digits
+    std::from_chars(exponent + 1, text.data() + text.size(), decimal.exponent);
+    if (*exponent == '-') {
+        decimal.exponent = -decimal.exponent;
+    }
+    return decimal;
+}
+
+void AddOneToLastPlace(std::string& digits) {
+    for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit) {
+        if (*digit != '9') {
+            ++*digit;
+            return;
+        }
+        *digit = '0';
+    }
+    digits.insert(digits.begin(), '1');
+}
+
+std::string ExponentForm(const Decimal& decimal, std::string_view mark) {
+    std::string text = decimal.digits.substr(0, 1);
+    if (decimal.digits.size() > 1) {
+        text.append(mark).append(decimal.digits, 1);
+    }
+    const int size = std::abs(decimal.exponent);
+    text.append(decimal.exponent < 0 ? "E-" : "E+").append(size < 10 ? "0" : "").append(std::to_string(size));
+    return text;
+}
+
+std::string PlainForm(const Decimal& decimal, std::string_view mark) {
+    if (decimal.exponent < 0) {
+        const auto zeros = static_cast<std::size_t>(-decimal.exponent - 1);
+        return std::string("0").append(mark).append(zeros, '0').append(decimal.digits);
+    }
+    std::string text = decimal.digits;
+    const auto wholeDigits = static_cast<std::size_t>(decimal.exponent) + 1;
+    if (text.size() > wholeDigits) {
+        text.insert(wholeDigits, mark);
+    } else {
+        text.append(wholeDigits - text.size(), '0');
+    }
+    return text;
+}
+
+template <typename Number>
+std::string Shortest(Number value, Mark mark) {
+    constexpr int mostDigits = std::is_same_v<Number, float> ? 7 : 15;
+    Decimal decimal = ToDecimal(value, mostDigits);
+    decimal.digits.erase(std::max<std::size_t>(decimal.digits.find_last_not_of('0') + 1, 1));
+    const int decimals = static_cast<int>(decimal.digits.size()) - 1 - decimal.exponent;
+    const bool takesExponent = decimal.exponent >= mostDigits || decimals > mostDigits;
+    const std::string_view decimalMark = DecimalMark(mark);
+    const std::string text =
+        takesExponent ? ExponentForm(decimal, decimalMark) : PlainForm(decimal, decimalMark);
+    return decimal.negative ? "-" + text : text;
+}
+
+} // namespace
+
+void SetNumberLocale(const NumberLocale& locale) {
+    Active() = MakeActive(locale);
+}
+
+const NumberLocale& CurrentNumberLocale() {
+    return Active().locale;
+}
+
+std::optional<double> NumberFromText(std::string_view text, Mark mark) {
+    return ToNumber<double>(text, mark);
+}
+
+std::optional<float> SingleFromText(std::string_view text, Mark mark) {
+    return ToNumber<float>(text, mark);
+}
+
+std::string Format(double value, std::string_view pattern, Mark mark) {
+    constexpr int mostDigits = 15;
+    const std::size_t point = pattern.find('.');
+    const std::size_t decimals = point == std::string_view::npos ? 0 : pattern.size() - point - 1;
+    const Decimal decimal = ToDecimal(value, mostDigits);
+
+    // The value in units of the last place shown.
+    std::string shown;
+    const int kept = decimal.exponent + 1 + static_cast<int>(decimals);
+    if (kept >= mostDigits) {
+        shown = decimal.digits;
+        shown.append(static_cast<std::size_t>(kept - mostDigits), '0');
+    } else if (kept >= 0) {
+        shown.assign(decimal.digits, 0, static_cast<std::size_t>(kept));
+        if (decimal.digits[static_cast<std::size_t>(kept)] >= '5') {
+            AddOneToLastPlace(shown);
+        }
+    }
+    const bool isZero = shown.find_first_not_of('0') == std::string::npos;
+    if (shown.size() <= decimals) {
+        shown.insert(0, decimals + 1 - shown.size(), '0');
+    }
+    if (decimals > 0) {
+        shown.insert(shown.size() - decimals, DecimalMark(mark));
+    }
+    if (decimal.negative && !isZero) {
+        shown.insert(shown.begin(), '-');
+    }
+    return shown;
+}
+
+std::string ShortestText(double value, Mark mark) {
+    return Shortest(value, mark);
+}
+
+std::string ShortestText(float value, Mark mark) {
+    return Shortest(value, mark);
+}
+
+} // namespace plenair

@@ -1,0 +1,66 @@
+#include "project/model/ProjectGeometry.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace plenair {
+
+namespace {
+
+constexpr double kFarOff = 1E7;
+constexpr double kHighestColour = 16777215.0;
+
+double WholeDrawable(double coordinate) {
+    return Whole(Drawable(coordinate));
+}
+
+} // namespace
+
+double GridPitch(double size, Axis axis) {
+    return size / (axis == Axis::X ? CellsAcross : CellsDown);
+}
+
+float SnapToGrid(float value, double size, Axis axis) {
+    const double exact = static_cast<double>(value);
+    const double pitch = GridPitch(size, axis);
+    const double wholePitch = Whole(pitch);
+    if (wholePitch == 0.0) {
+        return value; // a surface of a few units has no lines to snap to
+    }
+    const double remainder = std::fmod(Whole(exact), wholePitch);
+    const double snapped = pitch / 2 > remainder ? exact - remainder : exact + (pitch - remainder);
+    return static_cast<float>(snapped);
+}
+
+Point StartOf(const DuctRecord& duct, double width, double height) {
+    return {WholeDrawable(width * duct.StartX), WholeDrawable(height * duct.StartY)};
+}
+
+Point EndOf(const DuctRecord& duct, double width, double height) {
+    return {WholeDrawable(width * duct.EndX), WholeDrawable(height * duct.EndY)};
+}
+
+Point LabelPlace(const DuctRecord& duct, double width, double height) {
+    return {WholeDrawable((width * duct.EndX + width * duct.StartX) / 2),
+            WholeDrawable((height * duct.EndY + height * duct.StartY) / 2)};
+}
+
+bool IsColourNumber(float colour) {
+    const double whole = Whole(static_cast<double>(colour));
+    return whole >= 0.0 && whole <= kHighestColour;
+}
+
+ColourNumber DrawnColour(float colour) {
+    return IsColourNumber(colour) ? static_cast<ColourNumber>(Whole(static_cast<double>(colour)))
+                                  : BlackColour;
+}
+
+double Drawable(double coordinate) {
+    return std::isnan(coordinate) ? 0.0 : std::clamp(coordinate, -kFarOff, kFarOff);
+}
+
+double Whole(double value) {
+    return std::nearbyint(value);
+}
+
+} // namespace plenair

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/drawing/DrawingSurface.h"
+#include "project/model/ProjectModel.h"
+
+// Where things stand on the grid and on a page. Pure functions; units are those of the drawing surface.
+namespace plenair {
+
+constexpr int CellsAcross = 40;
+constexpr int CellsDown = 30;
+
+enum class Axis { X = 1, Y = 2 };
+
+// Distance of the grid lines on a surface that is `size` wide or high.
+double GridPitch(double size, Axis axis);
+
+// The grid line nearest to `value`; half-way goes up. The remainder is taken with the pitch as a whole number
+// and the step up with the exact one, so the result can lie a little off the line drawn. Not limited to the
+// surface.
+float SnapToGrid(float value, double size, Axis axis);
+
+struct Point {
+    double x = 0;
+    double y = 0;
+};
+
+// A duct's ends, or the place of its label in the middle between them, on a surface of that size, as whole
+// numbers.
+Point StartOf(const DuctRecord& duct, double width, double height);
+Point EndOf(const DuctRecord& duct, double width, double height);
+Point LabelPlace(const DuctRecord& duct, double width, double height);
+
+// The colour number that a duct is drawn in: black where its Colour is no colour number.
+ColourNumber DrawnColour(float colour);
+bool IsColourNumber(float colour);
+
+// `coordinate` as it can be drawn. What lies 10 million units off any surface, or nowhere, as in a damaged
+// file, comes back to that distance, or to 0.
+double Drawable(double coordinate);
+
+// To the nearest whole number, halves to even.
+double Whole(double value);
+
+} // namespace plenair

@@ -1,0 +1,128 @@
+#include "project/model/ProjectModel.h"
+
+namespace plenair {
+
+std::vector<DuctRecord> Ducts(1);
+std::int16_t DuctCount = 0;
+std::string ProjectName;
+Flag Solved = FlagClear;
+Flag RunFailed = FlagClear;
+Flag DrawPending = FlagClear;
+Flag PlotShowing = FlagClear;
+float DrawColour = 0;
+std::uint64_t NetworkRevision = 0;
+
+namespace {
+
+void CopyField(DuctRecord& to, const DuctRecord& from, int box) {
+    switch (box) {
+    case 1:
+        to.Flow = from.Flow;
+        break;
+    case 3:
+        to.Height = from.Height;
+        break;
+    case 4:
+        to.Length = from.Length;
+        break;
+    case 5:
+        to.Velocity = from.Velocity;
+        break;
+    case 6:
+        to.LossPerMetre = from.LossPerMetre;
+        break;
+    case 8:
+        to.ConnCoefficient = from.ConnCoefficient;
+        break;
+    default:
+        break;
+    }
+}
+
+} // namespace
+
+DuctRecord& Duct(int number) {
+    return Ducts[static_cast<std::size_t>(number)];
+}
+
+bool IsDuct(int duct) {
+    return duct >= 1 && duct <= DuctCount;
+}
+
+void AddDuct(double lastX, double lastY, float x, float y, double width, double height) {
+    ++DuctCount;
+    FitDucts();
+    DuctRecord& duct = Ducts.back();
+    duct = {};
+    duct.StartX = lastX / width;
+    duct.StartY = lastY / height;
+    duct.EndX = static_cast<double>(x) / width;
+    duct.EndY = static_cast<double>(y) / height;
+    duct.Colour = DrawColour;
+}
+
+void FitDucts() {
+    const auto size = static_cast<std::size_t>(DuctCount) + 1;
+    if (size > Ducts.capacity()) {
+        Ducts.reserve(2 * size);
+    }
+    Ducts.resize(size);
+    ++NetworkRevision;
+}
+
+void ClearProject() {
+    Solved = FlagClear;
+    ProjectName.clear();
+    DuctCount = 0;
+    Ducts.assign(1, {});
+    ++NetworkRevision;
+}
+
+void StartProject() {
+    ClearProject();
+    RunFailed = FlagClear;
+    DrawPending = FlagClear;
+    PlotShowing = FlagClear;
+}
+
+void StartReading() {
+    DuctCount = -1;
+    Ducts.assign(1, {});
+    ++NetworkRevision;
+}
+
+bool TakesInput(float colour, int box) {
+    if (box == 4 || box == 5) {
+        return true;
+    }
+    return colour == ConnectionColour ? box == 8 : box == 1 || box == 3 || box == 6;
+}
+
+void FollowOn(std::int16_t duct, std::int16_t box) {
+    if (!IsDuct(duct)) {
+        return;
+    }
+    const DuctRecord& from = Duct(duct);
+    for (int later = duct + 1; later <= DuctCount; ++later) {
+        DuctRecord& to = Duct(later);
+        if (TakesInput(to.Colour, box)) {
+            CopyField(to, from, box);
+        }
+    }
+}
+
+std::string TypeLetter(float colour) {
+    if (colour == RigidColour) {
+        return "R";
+    }
+    if (colour == FlexibleColour) {
+        return "F";
+    }
+    return colour == ConnectionColour ? "C" : "";
+}
+
+std::string DuctLabel(std::int16_t duct) {
+    return TypeLetter(Duct(duct).Colour) + std::to_string(duct);
+}
+
+} // namespace plenair

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "platform/drawing/Printer.h"
+#include "platform/qt/Controls.h"
+#include "platform/qt/Form.h"
+#include "platform/qt/PictureBox.h"
+#include "project/ProjectWindows.h"
+
+#include <array>
+#include <functional>
+#include <memory>
+
+namespace plenair {
+
+// The Project Solver: a row of buttons and, below it, the grid on which the network is drawn. It fills the
+// screen. The work behind each button is a function of this folder; a handler hands the event on.
+class frmMajorCalc : public Form, public SolverWindow {
+    Q_OBJECT
+
+  public:
+    explicit frmMajorCalc(SheetWindow& sheet);
+
+    // `loadSheet` loads the other window, once this one has its size.
+    void Form_Load(const std::function<void()>& loadSheet);
+
+    double GridWidth() const { return m_picture.Width(); }
+    double GridTop() const;
+
+    // Takes the sheet off the screen, as a click on its button does.
+    void UntickSheet() { chkParam->SetOn(false); }
+
+    // What the rest of the program does for this window; the start routine sets them.
+    std::function<void()> ShowOptions = [] {};
+    std::function<void()> CloseSolver = [] {};
+
+    void LayOut() override;
+    GridPicture& PicGrid() override { return m_picture; }
+    ColourNumber BackColour() const override;
+    bool LabelsTicked() const override { return chkLabels->IsOn(); }
+    bool SheetTicked() const override { return chkParam->IsOn(); }
+    void SetPressureVisible(bool visible) override { cmdCalcPressure->setVisible(visible); }
+    CommonDialog& Dialog() override { return dlgMajor; }
+
+  private:
+    void CreateButtons();
+    Button* AddButton(const QString& name, const QString& icon, const QString& toolTip, double left,
+                      double width, void (frmMajorCalc::*click)());
+    ToggleButton* AddToggle(ToggleButton::Kind kind, const QString& name, const QString& icon,
+                            const QString& toolTip, double left, double width);
+
+    void cmdClearGrid_Click();
+    void cmdLoadGsp_Click();
+    void cmdSaveGsp_Click();
+    void cmdPrintGus_Click();
+    void cmdMajorOptions_Click();
+    void optDuct_Click(int index);
+    void cmdLessDuct_Click();
+    void chkLabels_Click();
+    void chkParam_Click();
+    void cmdGus_Click();
+    void cmdGus_KeyPress(int character);
+    void cmdCalcPressure_Click();
+    void cmdClose_Click();
+    void picGrid_MouseDown(Qt::MouseButton button, float x, float y);
+
+    ProjectWindows m_windows;
+    GridPicture m_picture;
+    CommonDialog dlgMajor;
+    std::unique_ptr<Printer> m_printer;
+    std::array<ToggleButton*, 3> optDuct = {};
+    ToggleButton* chkLabels = nullptr;
+    ToggleButton* chkParam = nullptr;
+    Button* cmdCalcPressure = nullptr;
+    Button* cmdClose = nullptr;
+    PictureBox* picGrid = nullptr;
+};
+
+} // namespace plenair

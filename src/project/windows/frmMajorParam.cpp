@@ -1,0 +1,211 @@
+#include "project/windows/frmMajorParam.h"
+
+#include "platform/desktop/KeyCodes.h"
+#include "platform/qt/SurfacePainter.h"
+#include "platform/qt/Twips.h"
+#include "platform/qt/WindowPos.h"
+#include "project/DuctSheet.h"
+
+#include <QPainter>
+#include <QPainterPath>
+
+#include <cstdlib>
+
+namespace plenair {
+
+namespace {
+
+constexpr double kWidth = 2880;
+constexpr double kHeight = 3165;
+
+// Blue, as far as it can be read on that background.
+QColor BlueOn(const QColor& background) {
+    return background.lightness() < 128 ? QColor(140, 170, 255) : QColor(0, 0, 255);
+}
+
+// Shows the number in the very colour of its duct, with a rim where that colour is hard to read on the
+// window.
+class DuctNoLabel : public Label {
+  public:
+    using Label::Label;
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        const QColor ink = palette().color(QPalette::WindowText);
+        const QColor background = palette().color(QPalette::Window);
+        QPainterPath text;
+        const QFontMetricsF metrics(font());
+        text.addText(width() - metrics.horizontalAdvance(this->text()) - 1,
+                     (height() + metrics.ascent() - metrics.descent()) / 2, font(), this->text());
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        if (std::abs(qGray(ink.rgb()) - qGray(background.rgb())) < 80) {
+            painter.strokePath(text, QPen(background.lightness() < 128 ? Qt::white : Qt::black, 1.6));
+        }
+        painter.fillPath(text, ink);
+    }
+};
+
+// A label with a single border.
+class BorderedLabel : public Label {
+  public:
+    using Label::Label;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override {
+        Label::paintEvent(event);
+        QPainter painter(this);
+        painter.setPen(palette().color(QPalette::Mid));
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
+};
+
+void SetColour(QWidget* widget, QPalette::ColorRole role, const QColor& colour) {
+    QPalette palette = widget->palette();
+    palette.setColor(role, colour);
+    widget->setPalette(palette);
+}
+
+} // namespace
+
+frmMajorParam::frmMajorParam()
+    : Form("frmMajorParam", "Duct Parameters",
+           Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowStaysOnTopHint) {
+    CreateControls();
+    SetClientSize(kWidth, kHeight);
+}
+
+void frmMajorParam::CreateControls() {
+    const QColor background = palette().color(QPalette::Window);
+    const auto heading = [&](const QString& name, const QString& caption, double left, double top,
+                             double width) {
+        auto* label = new Label(name, caption, Client());
+        SetColour(label, QPalette::WindowText, BlueOn(background));
+        Place(label, left, top, width, 225);
+    };
+    heading("lblDuct", "Duct:", 105, 75, 435);
+    lblDuctNo = new DuctNoLabel("lblDuctNo", "1", Client());
+    lblDuctNo->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    QFont large = font();
+    large.setPointSizeF(13.5);
+    large.setBold(true);
+    lblDuctNo->setFont(large);
+    SetDuctNoColour(NoDuctColour);
+    Place(lblDuctNo, 105, 0, 960, 330);
+    heading("lblParameter", "Parameter", 105, 375, 855);
+    heading("lblValue", "Value", 1995, 375, 585);
+
+    const QString captions[] = {" Flow (L/s)",
+                                " Width (mm)",
+                                " Height (mm)",
+                                " Length (mm)",
+                                " Velocity (m/s)",
+                                " Pa/m Loss (Pa)",
+                                " Equiv. Round Duct (mm)",
+                                " Connection Coefficient"};
+    for (int box = 1; box <= SheetBoxes; ++box) {
+        const double top = 600 + 285 * (box - 1);
+        auto* label = new BorderedLabel(ArrayName("lblParam", box), captions[box - 1], Client());
+        label->setBackgroundRole(QPalette::Base);
+        label->setForegroundRole(QPalette::Text);
+        label->SetOpaque(true);
+        Place(label, 45, top, 2000, 285);
+        auto* text = new TextBox(ArrayName("txtParam", box), Client());
+        text->setAlignment(Qt::AlignRight);
+        text->setAccessibleName(captions[box - 1].trimmed());
+        Place(text, 2050, top, 800, 285);
+        txtParam[static_cast<std::size_t>(box - 1)] = text;
+        SetBoxLook(box, box == 2 || box == 7, true);
+    }
+    chkFollowOn = new CheckBox("chkFollowOn", "&Follow On", Client());
+    chkFollowOn->setChecked(true);
+    Place(chkFollowOn, 50, 2880, 1170, 330);
+    scrDuctNo = new ScrollBar("scrDuctNo", Client());
+    scrDuctNo->setAccessibleName("Duct number");
+    scrDuctNo->setRange(1, 1);
+    Place(scrDuctNo, 1155, 0, 1695, 330);
+}
+
+void frmMajorParam::Form_Load(SolverWindow& solver, double gridWidth, double gridTop) {
+    m_windows = std::make_unique<ProjectWindows>(ProjectWindows{solver, *this});
+    GotFocus = [this] { Form_GotFocus(); };
+    scrDuctNo->Change = [this] { scrDuctNo_Change(); };
+    for (int box = 1; box <= SheetBoxes; ++box) {
+        TextBox* text = TxtParam(box);
+        text->GotFocus = [this, box] { txtParam_GotFocus(box); };
+        text->LostFocus = [this, box] { txtParam_LostFocus(box); };
+        text->KeyDown = [this, box](int keyCode) { txtParam_KeyDown(box, keyCode); };
+        text->KeyPress = [this, box](int character) { txtParam_KeyPress(box, character); };
+    }
+    // Placed, but not yet to be seen: the solver shows the sheet on demand.
+    SetWindowPos(*this, HWND_TOPMOST, WholePixels(gridWidth - Width(), TwipsPerPixelX()),
+                 WholePixels(gridTop + 400, TwipsPerPixelY()), WholePixels(Width(), TwipsPerPixelX()),
+                 WholePixels(Height(), TwipsPerPixelY()), SWP_NOACTIVATE);
+    ShowDuctSheet(*m_windows, SheetDuct(*m_windows));
+}
+
+void frmMajorParam::Show() {
+    show();
+    activateWindow();
+}
+
+std::string frmMajorParam::DuctNoCaption() const {
+    return FromQt(lblDuctNo->text());
+}
+
+void frmMajorParam::SetDuctNoCaption(const std::string& caption) {
+    lblDuctNo->setText(ToQt(caption));
+}
+
+void frmMajorParam::SetDuctNoColour(ColourNumber colour) {
+    SetColour(lblDuctNo, QPalette::WindowText, ToColour(colour));
+}
+
+void frmMajorParam::SetBoxLook(int box, bool locked, bool white) {
+    const QColor background = white ? QColor(Qt::white) : palette().color(QPalette::Window);
+    TextBox* text = TxtParam(box);
+    text->setReadOnly(locked);
+    const QColor ink = BlueOn(background);
+    // A new palette costs more than all the rest of showing a duct.
+    if (text->palette().color(QPalette::Base) != background || text->palette().color(QPalette::Text) != ink) {
+        SetColour(text, QPalette::Base, background);
+        SetColour(text, QPalette::Text, ink);
+    }
+}
+
+void frmMajorParam::Form_GotFocus() {
+    ShowDuctSheet(*m_windows, SheetDuct(*m_windows));
+}
+
+void frmMajorParam::scrDuctNo_Change() {
+    ChangeDuctNo(*m_windows);
+}
+
+void frmMajorParam::txtParam_GotFocus(int box) {
+    TxtParam(box)->SelectAll();
+}
+
+void frmMajorParam::txtParam_LostFocus(int box) {
+    StoreBox(*m_windows, box);
+}
+
+void frmMajorParam::txtParam_KeyDown(int box, int keyCode) {
+    if (keyCode == KeyDownArrow && box < SheetBoxes) {
+        GiveFocus(TxtParam(box + 1));
+    } else if (keyCode == KeyUpArrow && box >= 2) {
+        GiveFocus(TxtParam(box - 1));
+    }
+}
+
+void frmMajorParam::txtParam_KeyPress(int box, int character) {
+    if (character == KeyEnter) {
+        StoreBox(*m_windows, box);
+        if (box < SheetBoxes) {
+            GiveFocus(TxtParam(box + 1));
+        }
+    } else if (character == KeyEscape) {
+        ShowDuctSheet(*m_windows, SheetDuct(*m_windows));
+    }
+}
+
+} // namespace plenair

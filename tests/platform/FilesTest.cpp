@@ -1,0 +1,180 @@
+#include "platform/files/Folders.h"
+#include "platform/files/ItemReader.h"
+#include "platform/files/WholeFiles.h"
+
+#include "support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <filesystem>
+#include <set>
+#include <vector>
+
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace plenair {
+namespace {
+
+namespace fs = std::filesystem;
+
+class TextFiles : public testing::Test {
+  protected:
+    std::string File(const std::string& name) const { return m_folder.File(name); }
+
+    std::set<std::string> Names() const {
+        std::set<std::string> names;
+        for (const auto& entry : fs::directory_iterator(m_folder.Path())) {
+            names.insert(entry.path().filename().string());
+        }
+        return names;
+    }
+
+    TemporaryFolder m_folder;
+};
+
+template <typename Action>
+std::string ReasonOf(Action action) {
+    try {
+        action();
+    } catch (const FileFailure& failure) {
+        return failure.what();
+    }
+    return "no failure";
+}
+
+std::vector<std::string> TextsOf(const std::string& path, Quotes quotes) {
+    std::vector<std::string> texts;
+    for (ItemReader reader(path, quotes); !reader.AtEnd();) {
+        texts.push_back(reader.ReadText());
+    }
+    return texts;
+}
+
+TEST_F(TextFiles, ReadsTextItems) {
+    const struct {
+        std::string content;
+        std::vector<std::string> texts;
+        Quotes quotes = Quotes::Closes;
+    } rows[] = {
+        {"", {}},
+        {"a\r\nb", {"a", "b"}},
+        {"a\r\nb\rc\nd\n\re", {"a", "b", "c", "d", "", "e"}},
+        {"a,\r\nb", {"a", "", "b"}},
+        {"  a b \t, \tc  ", {"a b", "c"}},
+        {"\"a, b\r\nc\"\r\n\"\"\r\nd", {"a, b\r\nc", "", "d"}},
+        {" \" a \" \r\nb", {" a ", "b"}},
+        {"\"a\"b,c", {"a", "b", "c"}},
+        {"a\"b,c\"", {"a\"b", "c\""}},
+        {"\"a\r\nb,", {"a\r\nb,"}},
+        {"\"a\"\"b\"", {"a", "b"}},
+        {"\"a\"\"b\"\"\",c", {"a\"b\"", "c"}, Quotes::Doubled},
+        {"\"a\"\"", {"a\""}, Quotes::Doubled},
+        {std::string("a\0\xA4\x1A,\xFF", 6), {std::string("a\0\xA4\x1A", 4), "\xFF"}},
+        {std::string(65536, 'x') + ",b", {std::string(65536, 'x'), "b"}},  // the longest item
+        {std::string(8191, 'x') + "\r\nb", {std::string(8191, 'x'), "b"}}, // CR LF over two pieces
+    };
+    for (const auto& row : rows) {
+        WriteFile(File("items"), row.content);
+        EXPECT_EQ(TextsOf(File("items"), row.quotes), row.texts) << row.content;
+    }
+    for (const std::string text : {"", "\"", "\"\"", "a\"b", ",\r\n", " a ", "\\"}) {
+        WriteFile(File("items"), Quoted(text) + "," + Quoted(text) + "\r\n");
+        EXPECT_EQ(TextsOf(File("items"), Quotes::Doubled), std::vector<std::string>(2, text)) << text;
+    }
+}
+
+TEST_F(TextFiles, ReadsNumberItems) {
+    WriteFile(File("items"), " 1,2 \r\n3 4 , -5E+01\n\nx\r\n\"a\"\r\n6");
+    ItemReader reader(File("items"));
+    for (const char* text : {"1", "2", "3", "4", "-5E+01", "", "x"}) {
+        EXPECT_EQ(reader.ReadNumberText(), text);
+    }
+    EXPECT_EQ(reader.ReadText(), "a");
+    EXPECT_EQ(reader.ReadNumberText(), "6");
+    EXPECT_THROW(reader.ReadNumberText(), FileFailure);
+    EXPECT_THROW(reader.ReadText(), FileFailure);
+}
+
+TEST_F(TextFiles, EndlessItemsAndWhatIsNoFileAreNotRead) {
+    const std::string tooLong = File("items") + ": Item too long";
+    for (const char* start : {"", "\"", " "}) {
+        WriteFile(File("items"), start + std::string(65537, *start == ' ' ? ' ' : '\0'));
+        EXPECT_EQ(ReasonOf([&] { ItemReader(File("items")).ReadText(); }), tooLong);
+        EXPECT_EQ(ReasonOf([&] { ItemReader(File("items")).ReadNumberText(); }), tooLong);
+    }
+    ASSERT_EQ(mkfifo(File("pipe").c_str(), 0600), 0);
+    const std::pair<std::string, const char*> rows[] = {{File("missing"), "No such file or directory"},
+                                                        {m_folder.Path(), "Is a directory"},
+                                                        {File("pipe"), "Not a regular file"}};
+    for (const auto& row : rows) {
+        EXPECT_EQ(ReasonOf([&] { ItemReader reader(row.first); }), row.first + ": " + row.second);
+    }
+}
+
+TEST_F(TextFiles, WritesNewAndReplacesOlderFiles) {
+    WriteWholeFile(File("new"), "one");
+    fs::permissions(File("new"), fs::perms(0604));
+    for (const std::string& content : {std::string(3'000'000, 'x'), std::string()}) {
+        WriteWholeFile(File("new"), content);
+        EXPECT_EQ(ReadFile(File("new")), content);
+        EXPECT_EQ(fs::status(File("new")).permissions(), fs::perms(0604));
+    }
+    EXPECT_EQ(Names(), std::set<std::string>{"new"});
+    for (const char* content : {"the link leads nowhere yet", "the target is there"}) {
+        fs::create_symlink("target", File("link " + std::string(content)));
+        WriteWholeFile(File("link " + std::string(content)), content);
+        EXPECT_EQ(ReadFile(File("target")), content);
+    }
+}
+
+TEST_F(TextFiles, FailedWritesLeaveEverythingAsItWas) {
+    WriteFile(File("kept"), "old");
+    fs::create_directory(File("folder"));
+    ASSERT_EQ(mkfifo(File("pipe").c_str(), 0600), 0);
+    const std::set<std::string> before = Names();
+    const std::pair<std::string, const char*> rows[] = {{File("folder"), "Is a directory"},
+                                                        {File("pipe"), "Not a regular file"},
+                                                        {File("missing/file"), "No such file or directory"},
+                                                        {File("kept/file"), "Not a directory"}};
+    for (const auto& row : rows) {
+        EXPECT_EQ(ReasonOf([&] { WriteWholeFile(row.first, "new"); }), row.first + ": " + row.second);
+        EXPECT_EQ(Names(), before) << row.first;
+    }
+}
+
+TEST_F(TextFiles, ADiskThatFillsUpKeepsTheOlderFile) {
+    WriteFile(File("kept"), "old");
+    // A limit on the size of a file stands in for a full disk: the first pieces are taken, then one is not.
+    rlimit limit{};
+    getrlimit(RLIMIT_FSIZE, &limit);
+    const rlimit tight{100'000, limit.rlim_max};
+    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
+    setrlimit(RLIMIT_FSIZE, &tight);
+    const std::string reason = ReasonOf([&] { WriteWholeFile(File("kept"), std::string(1'000'000, 'x')); });
+    setrlimit(RLIMIT_FSIZE, &limit);
+    std::signal(SIGXFSZ, oldHandler);
+    EXPECT_EQ(reason, File("kept") + ": File too large");
+    EXPECT_EQ(ReadFile(File("kept")), "old");
+    EXPECT_EQ(Names(), std::set<std::string>{"kept"});
+}
+
+TEST_F(TextFiles, FindsTheFirstFileOfAnExtension) {
+    fs::create_directory(File("folder.cfg"));
+    WriteFile(File("User.cfg.bak"), "");
+    EXPECT_EQ(FirstFileWithExtension(m_folder.Path(), ".cfg"), std::nullopt);
+    fs::remove(File("folder.cfg"));
+    fs::remove(File("User.cfg.bak"));
+    for (const char* name : {"z.cfg", "a.cfg", "m.cfg", "User.cfg"}) {
+        WriteFile(File(name), "");
+    }
+    const std::string first = fs::directory_iterator(m_folder.Path())->path().filename().string();
+    EXPECT_EQ(FirstFileWithExtension(m_folder.Path(), ".cfg"), first) << "in the order of the system";
+    EXPECT_THROW(FirstFileWithExtension(File("missing"), ".cfg"), FileFailure);
+}
+
+} // namespace
+} // namespace plenair
