@@ -4,7 +4,7 @@
 #include "core/start/Main.h"
 #include "lite/windows/frmMinorCalc.h"
 #include "platform/files/FileFailure.h"
-#include "platform/files/Folders.h"
+#include "platform/files/ProgramFolder.h"
 #include "platform/qt/ConnectDesktop.h"
 
 #include <benchmark/benchmark.h>

@@ -5,10 +5,13 @@
 #include "platform/desktop/MessageBox.h"
 #include "platform/files/Folders.h"
 #include "platform/files/ItemReader.h"
+#include "platform/files/ProgramFolder.h"
 #include "platform/files/WholeFiles.h"
 #include "platform/text/NumberText.h"
 
 #include <cmath>
+#include <optional>
+#include <utility>
 
 namespace plenair {
 
@@ -53,9 +56,32 @@ std::string PathOf(const std::string& name) {
 // file is there.
 void SetDefaults() {
     SettingsRecord defaults;
-    defaults.DefPath = ProgramFolder();
+    defaults.DefPath = FirstFolderForFiles();
     defaults.ConfigFile = Settings.ConfigFile;
     Settings = defaults;
+}
+
+// What stands for a settings file where the program's folder takes none: good for this run, and this folder.
+struct HeldSettings {
+    std::string folder;
+    SettingsRecord record;
+    bool toldOfSaving = false;
+};
+
+std::optional<HeldSettings>& Held() {
+    static std::optional<HeldSettings> held;
+    if (held && held->folder != ProgramFolder()) {
+        held.reset();
+    }
+    return held;
+}
+
+HeldSettings& Hold() {
+    if (!Held()) {
+        Held() = HeldSettings{ProgramFolder(), {}, false};
+    }
+    Held()->record = Settings;
+    return *Held();
 }
 
 // The file always has a point as decimal mark, whatever the locale.
@@ -75,7 +101,35 @@ void WriteSettings(const std::string& name) {
     for (const std::string& line : lines) {
         content += line + "\r\n";
     }
+    MakeProgramFolder();
     WriteWholeFile(PathOf(name), content);
+}
+
+// A new user isn't asked the monthly question in the first month.
+void NoteReminder() {
+    RegCreateKey(HKEY_CURRENT_USER, ReminderSubKey);
+    RegWriteValue(HKEY_CURRENT_USER, ReminderSubKey, ReminderValueName, ReminderMonth(), REG_SZ);
+}
+
+// Takes the settings that an administrator put beside the executable as the first ones of this user. False if
+// there are none.
+bool TakeDeliveredSettings() {
+    if (DeliveryFolder() == ProgramFolder()) {
+        return false;
+    }
+    const auto name = FirstFileWithExtension(DeliveryFolder(), ".cfg");
+    if (!name) {
+        return false;
+    }
+    ReadSettings(DeliveryFolder() + "/" + *name);
+    Settings.ConfigFile = *name;
+    NoteReminder();
+    try {
+        WriteSettings(*name);
+    } catch (const FileFailure&) {
+        Hold(); // the next start takes them from the same place
+    }
+    return true;
 }
 
 void TakeDefaults() {
@@ -83,14 +137,16 @@ void TakeDefaults() {
     try {
         WriteSettings(kDefaultFile);
     } catch (const FileFailure& failure) {
+        if (!ProgramFolderTakesFiles()) {
+            Hold();
+        }
         ShowMessage({"The default settings can't be saved.\n\n" + std::string(failure.what()) +
                          "\n\nThe defaults hold for this run.",
                      "Defaults Set", MessageButtons::Ok, MessageIcon::Exclamation});
         return;
     }
     Settings.ConfigFile = kDefaultFile;
-    RegCreateKey(HKEY_CURRENT_USER, ReminderSubKey);
-    RegWriteValue(HKEY_CURRENT_USER, ReminderSubKey, ReminderValueName, ReminderMonth(), REG_SZ);
+    NoteReminder();
     ShowMessage({"Configuration File Missing.  Default Values Set and Saved as User.cfg.", "Defaults Set",
                  MessageButtons::Ok, MessageIcon::Information});
 }
@@ -98,11 +154,18 @@ void TakeDefaults() {
 } // namespace
 
 void LoadSettings() {
+    if (Held()) {
+        Settings = Held()->record;
+        return;
+    }
     try {
         Settings.ConfigFile.clear();
         Settings.ConfigFile = FirstFileWithExtension(ProgramFolder(), ".cfg").value_or("");
         if (!Settings.ConfigFile.empty()) {
             ReadSettings(PathOf(Settings.ConfigFile));
+            return;
+        }
+        if (TakeDeliveredSettings()) {
             return;
         }
     } catch (const FileFailure&) {
@@ -112,8 +175,20 @@ void LoadSettings() {
 }
 
 void SaveSettings() {
-    // Defaults that could not be saved leave no name of a file in use.
-    WriteSettings(Settings.ConfigFile.empty() ? kDefaultFile : Settings.ConfigFile);
+    try {
+        // Defaults that could not be saved leave no name of a file in use.
+        WriteSettings(Settings.ConfigFile.empty() ? kDefaultFile : Settings.ConfigFile);
+        Held().reset();
+    } catch (const FileFailure& failure) {
+        if (ProgramFolderTakesFiles()) {
+            throw;
+        }
+        if (!std::exchange(Hold().toldOfSaving, true)) {
+            ShowMessage({"The settings can't be saved.\n\n" + std::string(failure.what()) +
+                             "\n\nThey hold for this run.",
+                         "Options", MessageButtons::Ok, MessageIcon::Exclamation});
+        }
+    }
 }
 
 } // namespace plenair

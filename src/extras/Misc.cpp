@@ -4,7 +4,7 @@
 #include "platform/desktop/MessageBox.h"
 #include "platform/desktop/RandomNumbers.h"
 #include "platform/desktop/Sound.h"
-#include "platform/files/Folders.h"
+#include "platform/files/ProgramFolder.h"
 
 #include <array>
 #include <string>
@@ -35,7 +35,7 @@ std::string NotedMonth() {
 } // namespace
 
 void PlayCall() {
-    PlaySoundA(ProgramFolder() + "/Gus.psg", SND_ASYNC | SND_NOWAIT);
+    PlaySoundA(DeliveredPath("Gus.psg"), SND_ASYNC | SND_NOWAIT);
 }
 
 void MonthlyReminder() {

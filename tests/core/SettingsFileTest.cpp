@@ -2,13 +2,16 @@
 
 #include "core/Settings.h"
 #include "core/modRegistry.h"
-#include "platform/files/Folders.h"
+#include "platform/files/ProgramFolder.h"
 #include "platform/text/NumberText.h"
 #include "support/Scripted.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <stdexcept>
+
+#include <unistd.h>
 
 namespace plenair {
 namespace {
@@ -19,6 +22,23 @@ namespace fs = std::filesystem;
 const std::string OtherLoaded = "/some/folder 4 1.25 6.5 750 50 20 0.0003 0.004";
 const std::string OtherItems =
     "\"/some/folder\"\r\n4\r\n1.25\r\n6.5\r\n750\r\n50\r\n20\r\n0.0003\r\n0.004\r\n";
+
+// Root may write everywhere, so that tests of what a user may not do are done by another.
+class OrdinaryUser {
+  public:
+    OrdinaryUser() { Become(65534); }
+    ~OrdinaryUser() { Become(m_before); }
+    OrdinaryUser(const OrdinaryUser&) = delete;
+    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+
+  private:
+    void Become(uid_t user) const {
+        if (m_before == 0 && seteuid(user) != 0) {
+            throw std::runtime_error("no other user");
+        }
+    }
+    const uid_t m_before = geteuid();
+};
 
 class SettingsFile : public testing::Test {
   protected:
@@ -42,6 +62,12 @@ class SettingsFile : public testing::Test {
 
     static RegistryValue Reminder() {
         return RegReadValue(HKEY_CURRENT_USER, ReminderSubKey, ReminderValueName);
+    }
+
+    // Nobody can make a file or a folder below a file.
+    void UseAFileAsTheFolder() {
+        WriteFile(File("file"), "");
+        SetProgramFolder(File("file") + "/folder");
     }
 
     // Loads the file, which must lead to the defaults, saved and told.
@@ -125,19 +151,70 @@ TEST_F(SettingsFile, WhatCannotBeReadIsReplacedByTheDefaults) {
 }
 
 TEST_F(SettingsFile, DefaultsThatCannotBeSavedHoldForTheRun) {
-    for (const char* reason : {"directory", "No such file"}) {
+    for (const char* reason : {"directory", "Not a directory"}) {
         SCOPED_TRACE(reason);
         Disturb();
-        *reason == 'd' ? void(fs::create_directory(File("User.cfg"))) : SetProgramFolder(File("gone"));
+        *reason == 'd' ? void(fs::create_directory(File("User.cfg"))) : UseAFileAsTheFolder();
         m_messages.Expect(MessageAnswer::Ok);
         LoadSettings();
         EXPECT_EQ(Loaded(), Defaults());
         EXPECT_EQ(Reminder(), RegistryValue());
         const std::string text = m_messages.LastText();
-        for (const std::string& part : {ProgramFolder() + "/User.cfg", std::string(reason)}) {
+        for (const std::string& part : {ProgramFolder(), std::string(reason)}) {
             EXPECT_NE(text.find(part), std::string::npos) << text;
         }
     }
+}
+
+TEST_F(SettingsFile, WithNoPlaceForAFileSettingsHoldForTheRun) {
+    UseAFileAsTheFolder();
+    m_messages.Expect(MessageAnswer::Ok);
+    LoadSettings();
+    LoadSettings(); // tells nothing a second time
+    m_messages.Expect(MessageAnswer::Ok);
+    for (const double loss : {1.5, 2.5}) {
+        Settings.MaxLPM = loss;
+        SaveSettings(); // tells it once
+        Disturb();
+        LoadSettings();
+        EXPECT_EQ(Settings.MaxLPM, loss);
+    }
+}
+
+// The folder of the executable belongs to somebody else.
+TEST_F(SettingsFile, AnInstalledProgramKeepsItsFileWithTheUser) {
+    const std::string users = File("data/plenair");
+    const std::string installed = File("installed");
+    fs::create_directory(installed);
+    fs::permissions(m_environment.Folder().Path(), fs::perms::all);
+    fs::permissions(m_environment.RegistryFolder(), fs::perms::all);
+    for (const bool byAdministrator : {false, true}) {
+        if (byAdministrator) {
+            fs::permissions(installed, fs::perms::owner_all);
+            WriteFile(installed + "/Site.cfg", OtherItems);
+        }
+        fs::permissions(installed, fs::perms(0555));
+        const OrdinaryUser user;
+        fs::remove_all(File("data"));
+        ChooseProgramFolder(installed, users, "/documents");
+        Disturb();
+        if (!byAdministrator) {
+            m_messages.Expect(MessageAnswer::Ok);
+        }
+        LoadSettings();
+        EXPECT_EQ(Loaded(), byAdministrator ? OtherLoaded : "/documents 0 0.8 5 500 25 26 0.00015 0.002");
+        EXPECT_EQ(Settings.ConfigFile, byAdministrator ? "Site.cfg" : "User.cfg");
+        EXPECT_EQ(Reminder(), RegistryValue("112026"));
+        EXPECT_EQ(fs::status(users).permissions(), fs::perms::owner_all);
+        Settings.MaxLPM = 1.75;
+        SaveSettings();
+        Disturb();
+        LoadSettings();
+        EXPECT_EQ(Settings.MaxLPM, 1.75);
+    }
+    EXPECT_EQ(ReadFile(installed + "/Site.cfg"), OtherItems);
+    EXPECT_EQ(DeliveredPath("Site.cfg"), users + "/Site.cfg");
+    EXPECT_EQ(DeliveredPath("Gus.psg"), installed + "/Gus.psg");
 }
 
 TEST_F(SettingsFile, OfTwoFilesOnlyOneIsTouched) {

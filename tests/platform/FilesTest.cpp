@@ -173,7 +173,8 @@ TEST_F(TextFiles, FindsTheFirstFileOfAnExtension) {
     }
     const std::string first = fs::directory_iterator(m_folder.Path())->path().filename().string();
     EXPECT_EQ(FirstFileWithExtension(m_folder.Path(), ".cfg"), first) << "in the order of the system";
-    EXPECT_THROW(FirstFileWithExtension(File("missing"), ".cfg"), FileFailure);
+    EXPECT_EQ(FirstFileWithExtension(File("missing"), ".cfg"), std::nullopt);
+    EXPECT_THROW(FirstFileWithExtension(File("a.cfg"), ".cfg"), FileFailure);
 }
 
 } // namespace

@@ -3,7 +3,7 @@
 
 #include "core/Settings.h"
 #include "core/modRegistry.h"
-#include "platform/files/Folders.h"
+#include "platform/files/ProgramFolder.h"
 #include "platform/text/NumberText.h"
 
 #include <gtest/gtest.h>

@@ -35,6 +35,7 @@ class ProgramEnvironment {
     ~ProgramEnvironment();
 
     const TemporaryFolder& Folder() const { return m_folder; }
+    const std::string& RegistryFolder() const { return m_registry.Path(); }
     void SetToday(int year, int month, int day);
 
     // Notes the current month as reminded, so that no reminder comes up.

@@ -1,7 +1,7 @@
 #include "platform/desktop/Desktop.h"
 #include "windows/WindowTest.h"
 
-#include "platform/files/Folders.h"
+#include "platform/files/ProgramFolder.h"
 #include "platform/files/RegistryStore.h"
 #include "platform/qt/ConnectDesktop.h"
 

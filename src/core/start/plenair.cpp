@@ -6,6 +6,9 @@
 
 int main(int argc, char** argv) {
     QApplication::setStyle("Fusion"); // one look whose margins the layout in twips fits
+    // There is no command line: the toolkit's own options are not taken either.
+    argc = 1;
+    argv[1] = nullptr;
     QApplication application(argc, argv);
     QApplication::setApplicationName("Plenair");
     QApplication::setQuitOnLastWindowClosed(false);

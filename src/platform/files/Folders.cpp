@@ -4,20 +4,10 @@
 
 #include <filesystem>
 #include <system_error>
-#include <utility>
 
 namespace plenair {
 
 namespace fs = std::filesystem;
-
-namespace {
-
-std::string& ProgramFolderText() {
-    static std::string folder;
-    return folder;
-}
-
-} // namespace
 
 std::string CurrentFolder() {
     std::error_code gone;
@@ -33,14 +23,6 @@ std::string InCurrentFolder(const std::string& name) {
     return (std::filesystem::path(CurrentFolder()) / name).string();
 }
 
-void SetProgramFolder(std::string folder) {
-    ProgramFolderText() = std::move(folder);
-}
-
-const std::string& ProgramFolder() {
-    return ProgramFolderText();
-}
-
 std::optional<std::string> FirstFileWithExtension(const std::string& folder, std::string_view extension) {
     std::error_code error;
     fs::directory_iterator entry(folder, error);
@@ -51,7 +33,7 @@ std::optional<std::string> FirstFileWithExtension(const std::string& folder, std
             return name;
         }
     }
-    if (error) {
+    if (error && error != std::errc::no_such_file_or_directory) {
         throw FileFailure(folder + ": " + error.message());
     }
     return std::nullopt;

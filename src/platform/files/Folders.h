@@ -16,13 +16,9 @@ void EnterFolder(const std::string& folder);
 // Path of the file `name` in the current folder; `name` alone if that folder is gone.
 std::string InCurrentFolder(const std::string& name);
 
-// The folder that holds the program. Set once at the start.
-void SetProgramFolder(std::string folder);
-const std::string& ProgramFolder();
-
 // Name, without folder, of the first file in `folder` that ends in `extension` (".cfg"), in the order in
-// which the system lists the folder. Folders of such a name don't count. Nothing if there is none. Throws
-// FileFailure if the folder can't be searched.
+// which the system lists the folder. Folders of such a name don't count. Nothing if there is none, or no such
+// folder. Throws FileFailure if the folder can't be searched.
 std::optional<std::string> FirstFileWithExtension(const std::string& folder, std::string_view extension);
 
 } // namespace plenair

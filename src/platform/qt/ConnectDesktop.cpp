@@ -1,7 +1,7 @@
 #include "platform/qt/ConnectDesktop.h"
 
 #include "platform/desktop/Desktop.h"
-#include "platform/files/Folders.h"
+#include "platform/files/ProgramFolder.h"
 #include "platform/files/RegistryStore.h"
 #include "platform/qt/DesktopPrinter.h"
 #include "platform/qt/FileDialogs.h"
@@ -11,6 +11,8 @@
 #include "platform/text/NumberText.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QFileInfo>
 #include <QInputDialog>
 #include <QLocale>
 #include <QMessageBox>
@@ -126,9 +128,14 @@ DateLocale DatesOf(const QLocale& locale) {
 }
 
 void ConnectDesktop() {
-    SetProgramFolder(FromQt(QApplication::applicationDirPath()));
-    SetRegistryFile(FromQt(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)) +
-                    "/plenair/registry");
+    const auto place = [](QStandardPaths::StandardLocation location) {
+        return FromQt(QStandardPaths::writableLocation(location));
+    };
+    const std::string documents = place(QStandardPaths::DocumentsLocation);
+    ChooseProgramFolder(FromQt(QApplication::applicationDirPath()),
+                        place(QStandardPaths::GenericDataLocation) + "/plenair",
+                        QFileInfo(ToQt(documents)).isDir() ? documents : FromQt(QDir::homePath()));
+    SetRegistryFile(place(QStandardPaths::GenericConfigLocation) + "/plenair/registry");
     SetNumberLocale(DesktopNumbers());
     SetDateLocale(DatesOf(QLocale()));
     Desktop() = {

@@ -1,0 +1,94 @@
+#include "platform/files/ProgramFolder.h"
+
+#include "platform/files/Descriptor.h"
+
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace plenair {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+struct ProgramPlaces {
+    std::string program;
+    std::string delivery;
+    std::string documents;
+};
+
+ProgramPlaces& Places() {
+    static ProgramPlaces places;
+    return places;
+}
+
+bool IsThere(const fs::path& path) {
+    std::error_code unknown;
+    return fs::exists(path, unknown);
+}
+
+bool MayWriteInto(const std::string& folder) {
+    return ::faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
+}
+
+// Folders above it that are missing are made too, all for the user alone.
+void MakeFolder(const fs::path& folder) {
+    if (folder.empty() || IsThere(folder)) {
+        return;
+    }
+    MakeFolder(folder.parent_path());
+    if (::mkdir(folder.c_str(), 0700) != 0 && errno != EEXIST) {
+        Fail(folder.string(), errno);
+    }
+}
+
+} // namespace
+
+void ChooseProgramFolder(const std::string& executables, const std::string& users,
+                         const std::string& documents) {
+    if (MayWriteInto(executables)) {
+        SetProgramFolder(executables);
+    } else {
+        Places() = {users, executables, documents};
+    }
+}
+
+void SetProgramFolder(const std::string& folder) {
+    Places() = {folder, folder, folder};
+}
+
+const std::string& ProgramFolder() {
+    return Places().program;
+}
+
+const std::string& DeliveryFolder() {
+    return Places().delivery;
+}
+
+const std::string& FirstFolderForFiles() {
+    return Places().documents;
+}
+
+std::string DeliveredPath(const std::string& name) {
+    const std::string own = ProgramFolder() + "/" + name;
+    return IsThere(own) ? own : DeliveryFolder() + "/" + name;
+}
+
+void MakeProgramFolder() {
+    MakeFolder(ProgramFolder());
+}
+
+bool ProgramFolderTakesFiles() {
+    fs::path folder = ProgramFolder();
+    while (!folder.empty() && !IsThere(folder) && folder != folder.parent_path()) {
+        folder = folder.parent_path();
+    }
+    return MayWriteInto(folder.string());
+}
+
+} // namespace plenair
