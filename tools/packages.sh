@@ -5,6 +5,7 @@ build_packages=(build-essential cmake ninja-build libgtest-dev libgmock-dev libb
 qt_packages=(qt6-base-dev qt6-svg-dev)
 desktop_packages=(fonts-liberation fonts-dejavu-core x11-utils)
 check_packages=(clang libclang-rt-14-dev clang-format poppler-utils)
+real_desktop_packages=(libxtst-dev libxcb1-dev xvfb openbox xfwm4 metacity mutter imagemagick)
 tour_packages=(xvfb openbox xdotool imagemagick poppler-utils)
 
 install_log=build/install.log

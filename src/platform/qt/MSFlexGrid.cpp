@@ -28,6 +28,10 @@ const std::string& MSFlexGrid::TextMatrix(int row, int column) const {
     return m_cells[Index(row, column)];
 }
 
+QString MSFlexGrid::CellText(int row, int column) const {
+    return ToQt(TextMatrix(row, column));
+}
+
 void MSFlexGrid::SetTextMatrix(int row, int column, const std::string& text) {
     m_cells[Index(row, column)] = text;
     ContentChanged();

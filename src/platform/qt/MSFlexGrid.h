@@ -22,6 +22,9 @@ class MSFlexGrid : public QWidget {
     const std::string& TextMatrix(int row, int column) const;
     void SetTextMatrix(int row, int column, const std::string& text);
 
+    // The text for inspectors, which know no C++.
+    Q_INVOKABLE QString CellText(int row, int column) const;
+
     // Empties all cells. Sizes, alignments and the current cell stay.
     void Clear();
 

@@ -1,0 +1,166 @@
+#include "desktop/DesktopTest.h"
+
+#include "core/Settings.h"
+#include "core/SettingsFile.h"
+#include "platform/desktop/Desktop.h"
+#include "platform/files/RegistryStore.h"
+
+#include <filesystem>
+#include <sstream>
+
+#include <poll.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace plenair {
+
+DesktopTest::DesktopTest() {
+    Desktop().Clock = {}; // the program has the real one
+    SetRegistryFile(File("config/plenair/registry"));
+    std::filesystem::create_directories(File("config/plenair"));
+    m_environment.NoteReminder();
+    SaveSettings();
+}
+
+DesktopTest::~DesktopTest() {
+    close(m_socket);
+    m_program.reset();
+}
+
+void DesktopTest::Start() {
+    // The program's folder is where its file lies, and no player or editor of this machine is in reach.
+    std::filesystem::copy_file(PLENAIR_PROGRAM, File("plenair"));
+    std::vector<std::string> environment = TheScreen().Environment();
+    int ends[2] = {};
+    ASSERT_EQ(socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends), 0);
+    for (const std::string& setting :
+         {"HOME=" + File(""), "XDG_CONFIG_HOME=" + File("config"), "XDG_DATA_HOME=" + File("data"),
+          "PATH=" + File(""), std::string("QT_QPA_PLATFORM=xcb"),
+          std::string("QT_QPA_GENERIC_PLUGINS=plenairprobe"),
+          std::string("QT_PLUGIN_PATH=") + PLENAIR_PROBE_PLUGINS,
+          "PLENAIR_PROBE=" + std::to_string(ends[1])}) {
+        const std::string name = setting.substr(0, setting.find('=') + 1);
+        std::erase_if(environment, [&](const std::string& other) { return other.starts_with(name); });
+        environment.push_back(setting);
+    }
+    TheScreen().MoveTo(0, 0);
+    m_program = std::make_unique<Child>(std::vector<std::string>{File("plenair")}, environment, ends[1],
+                                        File("output"));
+    close(ends[1]);
+    m_socket = ends[0];
+    Await("active", "frmMinorCalc");
+}
+
+std::string DesktopTest::Ask(const std::string& question) {
+    const std::string line = question + "\n";
+    std::string answer;
+    if (send(m_socket, line.data(), line.size(), MSG_NOSIGNAL) < 0) {
+        return "ended";
+    }
+    while (!answer.ends_with('\n')) {
+        pollfd ready = {m_socket, POLLIN, 0};
+        char buffer[4096];
+        if (poll(&ready, 1, PatienceSeconds * 1000) == 0) {
+            GiveUp("an answer to " + question);
+        }
+        const auto count = read(m_socket, buffer, sizeof buffer);
+        if (count <= 0) {
+            return "ended";
+        }
+        answer.append(buffer, static_cast<std::size_t>(count));
+    }
+    answer.pop_back();
+    return answer;
+}
+
+void DesktopTest::Await(const std::string& question, const std::string& answer) {
+    Note("await " + question + ": " + answer);
+    std::string last;
+    if (!Until([&] { return (last = Ask(question)) == answer; })) {
+        GiveUp(question + ": " + answer + ", but it is: " + last);
+    }
+}
+
+void DesktopTest::AwaitThat(const std::string& what, const std::function<bool()>& isTrue) {
+    Note("await that " + what);
+    if (!Until(isTrue)) {
+        GiveUp(what);
+    }
+}
+
+int DesktopTest::Presses() {
+    return std::atoi(Ask("presses").c_str());
+}
+
+void DesktopTest::AwaitPresses(int count) {
+    if (!Until([&] { return Presses() >= count || HasEnded(); })) {
+        GiveUp("the key or click at the program");
+    }
+}
+
+void DesktopTest::Keys(const std::string& chords) {
+    std::istringstream words(chords);
+    for (std::string chord; words >> chord;) {
+        Note("key " + chord);
+        const int before = Presses();
+        AwaitPresses(before + TheScreen().Chord(chord));
+    }
+}
+
+void DesktopTest::KeysOfTheDesktop(const std::string& chords) {
+    Note("keys " + chords);
+    std::istringstream words(chords);
+    for (std::string chord; words >> chord;) {
+        TheScreen().Chord(chord);
+    }
+}
+
+void DesktopTest::Type(const std::string& text) {
+    for (const char character : text) {
+        Keys(character == '.' ? "period" : character == ',' ? "comma" : std::string(1, character));
+    }
+}
+
+void DesktopTest::Point(const std::string& name, int x, int y) {
+    int left = 0;
+    int top = 0;
+    int width = 0;
+    int height = 0;
+    std::string place;
+    if (!Until([&] { return !(place = Ask("place " + name)).empty() && std::isdigit(place[0]) != 0; })) {
+        GiveUp(name + " on the screen: " + place);
+    }
+    std::istringstream(place) >> left >> top >> width >> height;
+    TheScreen().MoveTo(left + (x < 0 ? width + x : x), top + (y < 0 ? height + y : y));
+}
+
+void DesktopTest::ClickAt(const std::string& name, int x, int y, int button) {
+    Note("click " + name);
+    Point(name, x, y);
+    const int before = Presses();
+    TheScreen().Button(button, true);
+    TheScreen().Button(button, false);
+    AwaitPresses(before + 1);
+}
+
+void DesktopTest::Click(const std::string& name, int button) {
+    ClickAt(name, 8, 6, button);
+}
+
+void DesktopTest::Choose(const std::string& menu, const std::string& entry) {
+    Click(menu);
+    Await("focus", menu);
+    Click(entry);
+}
+
+void DesktopTest::GiveUp(const std::string& missed) {
+    const testing::TestInfo* test = testing::UnitTest::GetInstance()->current_test_info();
+    const char* picture = "/plenair-desktop-";
+    const std::string path = std::filesystem::temp_directory_path().string() + picture +
+                             test->test_suite_name() + "-" + test->name() + ".png";
+    throw std::runtime_error("waited in vain for " + missed + "\n  " + m_steps + "\nwindows, lowest first: " +
+                             TheScreen().Windows() + "\npicture: " + TheScreen().SavePicture(path) +
+                             "\nthe program said: " + ReadFile(File("output")));
+}
+
+} // namespace plenair

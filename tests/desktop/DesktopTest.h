@@ -1,0 +1,62 @@
+#pragma once
+
+#include "desktop/Screen.h"
+#include "support/Scripted.h"
+
+#include <gtest/gtest.h>
+
+namespace plenair {
+
+// The screen that the scenarios share; main starts it.
+Screen& TheScreen();
+
+// The program itself in a process of its own, worked by keys and clicks through the X server. What it shows
+// is asked of it from inside (Probe.cpp lists the questions) and of the server. A step that isn't taken
+// within patience ends the scenario, and tells what was seen.
+class DesktopTest : public testing::Test {
+  protected:
+    DesktopTest();
+    ~DesktopTest() override;
+
+    // Starts the program in a folder of its own, with settings of the defaults and no reminder due, and waits
+    // for the Lite window.
+    void Start();
+    bool HasEnded() { return m_program->HasEnded(); }
+
+    // The answer to a question such as "text txtInputA", and waiting for an answer.
+    std::string Ask(const std::string& question);
+    void Await(const std::string& question, const std::string& answer);
+    void AwaitThat(const std::string& what, const std::function<bool()>& isTrue);
+
+    // Chords with blanks between: "Tab Alt+h Down". Each is waited for until the program has it. A text is
+    // typed likewise.
+    void Keys(const std::string& chords);
+    void Type(const std::string& text);
+
+    // Keys that the window manager keeps for itself.
+    void KeysOfTheDesktop(const std::string& chords);
+
+    // A click in the middle of a control, menu entry or button of a message, by its name or caption; or at a
+    // place in it, from its top left corner, from the far edges if negative.
+    void Click(const std::string& name, int button = 1);
+    void ClickAt(const std::string& name, int x, int y, int button = 1);
+    void Point(const std::string& name, int x, int y);
+
+    // Opens a menu of the Lite window by the mouse and clicks an entry.
+    void Choose(const std::string& menu, const std::string& entry);
+
+    std::string File(const std::string& name) const { return m_environment.Folder().File(name); }
+
+  private:
+    void Note(const std::string& step) { m_steps += step + "\n  "; }
+    int Presses();
+    void AwaitPresses(int count);
+    [[noreturn]] void GiveUp(const std::string& missed);
+
+    ProgramEnvironment m_environment;
+    std::unique_ptr<Child> m_program;
+    int m_socket = -1;
+    std::string m_steps;
+};
+
+} // namespace plenair

@@ -1,0 +1,243 @@
+// Loaded into the program by Qt as a generic plugin. Answers, over a socket that it inherits, what a user
+// could see: one question a line, one answer a line. It only reads; keys and clicks come through the X
+// server.
+#include <QAbstractButton>
+#include <QAbstractNativeEventFilter>
+#include <QAction>
+#include <QApplication>
+#include <QGenericPlugin>
+#include <QMenu>
+#include <QMenuBar>
+#include <QSocketNotifier>
+
+#include <cstdlib>
+
+#include <unistd.h>
+#include <xcb/xcb.h>
+
+namespace {
+
+class Probe : public QObject, public QAbstractNativeEventFilter {
+  public:
+    explicit Probe(int socket) : m_socket(socket), m_notifier(socket, QSocketNotifier::Read) {
+        connect(&m_notifier, &QSocketNotifier::activated, this, &Probe::Read);
+        qApp->installNativeEventFilter(this);
+    }
+
+    // Counts the keys and mouse buttons going down that the server has delivered.
+    bool nativeEventFilter(const QByteArray&, void* message, qintptr*) override {
+        const auto* event = static_cast<xcb_generic_event_t*>(message);
+        constexpr int kXiButtonPress = 4;
+        const int type = event->response_type & 0x7f;
+        const bool isButton =
+            type == XCB_GE_GENERIC &&
+            reinterpret_cast<const xcb_ge_generic_event_t*>(event)->event_type == kXiButtonPress;
+        m_presses += type == XCB_KEY_PRESS || isButton ? 1 : 0;
+        return false;
+    }
+
+  private:
+    void Read() {
+        char buffer[512];
+        const auto count = read(m_socket, buffer, sizeof buffer);
+        if (count <= 0) {
+            m_notifier.setEnabled(false);
+            return;
+        }
+        m_questions.append(buffer, static_cast<qsizetype>(count));
+        for (qsizetype end; (end = m_questions.indexOf('\n')) >= 0;) {
+            const QString question = QString::fromUtf8(m_questions.first(end));
+            m_questions.remove(0, end + 1);
+            const QByteArray answer =
+                Answer(question.section(' ', 0, 0), question.section(' ', 1)).replace('\n', "\\n").toUtf8() +
+                '\n';
+            if (write(m_socket, answer.constData(), static_cast<std::size_t>(answer.size())) < 0) {
+                return;
+            }
+        }
+    }
+
+    static QString NameOf(const QObject* object) {
+        return object == nullptr                ? "none"
+               : object->objectName().isEmpty() ? object->metaObject()->className()
+                                                : object->objectName();
+    }
+
+    // By object name, class name or caption; of several the one in the window in use.
+    static QObject* Find(const QString& name) {
+        QWidgetList windows = {QApplication::activePopupWidget(), QApplication::activeModalWidget(),
+                               QApplication::activeWindow()};
+        windows += QApplication::topLevelWidgets();
+        const auto called = [&name](const QObject* object) {
+            const auto* button = qobject_cast<const QAbstractButton*>(object);
+            const auto* action = qobject_cast<const QAction*>(object);
+            const QString caption = button != nullptr   ? button->text()
+                                    : action != nullptr ? action->text()
+                                                        : QString();
+            return NameOf(object) == name || object->metaObject()->className() == name ||
+                   QString(caption).remove('&') == name;
+        };
+        for (QWidget* window : windows) {
+            if (window == nullptr || (!window->isVisible() && NameOf(window) != name)) {
+                continue;
+            }
+            if (called(window)) {
+                return window;
+            }
+            for (QObject* object : window->findChildren<QObject*>()) {
+                if (called(object)) {
+                    return object;
+                }
+            }
+        }
+        return nullptr;
+    }
+
+    // Whether a window is on the screen, and the window manager done with it; sets where the server has it.
+    static bool IsThere(const QWidget* window, QPoint& origin) {
+        auto* server = qApp->nativeInterface<QNativeInterface::QX11Application>()->connection();
+        const auto id = static_cast<xcb_window_t>(window->internalWinId());
+        const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(server)).data->root;
+        const auto atom = xcb_intern_atom_reply(server, xcb_intern_atom(server, 0, 8, "WM_STATE"), nullptr);
+        const auto state = xcb_get_property_reply(
+            server, xcb_get_property(server, 0, id, atom->atom, XCB_GET_PROPERTY_TYPE_ANY, 0, 1), nullptr);
+        const auto look =
+            xcb_get_window_attributes_reply(server, xcb_get_window_attributes(server, id), nullptr);
+        const auto place = xcb_translate_coordinates_reply(
+            server, xcb_translate_coordinates(server, id, root, 0, 0), nullptr);
+        const bool isThere = state != nullptr && look != nullptr && place != nullptr &&
+                             look->map_state == XCB_MAP_STATE_VIEWABLE &&
+                             (look->override_redirect || state->value_len > 0);
+        origin = place != nullptr ? QPoint(place->dst_x, place->dst_y) : QPoint();
+        for (void* reply : {static_cast<void*>(atom), static_cast<void*>(state), static_cast<void*>(look),
+                            static_cast<void*>(place)}) {
+            std::free(reply);
+        }
+        return isThere;
+    }
+
+    // In pixels of the whole screen; empty if it can't be seen.
+    static QRect Place(const QWidget* widget, const QRect& part) {
+        QPoint origin;
+        if (!widget->isVisible() || !IsThere(widget->window(), origin)) {
+            return {};
+        }
+        const double scale = widget->devicePixelRatio();
+        const QPointF inWindow = widget->mapTo(widget->window(), part.topLeft());
+        return {origin + (inWindow * scale).toPoint(), (part.size().toSizeF() * scale).toSize()};
+    }
+
+    static QRect Place(QObject* object) {
+        if (auto* action = qobject_cast<QAction*>(object)) {
+            for (QObject* owner : action->associatedObjects()) {
+                auto* menu = qobject_cast<QMenu*>(owner);
+                auto* bar = qobject_cast<QMenuBar*>(owner);
+                if (menu != nullptr && menu->isVisible()) {
+                    return Place(menu, menu->actionGeometry(action));
+                }
+                if (bar != nullptr && bar->isVisible()) {
+                    return Place(bar, bar->actionGeometry(action));
+                }
+            }
+            return {};
+        }
+        auto* menu = qobject_cast<QMenu*>(object);
+        if (menu != nullptr && !menu->isVisible()) {
+            return Place(menu->menuAction());
+        }
+        auto* widget = qobject_cast<QWidget*>(object);
+        return widget == nullptr ? QRect() : Place(widget, widget->rect());
+    }
+
+    static QString Words(const QRect& rect) {
+        return QString("%1 %2 %3 %4").arg(rect.x()).arg(rect.y()).arg(rect.width()).arg(rect.height());
+    }
+
+    static QString Windows() {
+        QStringList all;
+        for (const QWidget* window : QApplication::topLevelWidgets()) {
+            if (window->isVisible()) {
+                all << NameOf(window) + (window->isActiveWindow() ? "*" : "") + " " +
+                           Words(window->frameGeometry());
+            }
+        }
+        return all.join(", ");
+    }
+
+    // The cells of a table by rows, or, of the lamps, their colours.
+    static QString Table(QObject* object) {
+        QStringList rows;
+        for (int row = 0; row < 5; ++row) {
+            QString text;
+            for (int column = 0; column < 4; ++column) {
+                QString cell;
+                QMetaObject::invokeMethod(object, "CellText", Q_RETURN_ARG(QString, cell), Q_ARG(int, row),
+                                          Q_ARG(int, column));
+                text += (cell.isEmpty() || text.isEmpty() ? "" : " ") + cell;
+            }
+            if (!text.isEmpty()) {
+                rows << text;
+            }
+        }
+        return rows.join(", ");
+    }
+
+    QString Answer(const QString& asked, const QString& name) const {
+        if (asked == "presses") {
+            return QString::number(m_presses);
+        }
+        if (asked == "focus") {
+            const QWidget* popup = QApplication::activePopupWidget();
+            return NameOf(popup != nullptr ? popup : QApplication::focusWidget());
+        }
+        if (asked == "active") {
+            return NameOf(QApplication::activeWindow());
+        }
+        if (asked == "windows") {
+            return Windows();
+        }
+        if (asked == "selected") { // what is selected in the box that has the focus
+            const QWidget* box = QApplication::focusWidget();
+            return NameOf(box) + " " +
+                   (box != nullptr ? box->property("selectedText").toString() : QString());
+        }
+        QObject* object = Find(name);
+        if (object == nullptr) {
+            return "no " + name;
+        }
+        if (asked == "place") {
+            const QRect place = Place(object);
+            return place.isEmpty() ? "hidden" : Words(place);
+        }
+        if (asked == "table") {
+            return Table(object);
+        }
+        if (asked == "colour") {
+            const auto* widget = qobject_cast<QWidget*>(object);
+            return widget == nullptr || !widget->autoFillBackground()
+                       ? "none"
+                       : widget->palette().color(QPalette::Window).name();
+        }
+        const QVariant value = object->property(asked.toUtf8().constData());
+        return value.isValid() ? value.toString() : "no " + asked + " of " + name;
+    }
+
+    int m_socket;
+    QSocketNotifier m_notifier;
+    QByteArray m_questions;
+    int m_presses = 0;
+};
+
+class ProbePlugin : public QGenericPlugin {
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "Probe.json")
+
+  public:
+    QObject* create(const QString&, const QString&) override {
+        return new Probe(qEnvironmentVariableIntValue("PLENAIR_PROBE"));
+    }
+};
+
+} // namespace
+
+#include "Probe.moc"
