@@ -9,6 +9,10 @@
 #include "project/ProjectGrid.h"
 #include "project/model/ProjectBlocks.h"
 
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+
 namespace plenair {
 
 namespace {
@@ -21,6 +25,39 @@ CommonDialog& SetUpDialog(const ProjectWindows& windows, int flags, const std::s
     dialog.FileName = fileName;
     dialog.Filter = "Plenair Projects (*.gsp)|*.gsp|All Files (*.*)|*.*";
     return dialog;
+}
+
+// A file and the report of its project may be one and the same: by name, whatever the case, or by a link.
+bool IsItsOwnReport(const std::string& file, const std::string& title) {
+    const auto sameLetter = [](unsigned char a, unsigned char b) {
+        return std::tolower(a) == std::tolower(b);
+    };
+    const std::string report = ReportName(title);
+    if (std::equal(title.begin(), title.end(), report.begin(), report.end(), sameLetter)) {
+        return true;
+    }
+    const std::filesystem::path path(file);
+    std::error_code failure;
+    return std::filesystem::weakly_canonical(path, failure) ==
+               std::filesystem::weakly_canonical(path.parent_path() / report, failure) &&
+           !failure;
+}
+
+bool UserSavesUnderReportName(const std::string& title) {
+    return ShowMessage({"The report of the next solution will be named \"" + ReportName(title) +
+                            "\" and replace what is saved as \"" + title +
+                            "\" now.\n\nSave the project under this name all the same?",
+                        "Save", MessageButtons::YesNo, MessageIcon::Question}) == MessageAnswer::Yes;
+}
+
+// Asks for the file until it is one that may be replaced by a report, or no report will have its name.
+void ChooseFileToSave(CommonDialog& dialog) {
+    dialog.ShowSave();
+    while (IsItsOwnReport(dialog.FileName, dialog.FileTitle) && !UserSavesUnderReportName(dialog.FileTitle)) {
+        dialog.InitDir = CurrentFolder();
+        dialog.FileName = dialog.FileTitle;
+        dialog.ShowSave();
+    }
 }
 
 // Asks for a file and reads it. False after Cancel, or where the file could not be read to its end.
@@ -41,7 +78,7 @@ bool ReadChosenFile(const ProjectWindows& windows) {
 void SaveProject(const ProjectWindows& windows) {
     try {
         CommonDialog& dialog = SetUpDialog(windows, OverwritePrompt, ProjectName);
-        dialog.ShowSave();
+        ChooseFileToSave(dialog);
         ProjectName = dialog.FileTitle;
         WriteWholeFile(dialog.FileName, ProjectText());
     } catch (const std::runtime_error&) {

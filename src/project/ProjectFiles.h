@@ -6,7 +6,9 @@
 // stood on the disk before stands there still.
 namespace plenair {
 
-// Asks for a file and writes the project to it. Clears RunFailed only when the file has been written.
+// Asks for a file and writes the project to it. Clears RunFailed only when the file has been written. Under
+// the name of its own report, which the next solution would put in its place, it is saved only after a
+// question.
 void SaveProject(const ProjectWindows& windows);
 
 // Asks for a file and reads a project from it. Without a single block to read, after Cancel too, the project

@@ -33,6 +33,13 @@ TEST_F(CommonDialogTest, AcceptedFile) {
     EXPECT_EQ(dialog.FileName, answer + ".gsp");
     EXPECT_EQ(dialog.FileTitle, "Lüftung.gsp");
     EXPECT_EQ(InCurrentFolder("x.Gus"), folder.File("x.Gus"));
+    const std::pair<const char*, const char*> names[] = {
+        {"Level 1.5", "Level 1.5.gsp"}, {"plant.d", "plant.d"},  {"plant.7z", "plant.7z.gsp"},
+        {"plant.über", "plant.über"},   {"plant.", "plant.gsp"}, {".gsp", ".gsp.gsp"}};
+    for (const auto& [typed, saved] : names) {
+        dialog.FileName = typed;
+        EXPECT_EQ(WithDefaultExt(dialog), saved);
+    }
     WriteFile(answer, "");
     dialog.ShowOpen(); // the file that is there is meant
     EXPECT_EQ(dialog.FileName, answer);

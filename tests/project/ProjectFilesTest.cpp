@@ -207,6 +207,38 @@ TEST_F(ProjectFilesTest, MoreBlocksThanDucts) {
     }
 }
 
+// A file that the next solution's report would replace is saved only after a question.
+TEST_F(ProjectFilesTest, ProjectsThatAreTheirOwnReport) {
+    std::filesystem::create_symlink("plant.Gus", File("link.gsp"));
+    std::filesystem::create_symlink(File("target.gsp"), File("target.Gus"));
+    WriteFile(File("target.gsp"), "");
+    WriteFile(File("plant.Gus"), "");
+    const std::pair<const char*, bool> rows[] = {
+        {"new.Gus", true},    {"new.GUS", true},    {"new.gsp", false},
+        {"plant.Gus", true},  {"link.gsp", false},  {"plan.Gusto", false},
+        {"target.gsp", true}, {"target.Gus", true}, {"Gus", false}};
+    for (const auto& [name, asks] : rows) {
+        SCOPED_TRACE(name);
+        ProjectName = "before.gsp";
+        RunFailed = FlagSet;
+        desktop.ExpectFile(File(name));
+        if (asks) {
+            desktop.ExpectMessage(MessageAnswer::No);
+            desktop.ExpectCancel();
+            SaveProject(windows);
+            EXPECT_EQ(desktop.LastDialog().FileName, name) << "offered again";
+            EXPECT_EQ(desktop.LastDialog().InitDir, environment.Folder().Path());
+            EXPECT_EQ(ProjectName, "before.gsp");
+            EXPECT_EQ(RunFailed, FlagSet);
+            desktop.ExpectFile(File(name));
+            desktop.ExpectMessage(MessageAnswer::Yes);
+        }
+        desktop.ExpectMessage(MessageAnswer::Ok); // saved
+        SaveProject(windows);
+        EXPECT_EQ(RunFailed, FlagClear);
+    }
+}
+
 TEST_F(ProjectFilesTest, ReportNames) {
     const std::pair<const char*, const char*> rows[] = {
         {"plant.gsp", "plant.Gus"}, {"plant.d", "pla.Gus"},

@@ -23,7 +23,7 @@ struct CommonDialog {
     bool CancelError = false;
 
     // File dialogs. Paths are UTF-8.
-    std::string DefaultExt; // without a point; added to a name without an extension
+    std::string DefaultExt; // without a point; added to a name without an extension. One begins with a letter
     std::string InitDir;    // where the dialog opens
     std::string FileName;   // offered at first; afterwards the full path
     std::string Filter;     // names and patterns in turn, divided by '|'

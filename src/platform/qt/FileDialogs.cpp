@@ -8,6 +8,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QRegularExpression>
 
 namespace plenair {
 
@@ -41,11 +42,9 @@ QStringList NameFilters(const std::string& filter) {
     const QStringList parts = ToQt(filter).split('|');
     QStringList filters;
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
-        // The pattern is shown once, and only ours means a name without a point too.
-        const QString name = parts[i].section('(', 0, 0).trimmed();
-        QString patterns = parts[i + 1];
-        patterns.replace(';', ' ');
-        filters.append(name + " (" + (patterns == "*.*" ? "*" : patterns) + ")");
+        QStringList patterns = parts[i + 1].split(';');
+        patterns.replaceInStrings(QRegularExpression("^\\*\\.\\*$"), "*"); // names without a point too
+        filters.append(parts[i] + " (" + patterns.join(' ') + ")");
     }
     return filters;
 }
@@ -56,6 +55,7 @@ bool ShowFileDialog(DialogKind kind, CommonDialog& properties) {
     // Whether the file is there can only be judged when its name has its extension.
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilters(NameFilters(properties.Filter));
     if (QFileInfo(ToQt(properties.InitDir)).isDir()) {
         dialog.setDirectory(ToQt(properties.InitDir));

@@ -10,7 +10,8 @@ namespace plenair {
 // without an extension gets DefaultExt before the user is asked about overwriting.
 bool ShowFileDialog(DialogKind kind, CommonDialog& dialog);
 
-// The filters of a dialog as Qt wants them: "Plenair Logs (*.pnl)".
+// The filters of a dialog as Qt wants them: what is shown, and behind it, in brackets that are hidden, the
+// patterns: "All Files (*.*) (*)".
 QStringList NameFilters(const std::string& filter);
 
 } // namespace plenair

@@ -1,5 +1,6 @@
 #include "platform/qt/MSFlexGrid.h"
 
+#include "platform/qt/TextFit.h"
 #include "platform/qt/Twips.h"
 
 #include <QAccessible>
@@ -95,9 +96,12 @@ void MSFlexGrid::paintEvent(QPaintEvent*) {
             const int alignment = Column(column).alignment;
             const int horizontal =
                 alignment == 4 ? Qt::AlignHCenter : (alignment == 7 ? Qt::AlignRight : Qt::AlignLeft);
+            const QRect room = cell.adjusted(1, 0, -1, -1);
+            const QString text = ToQt(TextMatrix(row, column));
             painter.setPen(palette().color(QPalette::Text));
-            painter.drawText(cell.adjusted(1, 0, -1, -1), horizontal | int{Qt::AlignVCenter},
-                             ToQt(TextMatrix(row, column)));
+            painter.setFont(FontThatFits(font(), text, room.width()));
+            painter.drawText(room, horizontal | int{Qt::AlignVCenter},
+                             TextThatFits(painter.font(), text, room.width()));
         }
     }
     lines.setAlphaF(0.45F);

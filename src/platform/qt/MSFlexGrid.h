@@ -8,7 +8,8 @@
 namespace plenair {
 
 // A table of texts that is only read: rows and columns without headings, a current cell that the program
-// moves and the user doesn't. Rows stand from the top; what doesn't fit the control's height is not seen.
+// moves and the user doesn't. Rows stand from the top; what doesn't fit the control's height is not seen. A
+// text too wide for its cell is written smaller, and where that doesn't do, ends in an ellipsis.
 class MSFlexGrid : public QWidget {
     Q_OBJECT
 

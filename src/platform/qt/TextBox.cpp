@@ -1,9 +1,14 @@
 #include "platform/qt/TextBox.h"
 
 #include "platform/desktop/KeyCodes.h"
+#include "platform/qt/TextFit.h"
 #include "platform/qt/Twips.h"
 
+#include <QHelpEvent>
 #include <QKeyEvent>
+#include <QPainter>
+#include <QStyleOptionFrame>
+#include <QToolTip>
 
 namespace plenair {
 
@@ -83,6 +88,45 @@ std::string TextBox::Text() const {
 
 void TextBox::SetText(const std::string& text) {
     setText(ToQt(text));
+    setCursorPosition(0);
+}
+
+void TextBox::SelectAll() {
+    // With the caret at the end only the end of a long text would be seen.
+    const int length = static_cast<int>(text().size());
+    IsTextTooWide() ? setSelection(length, -length) : selectAll();
+}
+
+QRect TextBox::TextArea() const {
+    constexpr int kMargin = 2; // the line edit's own, on both sides of a text
+    QStyleOptionFrame how;
+    initStyleOption(&how);
+    return style()->subElementRect(QStyle::SE_LineEditContents, &how, this).adjusted(kMargin, 0, -kMargin, 0);
+}
+
+bool TextBox::IsTextTooWide() const {
+    return fontMetrics().horizontalAdvance(text()) > TextArea().width();
+}
+
+bool TextBox::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) {
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), IsTextTooWide() ? text() : QString(),
+                           this);
+        return true;
+    }
+    return QLineEdit::event(event);
+}
+
+void TextBox::paintEvent(QPaintEvent* event) {
+    QLineEdit::paintEvent(event);
+    if (!hasFocus() && IsTextTooWide()) {
+        // Over what the line edit shows of the text, which could pass for the whole of it.
+        QPainter painter(this);
+        painter.fillRect(TextArea(), palette().color(QPalette::Base));
+        painter.setPen(palette().color(QPalette::Text));
+        painter.drawText(TextArea(), Qt::AlignLeft | Qt::AlignVCenter,
+                         TextThatFits(font(), text(), TextArea().width()));
+    }
 }
 
 void TextBox::keyPressEvent(QKeyEvent* event) {

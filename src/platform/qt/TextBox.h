@@ -11,7 +11,8 @@
 namespace plenair {
 
 // A text box of one line. Handlers run at once: Change before the statement after SetText, and only if the
-// text differs; KeyPress before the box deals with the character.
+// text differs; KeyPress before the box deals with the character. Of a text that is too wide for the box the
+// start is seen, with an ellipsis while nobody is typing in it, and the whole in a tool tip.
 class TextBox : public QLineEdit, public FocusEvents {
     Q_OBJECT
 
@@ -22,7 +23,7 @@ class TextBox : public QLineEdit, public FocusEvents {
     void SetText(const std::string& text);
 
     // Selects from the start to the end of the text.
-    void SelectAll() { selectAll(); }
+    void SelectAll();
 
     // Whether Tab stops here. The mouse and access keys always reach the box.
     void SetTabStop(bool stop) { setFocusPolicy(stop ? Qt::StrongFocus : Qt::ClickFocus); }
@@ -42,6 +43,8 @@ class TextBox : public QLineEdit, public FocusEvents {
     void TellGotFocus() override;
 
   protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
@@ -51,6 +54,9 @@ class TextBox : public QLineEdit, public FocusEvents {
     void mouseReleaseEvent(QMouseEvent* event) override;
 
   private:
+    QRect TextArea() const;
+    bool IsTextTooWide() const;
+
     // The press that brings the focus leaves the selection to GotFocus, until the button is up again.
     QElapsedTimer m_sinceGotFocus;
     bool m_entering = false;

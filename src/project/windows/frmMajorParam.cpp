@@ -2,6 +2,7 @@
 
 #include "platform/desktop/KeyCodes.h"
 #include "platform/qt/SurfacePainter.h"
+#include "platform/qt/TextFit.h"
 #include "platform/qt/Twips.h"
 #include "platform/qt/WindowPos.h"
 #include "project/DuctSheet.h"
@@ -9,6 +10,8 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include <algorithm>
+#include <cctype>
 #include <cstdlib>
 
 namespace plenair {
@@ -34,9 +37,10 @@ class DuctNoLabel : public Label {
         const QColor ink = palette().color(QPalette::WindowText);
         const QColor background = palette().color(QPalette::Window);
         QPainterPath text;
-        const QFontMetricsF metrics(font());
+        const QFont fitting = FontThatFits(font(), this->text(), width() - 1);
+        const QFontMetricsF metrics(fitting);
         text.addText(width() - metrics.horizontalAdvance(this->text()) - 1,
-                     (height() + metrics.ascent() - metrics.descent()) / 2, font(), this->text());
+                     (height() + metrics.ascent() - metrics.descent()) / 2, fitting, this->text());
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
         if (std::abs(qGray(ink.rgb()) - qGray(background.rgb())) < 80) {
@@ -82,8 +86,9 @@ void frmMajorParam::CreateControls() {
         auto* label = new Label(name, caption, Client());
         SetColour(label, QPalette::WindowText, BlueOn(background));
         Place(label, left, top, width, 225);
+        return label;
     };
-    heading("lblDuct", "Duct:", 105, 75, 435);
+    lblDuct = heading("lblDuct", "Duct:", 105, 75, 435);
     lblDuctNo = new DuctNoLabel("lblDuctNo", "1", Client());
     lblDuctNo->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     QFont large = font();
@@ -154,6 +159,8 @@ std::string frmMajorParam::DuctNoCaption() const {
 }
 
 void frmMajorParam::SetDuctNoCaption(const std::string& caption) {
+    // From duct 100 on there is room for the number only.
+    lblDuct->setVisible(std::count_if(caption.begin(), caption.end(), ::isdigit) < 3);
     lblDuctNo->setText(ToQt(caption));
 }
 

@@ -51,6 +51,7 @@ class frmMajorParam : public Form, public SheetWindow {
     TextBox* TxtParam(int box) const { return txtParam[static_cast<std::size_t>(box - 1)]; }
 
     std::unique_ptr<ProjectWindows> m_windows;
+    Label* lblDuct = nullptr;
     Label* lblDuctNo = nullptr;
     ScrollBar* scrDuctNo = nullptr;
     std::array<TextBox*, SheetBoxes> txtParam = {};
