@@ -46,7 +46,7 @@ TEST_F(NumberText, ReadsWhatStandsForANumber) {
                 {Swiss, {{"1'234\u2019567.5", 1234567.5}}, {}},
                 {Indian, {{"1,23,45,678", 12345678}}, {"1,234,567"}},
                 {Ungrouped, {{"1234,5", 1234.5}}, {"1 234"}},
-                {Arabic, {{"1\u066C234\u066B5", 1234.5}}, {}}};
+                {Arabic, {{"1\u066C234\u066B5", 1234.5}, {"0.8", 0.8}}, {"0,8", "1.2.3", "1.5\u066B2"}}};
     for (const auto& row : rows) {
         SetNumberLocale(row.locale);
         for (const auto& [text, number] : row.numbers) {
@@ -61,6 +61,21 @@ TEST_F(NumberText, ReadsWhatStandsForANumber) {
     EXPECT_EQ(NumberFromText("3.5", Mark::Point), 3.5);
     EXPECT_EQ(NumberFromText("3,5", Mark::Point), None);
     EXPECT_EQ(NumberFromText("1.234.567", Mark::Point), None);
+}
+
+TEST_F(NumberText, TellsWhichDecimalMarkIsExpected) {
+    const std::tuple<NumberLocale, const char*, const char*> rows[] = {
+        {German, "0.8", ","},     {German, "1,234.5", ","}, {German, "-1.5E3 ", ","},  {German, "1.5x", ""},
+        {German, "1.5,", ""},     {British, "0,8", "."},    {British, "12,34", "."},   {British, "", ""},
+        {British, "1.2.3", ""},   {French, "3.5", ","},     {Arabic, "3,5", "\u066B"}, {Arabic, "x", ""},
+        {British, "1.234,5", "."}};
+    for (const auto& [locale, text, mark] : rows) {
+        SetNumberLocale(locale);
+        ASSERT_EQ(NumberFromText(text), None) << text;
+        EXPECT_EQ(WhyNoNumber(text), *mark == '\0' ? "is no number."
+                                                   : "is no number here, where the decimal mark is \"" +
+                                                         std::string(mark) + "\".");
+    }
 }
 
 TEST_F(NumberText, TellsTooLargeFromTooSmall) {

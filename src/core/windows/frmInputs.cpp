@@ -148,7 +148,7 @@ bool frmInputs::ReadBoxes(SettingsRecord& entered) {
     for (std::size_t i = 0; i < kNumberRows.size(); ++i) {
         const auto value = NumberFromText(txtNumbers[i]->Text());
         if (!value) {
-            Refuse(i, "is no number.");
+            Refuse(i, WhyNoNumber(txtNumbers[i]->Text()));
             return false;
         }
         if (const auto field = kNumberRows[i].field) {

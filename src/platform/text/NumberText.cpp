@@ -22,13 +22,19 @@ const std::array<std::vector<std::string>, 2> AlikeMarks{{
     {"'", "\u2019"},
 }};
 
+// A locale with all marks that are accepted where a number is read.
 struct ActiveLocale {
     NumberLocale locale;
-    std::vector<std::string> groupMarks; // all that are accepted
+    std::vector<std::string> groupMarks;
+    std::vector<std::string> decimalMarks;
 };
 
 ActiveLocale MakeActive(const NumberLocale& locale) {
-    ActiveLocale active{locale, {}};
+    ActiveLocale active{locale, {}, {locale.decimalMark}};
+    const auto isAscii = [](char character) { return static_cast<unsigned char>(character) < 0x80; };
+    if (!std::all_of(locale.decimalMark.begin(), locale.decimalMark.end(), isAscii)) {
+        active.decimalMarks.emplace_back("."); // what the user's keyboard may have in its place
+    }
     if (!locale.groupMark.empty()) {
         active.groupMarks = {locale.groupMark};
     }
@@ -45,8 +51,13 @@ ActiveLocale& Active() {
     return active;
 }
 
+const ActiveLocale& LocaleOf(Mark mark) {
+    static const ActiveLocale point = MakeActive({.decimalMark = ".", .groupMark = ""});
+    return mark == Mark::Point ? point : Active();
+}
+
 std::string_view DecimalMark(Mark mark) {
-    return mark == Mark::Point ? std::string_view(".") : std::string_view(Active().locale.decimalMark);
+    return LocaleOf(mark).locale.decimalMark;
 }
 
 bool Take(std::string_view& text, std::string_view start) {
@@ -67,21 +78,17 @@ std::size_t TakeDigits(std::string_view& text, std::string& plain) {
     return count;
 }
 
-bool TakeGroupMark(std::string_view& text) {
-    const std::vector<std::string>& marks = Active().groupMarks;
+bool TakeOneOf(std::string_view& text, const std::vector<std::string>& marks) {
     return std::any_of(marks.begin(), marks.end(), [&](const std::string& mark) { return Take(text, mark); });
 }
 
 // Takes the digits ahead of the decimal mark; false if group marks stand in wrong places.
-bool TakeWholePart(std::string_view& text, Mark mark, std::string& plain) {
+bool TakeWholePart(std::string_view& text, const ActiveLocale& how, std::string& plain) {
     std::size_t length = TakeDigits(text, plain);
-    if (mark == Mark::Point || text.empty()) {
-        return true;
-    }
-    const std::size_t firstGroup = static_cast<std::size_t>(Active().locale.firstGroup);
-    const std::size_t otherGroups = static_cast<std::size_t>(Active().locale.otherGroups);
+    const std::size_t firstGroup = static_cast<std::size_t>(how.locale.firstGroup);
+    const std::size_t otherGroups = static_cast<std::size_t>(how.locale.otherGroups);
     bool grouped = false;
-    while (TakeGroupMark(text)) {
+    while (TakeOneOf(text, how.groupMarks)) {
         if (length > otherGroups || length < (grouped ? otherGroups : 1)) {
             return false;
         }
@@ -107,7 +114,7 @@ std::string_view WithoutBlanksAround(std::string_view text) {
 }
 
 // Puts the number into `plain` in the form -12.5e-3 that from_chars reads; false if it is no number.
-bool MakePlain(std::string_view text, Mark mark, std::string& plain) {
+bool MakePlain(std::string_view text, const ActiveLocale& how, std::string& plain) {
     text = WithoutBlanksAround(text);
     if (Take(text, "-")) {
         plain.push_back('-');
@@ -115,11 +122,11 @@ bool MakePlain(std::string_view text, Mark mark, std::string& plain) {
         Take(text, "+");
     }
     const std::size_t start = plain.size();
-    if (!TakeWholePart(text, mark, plain)) {
+    if (!TakeWholePart(text, how, plain)) {
         return false;
     }
     bool hasDigits = plain.size() > start;
-    if (Take(text, DecimalMark(mark))) {
+    if (TakeOneOf(text, how.decimalMarks)) {
         plain.push_back('.');
         hasDigits = TakeDigits(text, plain) > 0 || hasDigits;
     }
@@ -159,7 +166,7 @@ bool IsTooLarge(std::string_view plain) {
 template <typename Number>
 std::optional<Number> ToNumber(std::string_view text, Mark mark) {
     std::string plain;
-    if (!MakePlain(text, mark, plain)) {
+    if (!MakePlain(text, LocaleOf(mark), plain)) {
         return std::nullopt;
     }
     Number value = 0;
@@ -260,6 +267,19 @@ std::optional<double> NumberFromText(std::string_view text, Mark mark) {
 
 std::optional<float> SingleFromText(std::string_view text, Mark mark) {
     return ToNumber<float>(text, mark);
+}
+
+std::string WhyNoNumber(std::string_view text) {
+    const std::vector<std::string>& marks = Active().decimalMarks;
+    const auto isNumberWith = [&](const char* mark, const char* groupMark) {
+        std::string plain;
+        return std::find(marks.begin(), marks.end(), mark) == marks.end() &&
+               MakePlain(text, MakeActive({.decimalMark = mark, .groupMark = groupMark}), plain);
+    };
+    if (isNumberWith(".", ",") || isNumberWith(",", ".")) {
+        return "is no number here, where the decimal mark is \"" + marks.front() + "\".";
+    }
+    return "is no number.";
 }
 
 std::string Format(double value, std::string_view pattern, Mark mark) {
