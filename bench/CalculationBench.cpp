@@ -161,8 +161,8 @@ int main(int argc, char** argv) {
     const std::string store =
         (std::filesystem::temp_directory_path() / ("plenair-bench-" + std::to_string(getpid()))).string();
     plenair::SetRegistryFile(store);
-    plenair::RegCreateKey(plenair::HKEY_CURRENT_USER, plenair::ReminderSubKey);
-    plenair::RegWriteValue(plenair::HKEY_CURRENT_USER, plenair::ReminderSubKey, plenair::ReminderValueName,
+    plenair::RegCreateKey(plenair::HKEY_CURRENT_USER, plenair::kReminderSubKey);
+    plenair::RegWriteValue(plenair::HKEY_CURRENT_USER, plenair::kReminderSubKey, plenair::kReminderValueName,
                            plenair::ReminderMonth(), plenair::REG_SZ);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();

@@ -20,7 +20,7 @@ void FillProject(int ducts) {
     DuctCount = static_cast<std::int16_t>(ducts);
     FitDucts();
     for (int number = 1; number <= ducts; ++number) {
-        const float colours[] = {RigidColour, FlexibleColour, ConnectionColour};
+        const float colours[] = {kRigidColour, kFlexibleColour, kConnectionColour};
         Ducts[static_cast<std::size_t>(number)] = {.Colour = colours[number % 3],
                                                    .StartX = 0.025 * (number % 40),
                                                    .StartY = number / 33000.0,
@@ -73,7 +73,7 @@ void SaveDucts(benchmark::State& state) {
         WriteWholeFile(file.Path(), ProjectText());
     }
 }
-BENCHMARK(SaveDucts)->Arg(1000)->Arg(MostDucts)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(SaveDucts)->Arg(1000)->Arg(kMostDucts)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 void LoadDucts(benchmark::State& state) {
     const ProjectFile file;
@@ -87,7 +87,7 @@ void LoadDucts(benchmark::State& state) {
         state.SkipWithError("not all ducts were read");
     }
 }
-BENCHMARK(LoadDucts)->Arg(1000)->Arg(MostDucts)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(LoadDucts)->Arg(1000)->Arg(kMostDucts)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 } // namespace
 } // namespace plenair

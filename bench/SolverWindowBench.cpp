@@ -30,7 +30,7 @@ class OpenSolver {
     OpenSolver() : m_before(CurrentFolder()) {
         Settings = SettingsRecord();
         Desktop().AskByMessageBox = [](const MessageRequest& request) {
-            return request.buttons == MessageButtons::YesNo ? MessageAnswer::Yes : MessageAnswer::Ok;
+            return request.Buttons == MessageButtons::YesNo ? MessageAnswer::Yes : MessageAnswer::Ok;
         };
         Desktop().ShowDialog = [this](DialogKind kind, CommonDialog& dialog) {
             if (kind == DialogKind::Printer) {
@@ -66,14 +66,14 @@ class OpenSolver {
         DuctCount = static_cast<std::int16_t>(ducts);
         FitDucts();
         for (int number = 1; number <= ducts; ++number) {
-            const float colours[] = {RigidColour, FlexibleColour, ConnectionColour};
-            const double column = number % CellsAcross;
-            const double row = number / CellsAcross % CellsDown;
+            const float colours[] = {kRigidColour, kFlexibleColour, kConnectionColour};
+            const double column = number % kCellsAcross;
+            const double row = number / kCellsAcross % kCellsDown;
             Ducts[static_cast<std::size_t>(number)] = {.Colour = colours[number % 3],
-                                                       .StartX = column / CellsAcross,
-                                                       .StartY = row / CellsDown,
-                                                       .EndX = (column + 1) / CellsAcross,
-                                                       .EndY = (row + number % 2) / CellsDown,
+                                                       .StartX = column / kCellsAcross,
+                                                       .StartY = row / kCellsDown,
+                                                       .EndX = (column + 1) / kCellsAcross,
+                                                       .EndY = (row + number % 2) / kCellsDown,
                                                        .ConnCoefficient = 0.5F,
                                                        .Length = 2000.0 + number,
                                                        .Height = 300,
@@ -134,7 +134,7 @@ void SolveThousandDucts(benchmark::State& state, bool sheetShown) {
         state.ResumeTiming();
         solver.Click("cmdGus");
         solver.Paint();
-        if (Solved == FlagClear) {
+        if (Solved == kFlagClear) {
             state.SkipWithError("not solved");
             break;
         }
@@ -201,7 +201,7 @@ void PlotThousandElements(benchmark::State& state) {
     for (auto _ : state) {
         solver.Click("cmdCalcPressure");
         solver.Paint();
-        if (PlotShowing == FlagClear) {
+        if (PlotShowing == kFlagClear) {
             state.SkipWithError("no plot");
             break;
         }

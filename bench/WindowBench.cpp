@@ -139,8 +139,8 @@ int main(int argc, char** argv) {
     const QTemporaryDir folder;
     plenair::SetProgramFolder(folder.path().toStdString());
     plenair::SetRegistryFile(folder.filePath("registry").toStdString());
-    plenair::RegCreateKey(plenair::HKEY_CURRENT_USER, plenair::ReminderSubKey);
-    plenair::RegWriteValue(plenair::HKEY_CURRENT_USER, plenair::ReminderSubKey, plenair::ReminderValueName,
+    plenair::RegCreateKey(plenair::HKEY_CURRENT_USER, plenair::kReminderSubKey);
+    plenair::RegWriteValue(plenair::HKEY_CURRENT_USER, plenair::kReminderSubKey, plenair::kReminderValueName,
                            plenair::ReminderMonth(), plenair::REG_SZ);
     plenair::Settings.DefPath = folder.path().toStdString();
     plenair::SaveSettings();

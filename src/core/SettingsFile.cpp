@@ -63,24 +63,24 @@ void SetDefaults() {
 
 // What stands for a settings file where the program's folder takes none: good for this run, and this folder.
 struct HeldSettings {
-    std::string folder;
-    SettingsRecord record;
-    bool toldOfSaving = false;
+    std::string Folder;
+    SettingsRecord Record;
+    bool ToldOfSaving = false;
 };
 
 std::optional<HeldSettings>& Held() {
-    static std::optional<HeldSettings> held;
-    if (held && held->folder != ProgramFolder()) {
-        held.reset();
+    static std::optional<HeldSettings> s_held;
+    if (s_held && s_held->Folder != ProgramFolder()) {
+        s_held.reset();
     }
-    return held;
+    return s_held;
 }
 
 HeldSettings& Hold() {
     if (!Held()) {
         Held() = HeldSettings{ProgramFolder(), {}, false};
     }
-    Held()->record = Settings;
+    Held()->Record = Settings;
     return *Held();
 }
 
@@ -107,8 +107,8 @@ void WriteSettings(const std::string& name) {
 
 // A new user isn't asked the monthly question in the first month.
 void NoteReminder() {
-    RegCreateKey(HKEY_CURRENT_USER, ReminderSubKey);
-    RegWriteValue(HKEY_CURRENT_USER, ReminderSubKey, ReminderValueName, ReminderMonth(), REG_SZ);
+    RegCreateKey(HKEY_CURRENT_USER, kReminderSubKey);
+    RegWriteValue(HKEY_CURRENT_USER, kReminderSubKey, kReminderValueName, ReminderMonth(), REG_SZ);
 }
 
 // Takes the settings that an administrator put beside the executable as the first ones of this user. False if
@@ -155,7 +155,7 @@ void TakeDefaults() {
 
 void LoadSettings() {
     if (Held()) {
-        Settings = Held()->record;
+        Settings = Held()->Record;
         return;
     }
     try {
@@ -183,7 +183,7 @@ void SaveSettings() {
         if (ProgramFolderTakesFiles()) {
             throw;
         }
-        if (!std::exchange(Hold().toldOfSaving, true)) {
+        if (!std::exchange(Hold().ToldOfSaving, true)) {
             ShowMessage({"The settings can't be saved.\n\n" + std::string(failure.what()) +
                              "\n\nThey hold for this run.",
                          "Options", MessageButtons::Ok, MessageIcon::Exclamation});

@@ -72,8 +72,8 @@ RegistryStatus RegSetValue(RegistryKey key, const std::string& valueName, std::u
 
 std::string ReminderMonth() {
     const LocalTime today = Now();
-    const std::string month = std::to_string(100 + today.month).substr(1);
-    const std::string year = std::to_string(10000 + today.year).substr(1);
+    const std::string month = std::to_string(100 + today.Month).substr(1);
+    const std::string year = std::to_string(10000 + today.Year).substr(1);
     return month + year;
 }
 

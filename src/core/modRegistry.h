@@ -13,8 +13,8 @@ namespace plenair {
 using RegistryValue = std::variant<std::monostate, std::string, std::int32_t>;
 
 // The sub-key and the value in which the month of the last reminder stands, as six characters "mmyyyy".
-inline const std::string ReminderSubKey = "Software\\ZVK";
-inline const std::string ReminderValueName = "Reminder";
+inline const std::string kReminderSubKey = "Software\\ZVK";
+inline const std::string kReminderValueName = "Reminder";
 
 // The value, or empty where the key or the value is missing.
 RegistryValue RegReadValue(RegistryKey root, const std::string& subKey, const std::string& valueName);

@@ -27,7 +27,7 @@ const std::array<std::string, 6> kQuestions = {
 
 // The month noted last; the stored text may have a terminator behind its six characters.
 std::string NotedMonth() {
-    const RegistryValue value = RegReadValue(HKEY_CURRENT_USER, ReminderSubKey, ReminderValueName);
+    const RegistryValue value = RegReadValue(HKEY_CURRENT_USER, kReminderSubKey, kReminderValueName);
     const auto* text = std::get_if<std::string>(&value);
     return text != nullptr ? text->substr(0, 6) : std::string();
 }
@@ -49,8 +49,8 @@ void MonthlyReminder() {
     if (answer == MessageAnswer::No) {
         ShowMessage({"Liar!", "Plenair", MessageButtons::Ok, MessageIcon::None});
     }
-    RegCreateKey(HKEY_CURRENT_USER, ReminderSubKey);
-    RegWriteValue(HKEY_CURRENT_USER, ReminderSubKey, ReminderValueName, ReminderMonth(), REG_SZ);
+    RegCreateKey(HKEY_CURRENT_USER, kReminderSubKey);
+    RegWriteValue(HKEY_CURRENT_USER, kReminderSubKey, kReminderValueName, ReminderMonth(), REG_SZ);
     if (ShowAboutAfterReminder) {
         ShowAboutAfterReminder();
     }

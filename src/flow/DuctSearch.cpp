@@ -71,11 +71,11 @@ class RoundDuctSearch {
     RoundDuctSearch(double flow, double roughness)
         : m_flow(flow), m_roughness(roughness), m_density(Density(Settings.FluidTemp)) {}
 
-    double diameter = 1.0;
-    double friction = 1.0;
+    double Diameter = 1.0;
+    double Friction = 1.0;
 
     void SettleForLoss(double loss) {
-        Settle([&] { return DiameterForLoss(friction, loss, m_flow, m_density); });
+        Settle([&] { return DiameterForLoss(Friction, loss, m_flow, m_density); });
     }
 
     void SettleForVelocity(double velocity) {
@@ -85,17 +85,17 @@ class RoundDuctSearch {
     // Width of the rectangle of `height` that stands for the round duct, on the size step. The search for it
     // starts at `start`.
     double RoundedWidth(double height, double start) {
-        if (const auto quick = QuickWidth(height, diameter, m_lastWidth)) {
+        if (const auto quick = QuickWidth(height, Diameter, m_lastWidth)) {
             m_lastWidth = *quick;
             if (const auto rounded = RoundedWhereClear(*quick)) {
                 return *rounded;
             }
         }
         double change = 1.0;
-        return RoundedUpSize(OtherSide(height, diameter, start, change));
+        return RoundedUpSize(OtherSide(height, Diameter, start, change));
     }
 
-    double Velocity() const { return RoundDuctVelocity(m_flow, diameter); }
+    double Velocity() const { return RoundDuctVelocity(m_flow, Diameter); }
 
     // Loss of the rectangle at the velocity of the round duct: what a search compares with its target.
     double TestedLoss(double width, double height, double velocity) {
@@ -103,17 +103,17 @@ class RoundDuctSearch {
             m_testedEquivalent = EquivalentDiameter(width, height);
             m_testedWidth = width;
         }
-        return LossGradient(friction, m_testedEquivalent, velocity, m_density);
+        return LossGradient(Friction, m_testedEquivalent, velocity, m_density);
     }
 
     // The duct as chosen. The friction factor stays that of the last round duct.
     SizedDuct Close(double width, double height) const {
         SizedDuct duct;
-        duct.width = width;
+        duct.Width = width;
         const double equivalent = EquivalentDiameter(width, height);
-        duct.velocity = RoundDuctVelocity(m_flow, equivalent);
-        duct.loss = LossGradient(friction, equivalent, duct.velocity, m_density);
-        duct.equivalent = RoundedUpSize(equivalent);
+        duct.Velocity = RoundDuctVelocity(m_flow, equivalent);
+        duct.Loss = LossGradient(Friction, equivalent, duct.Velocity, m_density);
+        duct.Equivalent = RoundedUpSize(equivalent);
         return duct;
     }
 
@@ -126,11 +126,11 @@ class RoundDuctSearch {
             if (++passes > kDiameterPasses) {
                 throw CalcFailure("the diameter does not settle");
             }
-            previous = diameter;
-            diameter = diameterOf();
+            previous = Diameter;
+            Diameter = diameterOf();
             double change = 1.0;
-            FrictionFactor(m_flow, diameter, m_roughness, friction, change);
-        } while (!(std::fabs(previous - diameter) < 0.0000000001));
+            FrictionFactor(m_flow, Diameter, m_roughness, Friction, change);
+        } while (!(std::fabs(previous - Diameter) < 0.0000000001));
     }
 
     double m_flow;

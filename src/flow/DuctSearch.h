@@ -13,10 +13,10 @@
 namespace plenair {
 
 struct SizedDuct {
-    double width = 0;      // m, on the size step
-    double velocity = 0;   // m/s, in the equivalent round duct
-    double loss = 0;       // Pa/m
-    double equivalent = 0; // m, equivalent round diameter rounded up to the size step
+    double Width = 0;      // m, on the size step
+    double Velocity = 0;   // m/s, in the equivalent round duct
+    double Loss = 0;       // Pa/m
+    double Equivalent = 0; // m, equivalent round diameter rounded up to the size step
 };
 
 // No working velocity above 0 keeps the loss within its cap.

@@ -21,7 +21,7 @@ double Log10(double x) {
 }
 
 double RoundDuctVelocity(double flow, double diameter) {
-    return Divide(flow, (diameter * diameter * Pi) / 4);
+    return Divide(flow, (diameter * diameter * kPi) / 4);
 }
 
 double ReynoldsNumber(double velocity, double diameter, double density, double viscosity) {
@@ -51,19 +51,19 @@ double LossGradient(double friction, double diameter, double velocity, double de
 
 double DiameterForLoss(double friction, double loss, double flow, double density) {
     const double perLoss = Divide(1.0, loss);
-    return Power(Divide(flow * flow * (8 * friction * density * perLoss), Pi * Pi), 1.0 / 5);
+    return Power(Divide(flow * flow * (8 * friction * density * perLoss), kPi * kPi), 1.0 / 5);
 }
 
 double DiameterForVelocity(double velocity, double flow) {
-    return SquareRoot(Divide(flow * 4, velocity * Pi));
+    return SquareRoot(Divide(flow * 4, velocity * kPi));
 }
 
 double RoundDuctFlow(double velocity, double diameter) {
-    return Checked(((diameter * diameter * Pi) / 4) * velocity);
+    return Checked(((diameter * diameter * kPi) / 4) * velocity);
 }
 
 double EquivalentDiameter(double a, double b) {
-    return Power(Divide(Power(a, 3) * 32 * Power(b, 3), Pi * Pi * (a + b)), 1.0 / 5);
+    return Power(Divide(Power(a, 3) * 32 * Power(b, 3), kPi * kPi * (a + b)), 1.0 / 5);
 }
 
 double OtherSide(double side, double diameter, double& other, double& change) {

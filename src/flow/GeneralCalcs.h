@@ -5,7 +5,7 @@
 namespace plenair {
 
 // Pi, to the digits that all results of the program rest on.
-constexpr double Pi = 3.14159265359;
+constexpr double kPi = 3.14159265359;
 
 // Decimal logarithm; `x` must be positive.
 double Log10(double x);

@@ -50,8 +50,8 @@ void FillRows(LiteView& view, double inputA, double inputB, Size size) {
     double height = inputB - ToInt16(2.0 * Settings.RoundOff);
     for (std::int16_t row = 0; row <= 4; ++row) {
         const SizedDuct duct = size(flow, height / 1000);
-        FillGrids(view, ToSingle(duct.width * 1000), ToSingle(height), ToSingle(duct.velocity),
-                  ToSingle(duct.loss), duct.equivalent, flow, row);
+        FillGrids(view, ToSingle(duct.Width * 1000), ToSingle(height), ToSingle(duct.Velocity),
+                  ToSingle(duct.Loss), duct.Equivalent, flow, row);
         height += Settings.RoundOff;
     }
 }

@@ -100,7 +100,7 @@ void RecordRow(LogWindow& window, int row) {
 
 void RecordLog(LogWindow& window) {
     CommonDialog& dialog = PreparedDialog(window);
-    dialog.Flags = OverwritePrompt;
+    dialog.Flags = kOverwritePrompt;
     dialog.ShowSave();
     if (dialog.FileName.empty()) {
         return;

@@ -9,10 +9,10 @@
 namespace plenair {
 
 void HandleKeyStroke(LiteInputs& window, std::int16_t key, const std::string& controlName) {
-    if (Settings.CalcBasis == 3 || Settings.CalcBasis == 4 || (key != KeyUpArrow && key != KeyDownArrow)) {
+    if (Settings.CalcBasis == 3 || Settings.CalcBasis == 4 || (key != kKeyUpArrow && key != kKeyDownArrow)) {
         return;
     }
-    const int row = key == KeyUpArrow ? 1 : 3;
+    const int row = key == kKeyUpArrow ? 1 : 3;
     window.SetInputB(window.MinorCell(row, 1));
     if (!window.InputA().empty() && !window.InputB().empty()) {
         CalculateTexts(window, window.InputA(), window.InputB(), "1");

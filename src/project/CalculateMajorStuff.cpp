@@ -33,25 +33,25 @@ class Hourglass {
 
 // What a duct is solved from, as its boxes say.
 struct DuctInput {
-    double flow = 0;   // m³/s
-    double height = 0; // m
-    float lossCap = 0;
-    float velocityCap = 0;
+    double Flow = 0;   // m³/s
+    double Height = 0; // m
+    float LossCap = 0;
+    float VelocityCap = 0;
 
-    bool HasZero() const { return flow == 0.0 || height == 0.0 || lossCap == 0.0F || velocityCap == 0.0F; }
+    bool HasZero() const { return Flow == 0.0 || Height == 0.0 || LossCap == 0.0F || VelocityCap == 0.0F; }
 };
 
 DuctInput ReadInput(const SheetWindow& sheet) {
     DuctInput input;
-    input.flow = NumberOf(sheet.BoxText(1)) / 1000;
-    input.height = NumberOf(sheet.BoxText(3)) / 1000;
-    input.lossCap = SingleOf(sheet.BoxText(6));
-    input.velocityCap = SingleOf(sheet.BoxText(5));
+    input.Flow = NumberOf(sheet.BoxText(1)) / 1000;
+    input.Height = NumberOf(sheet.BoxText(3)) / 1000;
+    input.LossCap = SingleOf(sheet.BoxText(6));
+    input.VelocityCap = SingleOf(sheet.BoxText(5));
     return input;
 }
 
 double RoughnessOf(float colour) {
-    return colour == RigidColour ? Settings.SurfaceRoughness1 : Settings.SurfaceRoughness2;
+    return colour == kRigidColour ? Settings.SurfaceRoughness1 : Settings.SurfaceRoughness2;
 }
 
 // Width in m of the duct that `velocity` asks for, before it is rounded; nothing where it can't be
@@ -60,7 +60,7 @@ std::optional<double> WidthAt(const DuctInput& input, double velocity) {
     try {
         double width = 1E+50;
         double change = 1.0;
-        return OtherSide(input.height, DiameterForVelocity(velocity, input.flow), width, change);
+        return OtherSide(input.Height, DiameterForVelocity(velocity, input.Flow), width, change);
     } catch (const CalcFailure&) {
         return std::nullopt;
     }
@@ -69,13 +69,13 @@ std::optional<double> WidthAt(const DuctInput& input, double velocity) {
 // Why the search found no duct, in the user's words. It ended at the velocity in Settings.MaxVelocity.
 std::string ReasonNotSolved(const SheetWindow& sheet, const DuctInput& input, bool capsNotMet) {
     const std::string height = sheet.BoxText(3) + " mm";
-    if (input.flow < 0.0) {
+    if (input.Flow < 0.0) {
         return "its flow is negative.";
     }
-    if (input.height < 0.0) {
+    if (input.Height < 0.0) {
         return "its height is negative.";
     }
-    if (input.velocityCap <= kVelocityStep) {
+    if (input.VelocityCap <= kVelocityStep) {
         return "its velocity cap of " + sheet.BoxText(5) +
                " m/s leaves no velocity to try. It has to be above 0.01 m/s.";
     }
@@ -104,14 +104,14 @@ std::string SolveDuct(const ProjectWindows& windows, std::int16_t duct, float co
     std::optional<DuctInput> input;
     try {
         input = ReadInput(sheet);
-        Settings.MaxVelocity = static_cast<double>(input->velocityCap);
+        Settings.MaxVelocity = static_cast<double>(input->VelocityCap);
         if (input->HasZero()) {
             return "Unexpected zero value encountered.  Solution incomplete.";
         }
-        const SizedDuct sized = SizeWithinCaps(input->flow, input->height, input->lossCap, input->velocityCap,
+        const SizedDuct sized = SizeWithinCaps(input->Flow, input->Height, input->LossCap, input->VelocityCap,
                                                RoughnessOf(colour), Settings.MaxVelocity);
-        ShowSolvedValues(windows, sized.width * 1000, input->height * 1000, sized.velocity, sized.loss,
-                         sized.equivalent * 1000);
+        ShowSolvedValues(windows, sized.Width * 1000, input->Height * 1000, sized.Velocity, sized.Loss,
+                         sized.Equivalent * 1000);
         ReadDuctSheet(windows, duct);
         return "";
     } catch (const CapsNotMet&) {
@@ -123,7 +123,7 @@ std::string SolveDuct(const ProjectWindows& windows, std::int16_t duct, float co
 
 void EndFailedRun(const ProjectWindows& windows, const std::string& message) {
     ShowMessage({message, "Error", MessageButtons::Ok, MessageIcon::Critical});
-    RunFailed = FlagSet;
+    RunFailed = kFlagSet;
     RedrawProject(windows);
 }
 
@@ -138,7 +138,7 @@ void SolveDucts(const ProjectWindows& windows) {
         sheet.SetScrollValue(number);
         ShowDuctSheet(windows, duct);
         sheet.Repaint();
-        if (colour == ConnectionColour) {
+        if (colour == kConnectionColour) {
             continue;
         }
         const std::string failure = SolveDuct(windows, duct, colour);
@@ -154,22 +154,22 @@ void SolveProject(const ProjectWindows& windows) {
     if (DuctCount < 1 || BeepIfSolved()) {
         return;
     }
-    RunFailed = FlagSet;
+    RunFailed = kFlagSet;
     const MessageAnswer answer =
         ShowMessage({"Gus will begin by saving your project.", "Solve", MessageButtons::OkCancel});
     if (answer == MessageAnswer::Cancel) {
         return;
     }
     SaveProject(windows);
-    if (RunFailed != FlagClear) {
+    if (RunFailed != kFlagClear) {
         return;
     }
     SolveDucts(windows);
-    if (RunFailed != FlagClear) {
+    if (RunFailed != kFlagClear) {
         return;
     }
     WriteSolutionReport();
-    Solved = FlagSet;
+    Solved = kFlagSet;
     ShowDuctSheet(windows, 1);
     windows.Solver.SetPressureVisible(true);
     PlayCall();

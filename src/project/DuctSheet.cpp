@@ -22,8 +22,8 @@ void FillBoxes(SheetWindow& sheet, const DuctRecord& duct) {
 }
 
 void LockBoxes(SheetWindow& sheet, float colour) {
-    const bool solved = Solved != FlagClear; // a solved project reads as a clean table
-    for (int box = 1; box <= SheetBoxes; ++box) {
+    const bool solved = Solved != kFlagClear; // a solved project reads as a clean table
+    for (int box = 1; box <= kSheetBoxes; ++box) {
         const bool input = TakesInput(colour, box);
         sheet.SetBoxLook(box, solved || !input, solved || input);
     }
@@ -74,8 +74,8 @@ void ReadDuctSheet(const ProjectWindows& windows, std::int16_t duct) {
 void ShowSolvedValues(const ProjectWindows& windows, double width, double height, double velocity,
                       double loss, double equivalentDiameter) {
     struct Shown {
-        int box;
-        std::string text;
+        int Box;
+        std::string Text;
     };
     const std::array<Shown, 5> shown{{{2, Format(RoundedUpSize(width), "0")},
                                       {3, Format(RoundedUpSize(height), "0")},
@@ -83,7 +83,7 @@ void ShowSolvedValues(const ProjectWindows& windows, double width, double height
                                       {6, Format(RoundedUpSize(loss), "0.00")},
                                       {7, Format(RoundedUpSize(equivalentDiameter), "0")}}};
     for (const Shown& value : shown) {
-        windows.Sheet.SetBoxText(value.box, value.text);
+        windows.Sheet.SetBoxText(value.Box, value.Text);
     }
 }
 
@@ -99,7 +99,7 @@ void ChangeDuctNo(const ProjectWindows& windows) {
         }
     }
     sheet.SetDuctNoCaption(letter + std::to_string(number));
-    DrawPending = FlagClear;
+    DrawPending = kFlagClear;
     ShowDuctSheet(windows, number);
 }
 

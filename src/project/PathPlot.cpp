@@ -10,15 +10,15 @@ namespace plenair {
 namespace {
 
 struct PathTotals {
-    double length = 0;
-    double drop = 0;
+    double Length = 0;
+    double Drop = 0;
 };
 
 PathTotals TotalsOfPath() {
     PathTotals totals;
     for (const PathElement& element : PathElements) {
-        totals.length += element.Length;
-        totals.drop += element.PressureDrop;
+        totals.Length += element.Length;
+        totals.Drop += element.PressureDrop;
     }
     return totals;
 }
@@ -53,12 +53,12 @@ class PathPlot {
 };
 
 PathPlot::PathPlot(DrawingSurface& surface, const PlotFigures& figures)
-    : m_surface(surface), m_figures(figures), m_left(surface.Width() * figures.nearEdge),
-      m_top(surface.Height() * figures.nearEdge), m_right(surface.Width() * figures.farEdge),
-      m_bottom(surface.Height() * figures.farEdge) {
+    : m_surface(surface), m_figures(figures), m_left(surface.Width() * figures.NearEdge),
+      m_top(surface.Height() * figures.NearEdge), m_right(surface.Width() * figures.FarEdge),
+      m_bottom(surface.Height() * figures.FarEdge) {
     const PathTotals totals = TotalsOfPath();
-    m_lengthScale = totals.length / (surface.Width() * figures.span);
-    m_dropScale = totals.drop / (surface.Height() * figures.span);
+    m_lengthScale = totals.Length / (surface.Width() * figures.Span);
+    m_dropScale = totals.Drop / (surface.Height() * figures.Span);
     if (!std::isnormal(m_lengthScale) || !std::isnormal(m_dropScale)) {
         throw CalcFailure("a plot without a scale");
     }
@@ -85,7 +85,7 @@ void PathPlot::Print(double x, double y, const std::string& text) const {
 void PathPlot::DrawFrame() const {
     m_surface.SetLineStyle(LineStyle::Solid);
     m_surface.SetLineWidth(1);
-    m_surface.Box(m_left, m_top, m_right, m_bottom, BlackColour);
+    m_surface.Box(m_left, m_top, m_right, m_bottom, kBlackColour);
 }
 
 void PathPlot::DrawGuides() const {
@@ -94,15 +94,15 @@ void PathPlot::DrawGuides() const {
     double y = m_top;
     for (std::size_t position = 1; position < PathElements.size(); ++position) {
         x += AcrossOf(PathElements[position].Length);
-        Line(x, m_top, x, m_bottom, BlackColour);
+        Line(x, m_top, x, m_bottom, kBlackColour);
         y += DownOf(PathElements[position].PressureDrop);
-        Line(m_left, y, m_right, y, BlackColour);
+        Line(m_left, y, m_right, y, kBlackColour);
     }
 }
 
 void PathPlot::DrawPath() const {
     m_surface.SetLineStyle(LineStyle::Solid);
-    m_surface.SetLineWidth(m_figures.pathLineWidth);
+    m_surface.SetLineWidth(m_figures.PathLineWidth);
     double x = m_left;
     double y = m_top;
     for (std::size_t position = 1; position < PathElements.size(); ++position) {
@@ -116,8 +116,8 @@ void PathPlot::DrawPath() const {
 }
 
 void PathPlot::PrintPressures() const {
-    const double x = m_left + m_figures.pressureLabelX;
-    double y = m_top + m_figures.pressureLabelY;
+    const double x = m_left + m_figures.PressureLabelX;
+    double y = m_top + m_figures.PressureLabelY;
     double pressure = 0;
     for (std::size_t position = 1; position < PathElements.size(); ++position) {
         pressure += PathElements[position].PressureDrop;
@@ -127,7 +127,7 @@ void PathPlot::PrintPressures() const {
 }
 
 void PathPlot::PrintLengths() const {
-    double x = m_left + m_figures.lengthLabelX;
+    double x = m_left + m_figures.LengthLabelX;
     double length = 0;
     for (std::size_t position = 1; position < PathElements.size(); ++position) {
         length += PathElements[position].Length;
@@ -137,7 +137,7 @@ void PathPlot::PrintLengths() const {
 }
 
 void PathPlot::PrintDucts() const {
-    const double y = m_surface.Height() * m_figures.ductLabelY;
+    const double y = m_surface.Height() * m_figures.DuctLabelY;
     double length = 0;
     for (std::size_t position = 1; position < PathElements.size(); ++position) {
         const PathElement& element = PathElements[position];
@@ -154,10 +154,10 @@ void PathPlot::PrintDucts() const {
 
 std::string WhyNoPlot() {
     const PathTotals totals = TotalsOfPath();
-    if (totals.length == 0.0) {
+    if (totals.Length == 0.0) {
         return "There is nothing to plot, since the ducts of this path have no length.";
     }
-    if (totals.drop == 0.0) {
+    if (totals.Drop == 0.0) {
         return "There is nothing to plot, since the pressure does not drop along this path.";
     }
     return "";
@@ -169,10 +169,10 @@ void DrawPathPlot(DrawingSurface& surface, const PlotFigures& figures) {
 
 void PlotPath(const ProjectWindows& windows) {
     GridPicture& grid = windows.Solver.PicGrid();
-    const PathPlot plot(grid, GridPlot); // a path that can't be plotted leaves the picture on the grid
+    const PathPlot plot(grid, kGridPlot); // a path that can't be plotted leaves the picture on the grid
     grid.Clear();
     plot.Draw();
-    PlotShowing = FlagSet;
+    PlotShowing = kFlagSet;
 }
 
 } // namespace plenair

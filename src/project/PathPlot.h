@@ -8,18 +8,18 @@ namespace plenair {
 
 // Where the parts of the plot stand; fractions are of the surface's width and height.
 struct PlotFigures {
-    double nearEdge; // of the frame
-    double farEdge;
-    double span; // between the two
-    int pathLineWidth;
-    double pressureLabelX; // added to the near edge
-    double pressureLabelY;
-    double lengthLabelX;
-    double ductLabelY; // a fraction
+    double NearEdge; // of the frame
+    double FarEdge;
+    double Span; // between the two
+    int PathLineWidth;
+    double PressureLabelX; // added to the near edge
+    double PressureLabelY;
+    double LengthLabelX;
+    double DuctLabelY; // a fraction
 };
 
-constexpr PlotFigures GridPlot{0.05, 0.95, 0.9, 2, 50, -200, -50, 0};
-constexpr PlotFigures PaperPlot{0.125, 0.875, 0.75, 5, 0, 0, 0, 0.125};
+constexpr PlotFigures kGridPlot{0.05, 0.95, 0.9, 2, 50, -200, -50, 0};
+constexpr PlotFigures kPaperPlot{0.125, 0.875, 0.75, 5, 0, 0, 0, 0.125};
 
 // Why the path can't be plotted, for the user; empty if it can.
 std::string WhyNoPlot();

@@ -25,10 +25,10 @@ std::string WithoutBlanksAround(const std::string& text) {
 }
 
 double PressureDropOf(const PathElement& element) {
-    if (element.Colour == RigidColour || element.Colour == FlexibleColour) {
+    if (element.Colour == kRigidColour || element.Colour == kFlexibleColour) {
         return Checked(element.Length / 1000 * element.LossPerMetre);
     }
-    if (element.Colour == ConnectionColour) {
+    if (element.Colour == kConnectionColour) {
         return Checked(static_cast<double>(element.ConnCoefficient) * VelocityPressure(element.Velocity));
     }
     return 0;

@@ -18,7 +18,7 @@ const std::string kFontName = "Arial";
 // Asks for the printer and prints as many documents as the user wants.
 void PrintCopies(CommonDialog& dialog, Printer& printer, const std::function<void()>& printCopy) {
     try {
-        dialog.Flags = PrinterNoSelection | PrinterNoPageNumbers;
+        dialog.Flags = kPrinterNoSelection | kPrinterNoPageNumbers;
         dialog.PrinterDefault = true;
         dialog.ShowPrinter();
     } catch (const DialogCancelled&) {
@@ -56,7 +56,7 @@ void PrintDuct(Printer& printer, std::int16_t number) {
     printer.Print("---");
     printer.SetFont(kFontName, 9, false);
     printer.Print("");
-    printer.Print(duct.Colour == RigidColour ? "Duct Type: Rigid" : "Duct Type: Flexible");
+    printer.Print(duct.Colour == kRigidColour ? "Duct Type: Rigid" : "Duct Type: Flexible");
     printer.Print("Flow Rate (L/s): \t" + ShortestText(duct.Flow));
     printer.Print("Width (mm): \t\t" + ShortestText(duct.Width));
     printer.Print("Height (mm): \t" + ShortestText(duct.Height));
@@ -83,7 +83,7 @@ void PrintDuctData(Printer& printer) {
 
 void PrintShown(const ProjectWindows& windows, Printer& printer) {
     CommonDialog& dialog = windows.Solver.Dialog();
-    if (PlotShowing != FlagClear) {
+    if (PlotShowing != kFlagClear) {
         PrintPathPlot(dialog, printer);
         return;
     }
@@ -105,7 +105,7 @@ void PrintProject(CommonDialog& dialog, Printer& printer) {
 void PrintPathPlot(CommonDialog& dialog, Printer& printer) {
     PrintCopies(dialog, printer, [&] {
         SetUpPicturePage(printer);
-        DrawPathPlot(printer, PaperPlot);
+        DrawPathPlot(printer, kPaperPlot);
     });
 }
 

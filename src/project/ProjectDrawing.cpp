@@ -9,7 +9,7 @@ constexpr int kGridLineWidth = 1;
 constexpr int kHighlightLineWidth = 4;
 
 void DrawLine(DrawingSurface& surface, Point start, Point end, ColourNumber colour) {
-    surface.Line(start.x, start.y, end.x, end.y, colour);
+    surface.Line(start.X, start.Y, end.X, end.Y, colour);
 }
 
 // The lines' places are summed up in 32 bits.
@@ -25,20 +25,20 @@ void DrawGridLines(DrawingSurface& surface, ColourNumber colour) {
     surface.SetLineWidth(kGridLineWidth);
     const double across = GridPitch(width, Axis::X);
     float x = Next(0, across);
-    for (int line = 1; line < CellsAcross; ++line, x = Next(x, across)) {
+    for (int line = 1; line < kCellsAcross; ++line, x = Next(x, across)) {
         const double at = static_cast<double>(x);
         surface.Line(at, 0, at, height, colour);
     }
     const double down = GridPitch(height, Axis::Y);
     float y = Next(0, down);
-    for (int line = 1; line < CellsDown; ++line, y = Next(y, down)) {
+    for (int line = 1; line < kCellsDown; ++line, y = Next(y, down)) {
         const double at = static_cast<double>(y);
         surface.Line(0, at, width, at, colour);
     }
 }
 
 void DrawEndMark(DrawingSurface& surface, Point at) {
-    surface.Box(at.x - kEndMark, at.y - kEndMark, at.x + kEndMark, at.y + kEndMark, BlackColour);
+    surface.Box(at.X - kEndMark, at.Y - kEndMark, at.X + kEndMark, at.Y + kEndMark, kBlackColour);
 }
 
 void DrawDucts(DrawingSurface& surface) {
@@ -54,7 +54,7 @@ void DrawDucts(DrawingSurface& surface) {
 
 void PrintLabel(DrawingSurface& surface, std::int16_t duct) {
     const Point place = LabelPlace(Duct(duct), surface.Width(), surface.Height());
-    surface.SetPosition(place.x, place.y);
+    surface.SetPosition(place.X, place.Y);
     surface.Print(DuctLabel(duct));
 }
 
@@ -68,8 +68,8 @@ void DrawHighlight(DrawingSurface& surface, std::int16_t duct) {
     const DuctRecord& record = Duct(duct);
     surface.SetLineWidth(kHighlightLineWidth);
     DrawLine(surface, StartOf(record, surface.Width(), surface.Height()),
-             EndOf(record, surface.Width(), surface.Height()), GreenColour);
-    surface.SetLineWidth(NetworkLineWidth);
+             EndOf(record, surface.Width(), surface.Height()), kGreenColour);
+    surface.SetLineWidth(kNetworkLineWidth);
 }
 
 void GridPicture::ShowNetwork(ColourNumber gridColour, bool labels) {
@@ -80,7 +80,7 @@ void GridPicture::ShowNetwork(ColourNumber gridColour, bool labels) {
         Clear();
         SetLineStyle(LineStyle::Solid);
         DrawGridLines(*this, gridColour);
-        SetLineWidth(NetworkLineWidth);
+        SetLineWidth(kNetworkLineWidth);
         DrawDucts(*this);
         if (labels) {
             PrintLabels(*this);
@@ -88,7 +88,7 @@ void GridPicture::ShowNetwork(ColourNumber gridColour, bool labels) {
         m_shown = wanted;
         m_networkItems = Items().size();
     }
-    SetLineWidth(NetworkLineWidth);
+    SetLineWidth(kNetworkLineWidth);
     m_cuts = Cuts();
 }
 

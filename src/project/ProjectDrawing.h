@@ -7,7 +7,7 @@
 namespace plenair {
 
 // Line width of ducts and end marks on the grid, in its pixels.
-constexpr int NetworkLineWidth = 2;
+constexpr int kNetworkLineWidth = 2;
 
 // The grid lines, none of them on the outer edge. Leaves a line width of 1.
 void DrawGridLines(DrawingSurface& surface, ColourNumber colour);
@@ -35,11 +35,11 @@ class GridPicture : public RecordedSurface {
 
   private:
     struct Network {
-        std::uint64_t revision;
-        double width;
-        double height;
-        ColourNumber gridColour;
-        bool labels;
+        std::uint64_t Revision;
+        double Width;
+        double Height;
+        ColourNumber GridColour;
+        bool Labels;
         bool operator==(const Network&) const = default;
     };
 

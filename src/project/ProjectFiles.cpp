@@ -63,7 +63,7 @@ void ChooseFileToSave(CommonDialog& dialog) {
 // Asks for a file and reads it. False after Cancel, or where the file could not be read to its end.
 bool ReadChosenFile(const ProjectWindows& windows) {
     try {
-        CommonDialog& dialog = SetUpDialog(windows, PathMustExist, "");
+        CommonDialog& dialog = SetUpDialog(windows, kPathMustExist, "");
         dialog.ShowOpen();
         ProjectName = dialog.FileTitle;
         ReadProjectText(dialog.FileName);
@@ -77,7 +77,7 @@ bool ReadChosenFile(const ProjectWindows& windows) {
 
 void SaveProject(const ProjectWindows& windows) {
     try {
-        CommonDialog& dialog = SetUpDialog(windows, OverwritePrompt, ProjectName);
+        CommonDialog& dialog = SetUpDialog(windows, kOverwritePrompt, ProjectName);
         ChooseFileToSave(dialog);
         ProjectName = dialog.FileTitle;
         WriteWholeFile(dialog.FileName, ProjectText());
@@ -86,7 +86,7 @@ void SaveProject(const ProjectWindows& windows) {
     }
     Settings.DefPath = CurrentFolder();
     ShowMessage({"Plenair Project Saved", "Save", MessageButtons::Ok, MessageIcon::Exclamation});
-    RunFailed = FlagClear;
+    RunFailed = kFlagClear;
 }
 
 void LoadProject(const ProjectWindows& windows) {
@@ -108,7 +108,7 @@ void LoadProject(const ProjectWindows& windows) {
     if (!readToTheEnd) {
         return;
     }
-    Solved = FlagClear;
+    Solved = kFlagClear;
     Settings.DefPath = CurrentFolder();
     RedrawProject(windows);
     ShowDuctSheet(windows, SheetDuct(windows));
@@ -146,7 +146,7 @@ std::string ReportName(const std::string& projectName) {
 }
 
 bool AskBeforeClosing(const ProjectWindows& windows) {
-    if (Solved != FlagClear) {
+    if (Solved != kFlagClear) {
         return true;
     }
     const MessageAnswer answer = ShowMessage(

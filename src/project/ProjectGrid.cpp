@@ -28,14 +28,14 @@ void HoldPoint(SolverWindow& solver, float x, float y) {
 void ResetProjectGrid(const ProjectWindows& windows) {
     windows.Solver.LayOut();
     DrawGridLines(windows.Solver.PicGrid(), windows.Solver.BackColour());
-    DrawPending = FlagClear;
+    DrawPending = kFlagClear;
 }
 
 void RedrawProject(const ProjectWindows& windows) {
-    PlotShowing = FlagClear;
+    PlotShowing = kFlagClear;
     windows.Solver.LayOut();
     windows.Solver.PicGrid().ShowNetwork(windows.Solver.BackColour(), windows.Solver.LabelsTicked());
-    DrawPending = FlagClear;
+    DrawPending = kFlagClear;
 }
 
 void LabelDuct(const ProjectWindows& windows, std::int16_t duct) {
@@ -58,34 +58,34 @@ void ClickGrid(const ProjectWindows& windows, MouseButton button, float x, float
         return;
     }
     if (button == MouseButton::Right) {
-        DrawPending = FlagClear;
+        DrawPending = kFlagClear;
         return;
     }
-    if (DrawPending != FlagClear && DuctCount == MostDucts) {
+    if (DrawPending != kFlagClear && DuctCount == kMostDucts) {
         Beep();
         return;
     }
     SolverWindow& solver = windows.Solver;
     GridPicture& grid = solver.PicGrid();
-    grid.SetLineWidth(NetworkLineWidth);
+    grid.SetLineWidth(kNetworkLineWidth);
     x = SnapToGrid(x, grid.Width(), Axis::X);
     y = SnapToGrid(y, grid.Height(), Axis::Y);
     const Point point{static_cast<double>(x), static_cast<double>(y)};
     DrawEndMark(grid, point);
-    if (DrawPending == FlagClear) {
-        DrawPending = FlagSet;
+    if (DrawPending == kFlagClear) {
+        DrawPending = kFlagSet;
         HoldPoint(solver, x, y);
         return;
     }
-    grid.Line(solver.Last.x, solver.Last.y, point.x, point.y, DrawnColour(DrawColour));
-    AddDuct(solver.Last.x, solver.Last.y, x, y, grid.Width(), grid.Height());
+    grid.Line(solver.Last.X, solver.Last.Y, point.X, point.Y, DrawnColour(DrawColour));
+    AddDuct(solver.Last.X, solver.Last.Y, x, y, grid.Width(), grid.Height());
     HoldPoint(solver, x, y);
     windows.Sheet.SetScrollMaximum(DuctCount);
     LabelDuct(windows, DuctCount);
 }
 
 bool BeepIfSolved() {
-    if (Solved == FlagClear) {
+    if (Solved == kFlagClear) {
         return false;
     }
     Beep();
@@ -118,11 +118,11 @@ void ClearGrid(const ProjectWindows& windows) {
 void EmptyGrid(const ProjectWindows& windows) {
     SheetWindow& sheet = windows.Sheet;
     windows.Solver.SetPressureVisible(false);
-    sheet.SetDuctNoColour(NoDuctColour);
+    sheet.SetDuctNoColour(kNoDuctColour);
     ClearProject();
     sheet.SetScrollMaximum(1);
     sheet.SetDuctNoCaption("1");
-    for (int box = 1; box < SheetBoxes; ++box) { // the last one keeps its text
+    for (int box = 1; box < kSheetBoxes; ++box) { // the last one keeps its text
         sheet.SetBoxText(box, "0");
     }
     windows.Solver.PicGrid().Clear();

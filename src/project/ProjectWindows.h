@@ -34,10 +34,10 @@ class SolverWindow {
     virtual CommonDialog& Dialog() = 0;                // dlgMajor; its CancelError is on
 };
 
-constexpr int SheetBoxes = 8;
+constexpr int kSheetBoxes = 8;
 
 // Dark green: lblDuctNo while no duct has been chosen.
-constexpr ColourNumber NoDuctColour = 32768;
+constexpr ColourNumber kNoDuctColour = 32768;
 
 // frmMajorParam. Boxes are numbered 1 to SheetBoxes.
 class SheetWindow {

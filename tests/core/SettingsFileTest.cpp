@@ -61,7 +61,7 @@ class SettingsFile : public testing::Test {
     std::string Defaults() const { return ProgramFolder() + " 0 0.8 5 500 25 26 0.00015 0.002"; }
 
     static RegistryValue Reminder() {
-        return RegReadValue(HKEY_CURRENT_USER, ReminderSubKey, ReminderValueName);
+        return RegReadValue(HKEY_CURRENT_USER, kReminderSubKey, kReminderValueName);
     }
 
     // Nobody can make a file or a folder below a file.
@@ -230,7 +230,7 @@ TEST_F(SettingsFile, OfTwoFilesOnlyOneIsTouched) {
 }
 
 TEST_F(SettingsFile, IsWrittenToTheByte) {
-    SetNumberLocale({.decimalMark = ",", .groupMark = "."});
+    SetNumberLocale({.DecimalMark = ",", .GroupMark = "."});
     Settings = {-3.25, 0.00009, 0, 1.0 / 3, 12345.5, 1e6, "Site.cfg", "/päth, \"here\"", -25, 4};
     const std::string saved = Loaded();
     WriteFile(File("Site.cfg"), OtherItems + OtherItems);

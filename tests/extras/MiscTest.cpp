@@ -23,7 +23,7 @@ class Misc : public testing::Test {
     }
 
     static std::string Noted() {
-        return std::get<std::string>(RegReadValue(HKEY_CURRENT_USER, ReminderSubKey, ReminderValueName));
+        return std::get<std::string>(RegReadValue(HKEY_CURRENT_USER, kReminderSubKey, kReminderValueName));
     }
 
     ProgramEnvironment m_environment;
@@ -41,8 +41,8 @@ TEST_F(Misc, TheReminderComesOnceAMonth) {
     MonthlyReminder();
     MonthlyReminder();
     ASSERT_EQ(m_messages.Asked().size(), 1U) << "Yes needs no second box";
-    EXPECT_EQ(m_messages.Asked()[0].title, "Plenair's harmless self advertising");
-    EXPECT_EQ(m_messages.Asked()[0].buttons, MessageButtons::YesNo);
+    EXPECT_EQ(m_messages.Asked()[0].Title, "Plenair's harmless self advertising");
+    EXPECT_EQ(m_messages.Asked()[0].Buttons, MessageButtons::YesNo);
     EXPECT_EQ(m_events, "about after 122026, focus, ");
 
     m_environment.SetToday(2027, 1, 31);
@@ -57,10 +57,10 @@ TEST_F(Misc, TheMonthIsComparedForDifference) {
     const std::pair<RegistryValue, bool> rows[] = {{"112026", false}, {std::string("112026\0", 7), false},
                                                    {"112025", true},  {"122026", true},
                                                    {"11202", true},   {std::int32_t{112026}, true}};
-    RegCreateKey(HKEY_CURRENT_USER, ReminderSubKey);
+    RegCreateKey(HKEY_CURRENT_USER, kReminderSubKey);
     for (const auto& [noted, due] : rows) {
         const bool isNumber = std::holds_alternative<std::int32_t>(noted);
-        RegWriteValue(HKEY_CURRENT_USER, ReminderSubKey, ReminderValueName, noted,
+        RegWriteValue(HKEY_CURRENT_USER, kReminderSubKey, kReminderValueName, noted,
                       isNumber ? REG_DWORD : REG_SZ);
         if (due) {
             m_messages.Expect(MessageAnswer::Yes);
@@ -74,7 +74,7 @@ TEST_F(Misc, EachQuestionHasTheSameChance) {
     ShowAboutAfterReminder = {};
     std::map<std::string, int> asked;
     Desktop().AskByMessageBox = [&](const MessageRequest& request) {
-        ++asked[request.text];
+        ++asked[request.Text];
         return MessageAnswer::Yes;
     };
     SetRegistryFile(""); // where nothing can be noted, it is always due

@@ -60,8 +60,8 @@ TEST(DuctSearch, GivesTheBitsOfThePlainSearch) {
         double working = 0, plainWorking = 0;
         const SizedDuct duct = SizeWithinCaps(q, h, loss, velocity, roughness, working);
         const SizedDuct plain = PlainSearch(q, h, loss, velocity, roughness, plainWorking);
-        ASSERT_TRUE(duct.width == plain.width && duct.velocity == plain.velocity && duct.loss == plain.loss &&
-                    duct.equivalent == plain.equivalent && working == plainWorking)
+        ASSERT_TRUE(duct.Width == plain.Width && duct.Velocity == plain.Velocity && duct.Loss == plain.Loss &&
+                    duct.Equivalent == plain.Equivalent && working == plainWorking)
             << "flow " << q << ", height " << h << ", caps " << loss << " and " << velocity << ", step "
             << Settings.RoundOff;
     }

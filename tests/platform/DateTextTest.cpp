@@ -16,11 +16,11 @@ TEST(DateText, DateStandsInTheOrderOfTheLocale) {
     const LocalTime day{2009, 3, 5, 0, 0, 0, 0};
     EXPECT_EQ(MediumDate(day), "05-Mar-09");
     DateLocale locale;
-    locale.shortMonths[2] = "Mär";
-    locale.order = DateOrder::MonthDayYear;
+    locale.ShortMonths[2] = "Mär";
+    locale.Order = DateOrder::MonthDayYear;
     SetDateLocale(locale);
     EXPECT_EQ(MediumDate(day), "Mär-05-09");
-    locale.order = DateOrder::YearMonthDay;
+    locale.Order = DateOrder::YearMonthDay;
     SetDateLocale(locale);
     EXPECT_EQ(MediumDate(day), "09-Mär-05");
     SetDateLocale({});

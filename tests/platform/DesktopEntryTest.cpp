@@ -19,8 +19,8 @@ TEST(DesktopEntry, PathIsOneArgument) {
         const auto command =
             CommandOn("[Desktop Entry]\nName=Notes\nExec=" + exec + "\r\nType=Application\n", path);
         ASSERT_TRUE(command) << exec;
-        EXPECT_EQ(command->arguments, arguments) << exec;
-        EXPECT_FALSE(command->inTerminal);
+        EXPECT_EQ(command->Arguments, arguments) << exec;
+        EXPECT_FALSE(command->InTerminal);
     }
 }
 

@@ -41,11 +41,11 @@ TEST_F(SolveTest, WorkedExamples) {
         std::string result;
         double working;
     } rows[] = {
-        {RigidColour, {100, 200, 5, 0.8}, "175 200 3.03 0.63 225", 3.40},
-        {FlexibleColour, {100, 200, 5, 0.8}, "200 200 2.63 0.73 225", 2.77},
+        {kRigidColour, {100, 200, 5, 0.8}, "175 200 3.03 0.63 225", 3.40},
+        {kFlexibleColour, {100, 200, 5, 0.8}, "200 200 2.63 0.73 225", 2.77},
         {0, {100, 200, 5, 0.8}, "200 200 2.63 0.73 225", 2.77}, // of no type
-        {RigidColour, {500, 300, 8, 1}, "350 300 5.03 0.83 375", 5.45},
-        {RigidColour, {100, 200, 3, 100}, "200 200 2.63 0.45 225", 2.99}, // the first candidate will do
+        {kRigidColour, {500, 300, 8, 1}, "350 300 5.03 0.83 375", 5.45},
+        {kRigidColour, {100, 200, 3, 100}, "200 200 2.63 0.45 225", 2.99}, // the first candidate will do
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.result);
@@ -59,10 +59,10 @@ TEST_F(SolveTest, WorkedExamples) {
 }
 
 TEST_F(SolveTest, WholeRunInItsOrder) {
-    AddSized(RigidColour, {100, 200, 5, 0.8});
-    AddSized(ConnectionColour, {0, 0, 4, 0});
+    AddSized(kRigidColour, {100, 200, 5, 0.8});
+    AddSized(kConnectionColour, {0, 0, 4, 0});
     Ducts.back().ConnCoefficient = 0.5F;
-    AddSized(FlexibleColour, {100, 200, 5, 0.8});
+    AddSized(kFlexibleColour, {100, 200, 5, 0.8});
     sheet.SetScrollMaximum(3);
     const std::string inputs = ProjectText();
     Solve({MessageAnswer::Ok});
@@ -71,7 +71,7 @@ TEST_F(SolveTest, WholeRunInItsOrder) {
                      "message: Plenair Project Saved", "hourglass", "repaint 1: 100 0 200 0 5 0.8 0 0",
                      "repaint 2: 0 0 0 0 4 0 0 0.5", "repaint 3: 100 0 200 0 5 0.8 0 0", "default pointer",
                      "call", "message: Plenair Solution Complete"}));
-    EXPECT_EQ(Solved, FlagSet);
+    EXPECT_EQ(Solved, kFlagSet);
     EXPECT_TRUE(solver.pressureVisible);
     EXPECT_EQ(sheet.AllTexts(), "100 175 200 0 3.03 0.63 225 0");
     EXPECT_EQ(Result(Ducts[3]), "200 200 2.63 0.73 225");
@@ -107,15 +107,15 @@ TEST_F(SolveTest, FailuresNameTheDuct) {
         SCOPED_TRACE(row.message);
         StartProject();
         sheet.value = 1;
-        AddSized(RigidColour, {100, 200, 5, 0.8});
-        AddSized(RigidColour, row.values);
-        AddSized(RigidColour, {100, 200, 5, 0.8});
+        AddSized(kRigidColour, {100, 200, 5, 0.8});
+        AddSized(kRigidColour, row.values);
+        AddSized(kRigidColour, {100, 200, 5, 0.8});
         Solve({MessageAnswer::Ok});
         EXPECT_EQ(desktop.LastText().substr(0, row.message.size()), row.message);
         EXPECT_NE(desktop.LastText().find("  Solution incomplete."), std::string::npos);
-        EXPECT_EQ(desktop.Messages().back().icon, MessageIcon::Critical);
+        EXPECT_EQ(desktop.Messages().back().Icon, MessageIcon::Critical);
         EXPECT_EQ(desktop.Log.back(), "default pointer");
-        EXPECT_EQ(Solved, FlagClear);
+        EXPECT_EQ(Solved, kFlagClear);
         EXPECT_FALSE(solver.pressureVisible || std::filesystem::exists(File("plant.Gus")));
         EXPECT_EQ(sheet.value, 2);
         EXPECT_EQ(Result(Ducts[1]), "175 200 3.03 0.63 225"); // solved before
@@ -126,12 +126,12 @@ TEST_F(SolveTest, FailuresNameTheDuct) {
 }
 
 TEST_F(SolveTest, ReportThatCannotBeWrittenDoesNotUndoTheSolution) {
-    AddSized(RigidColour, {100, 200, 5, 0.8});
+    AddSized(kRigidColour, {100, 200, 5, 0.8});
     std::filesystem::create_directory(File("plant.Gus"));
     Solve({MessageAnswer::Retry, MessageAnswer::Cancel, MessageAnswer::Ok});
     const MessageRequest& asked = desktop.Messages()[3];
-    EXPECT_NE(asked.text.find(File("plant.Gus")), std::string::npos);
-    EXPECT_EQ(asked.buttons, MessageButtons::RetryCancel);
+    EXPECT_NE(asked.Text.find(File("plant.Gus")), std::string::npos);
+    EXPECT_EQ(asked.Buttons, MessageButtons::RetryCancel);
     EXPECT_EQ(desktop.LastText(), "Plenair Solution Complete");
 }
 

@@ -89,7 +89,7 @@ class ProjectTest : public ::testing::Test {
         sheet.log = &desktop.Log;
         sheet.windows = &windows;
         StartProject();
-        DrawColour = RigidColour;
+        DrawColour = kRigidColour;
         ResetProjectGrid(windows);
     }
 
@@ -120,12 +120,12 @@ inline std::vector<std::string> Described(const RecordedSurface& surface, std::s
     for (std::size_t index = from; index < surface.Items().size(); ++index) {
         const DrawnItem& item = surface.Items()[index];
         std::ostringstream text; // of six digits, as the sums are a bit off
-        if (item.kind == DrawnItem::Kind::Text) {
-            text << "text " << item.text << ": " << item.x1 << ',' << item.y1;
+        if (item.Kind == DrawnItem::Shape::Text) {
+            text << "text " << item.Text << ": " << item.X1 << ',' << item.Y1;
         } else {
-            text << item.lineWidth << (item.style == LineStyle::Dashed ? "-" : "")
-                 << (item.kind == DrawnItem::Kind::Line ? " line " : " box ") << item.colour << ": "
-                 << item.x1 << ',' << item.y1 << ' ' << item.x2 << ',' << item.y2;
+            text << item.LineWidth << (item.Style == LineStyle::Dashed ? "-" : "")
+                 << (item.Kind == DrawnItem::Shape::Line ? " line " : " box ") << item.Colour << ": "
+                 << item.X1 << ',' << item.Y1 << ' ' << item.X2 << ',' << item.Y2;
         }
         all.push_back(text.str());
     }

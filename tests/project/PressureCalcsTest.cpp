@@ -8,10 +8,10 @@ namespace plenair {
 class PathTest : public ProjectTest {
   protected:
     PathTest() {
-        Add({.Colour = RigidColour, .Length = 5000, .LossPerMetre = 0.83});                         // 4.15 Pa
-        Add({.Colour = ConnectionColour, .ConnCoefficient = 0.5F, .Velocity = 5});                  // 7.41 Pa
-        Add({.Colour = FlexibleColour, .Length = 3000, .LossPerMetre = 2});                         // 6 Pa
-        Add({.Colour = RigidColour, .Length = 5000, .LossPerMetre = 0.9});                          // 4.5 Pa
+        Add({.Colour = kRigidColour, .Length = 5000, .LossPerMetre = 0.83});                        // 4.15 Pa
+        Add({.Colour = kConnectionColour, .ConnCoefficient = 0.5F, .Velocity = 5});                 // 7.41 Pa
+        Add({.Colour = kFlexibleColour, .Length = 3000, .LossPerMetre = 2});                        // 6 Pa
+        Add({.Colour = kRigidColour, .Length = 5000, .LossPerMetre = 0.9});                         // 4.5 Pa
         Add({.Colour = 7, .ConnCoefficient = 9, .Length = 4000, .Velocity = 9, .LossPerMetre = 9}); // no type
         PathElements.assign(1, {});
         PathCount = 0;
@@ -67,7 +67,7 @@ TEST_F(PathTest, TextsOfPathsAndTheirTotals) {
 }
 
 TEST_F(PathTest, PathsThatCannotBeWorkedOutOrPlotted) {
-    Add({.Colour = RigidColour, .Length = 1E300, .LossPerMetre = 1E300});
+    Add({.Colour = kRigidColour, .Length = 1E300, .LossPerMetre = 1E300});
     const std::pair<std::string, std::string> rows[] = {
         // and how the message begins
         {"1,,2", "\"1,,2\""},   {",1", "\",1\""},
@@ -91,20 +91,20 @@ TEST_F(PathTest, PathsThatCannotBeWorkedOutOrPlotted) {
         EXPECT_TRUE(
             Told(path, {MessageAnswer::Yes, MessageAnswer::Ok}).starts_with("There is nothing to plot"));
     }
-    EXPECT_EQ(PlotShowing, FlagClear);
+    EXPECT_EQ(PlotShowing, kFlagClear);
     EXPECT_EQ(Described(solver.picGrid), picture);
 }
 
 TEST_F(PathTest, PlotOnTheGrid) {
     // Lengths of 5, 0 and 5 m; drops of 4.5, 9 and 4.5 Pa.
     Ducts[1].LossPerMetre = 0.9;
-    Ducts[2] = {.Colour = ConnectionColour, .ConnCoefficient = 0.75F, .Velocity = 1};
+    Ducts[2] = {.Colour = kConnectionColour, .ConnCoefficient = 0.75F, .Velocity = 1};
     Settings.FluidTemp = (1.2925 - 24) / 0.0041; // a density of 24
     solver.width = 10000;
     solver.height = 10000;
     RedrawProject(windows);
     Told("1,2,4", {MessageAnswer::Yes});
-    EXPECT_EQ(PlotShowing, FlagSet);
+    EXPECT_EQ(PlotShowing, kFlagSet);
     EXPECT_EQ(
         Described(solver.picGrid),
         (Lines{"1 box 0: 500,500 9500,9500", "1- line 0: 5000,500 5000,9500", "1- line 0: 500,2750 9500,2750",
@@ -115,7 +115,7 @@ TEST_F(PathTest, PlotOnTheGrid) {
                "text 18: 550,9300", "text 5.0: 4950,9500", "text 5.0: 4950,9500", "text 10.0: 9450,9500",
                "text R1: 2750,0", "text C2: 5000,0", "text R3: 7250,0"}));
     RedrawProject(windows);
-    EXPECT_EQ(PlotShowing, FlagClear);
+    EXPECT_EQ(PlotShowing, kFlagClear);
 }
 
 } // namespace plenair

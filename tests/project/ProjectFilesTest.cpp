@@ -46,7 +46,7 @@ const std::string kTwo = "1.671168E+07 0 0.5 0.5 0 50 150 1000 0.7 0.5 0.25 0.5 
 TEST_F(ProjectFilesTest, FileHasTheseBytes) {
     EXPECT_EQ(ProjectText(), Block(0, kZeros)); // an empty project is one block
     const double length = 12345678.25;
-    Add({FlexibleColour, 0.025, 1.0 / 3, 0.5, 1, 0.1F, -2.5F, length, 1E-20, 200, 1E15, 5.05, 0.8, 1250});
+    Add({kFlexibleColour, 0.025, 1.0 / 3, 0.5, 1, 0.1F, -2.5F, length, 1E-20, 200, 1E15, 5.05, 0.8, 1250});
     SetNumberLocale({",", "."}); // files have a point in every locale
     ProjectName = "old.gsp";
     Save("plant"); // gets its extension
@@ -78,17 +78,17 @@ TEST_F(ProjectFilesTest, ReadsBackWhatWasWritten) {
 }
 
 TEST_F(ProjectFilesTest, LoadedProjectIsOpenAndShown) {
-    Add(RigidColour);
-    Solved = FlagSet;
+    Add(kRigidColour);
+    Solved = kFlagSet;
     desktop.ExpectMessage(MessageAnswer::No);
     LoadProject(windows);
-    EXPECT_EQ(Solved, FlagSet);
+    EXPECT_EQ(Solved, kFlagSet);
     LoadText(Block(0, kZeros) + Block(1, kOne) + Block(2, kTwo));
     EXPECT_EQ(DuctCount, 2);
     EXPECT_EQ(ProjectText(), ReadFile(File("read.gsp")));
     EXPECT_EQ(ProjectName, "read.gsp");
     EXPECT_EQ(Settings.DefPath, environment.Folder().Path());
-    EXPECT_EQ(Solved, FlagClear);
+    EXPECT_EQ(Solved, kFlagClear);
     EXPECT_TRUE(sheet.visible);
     EXPECT_EQ(sheet.AllTexts(), "100 0 200 3000 5 0.8 0 0");
     EXPECT_EQ(Described(solver.picGrid).back(), "text F2: 5685,5235");
@@ -105,14 +105,14 @@ TEST_F(ProjectFilesTest, WithoutABlockTheProjectIsEmptied) {
          {"", "missing.gsp", "empty.gsp", "text.gsp", "marker.gsp", "zeros.gsp", "folder.gsp"}) {
         SCOPED_TRACE(name);
         StartProject();
-        Add(RigidColour);
+        Add(kRigidColour);
         RedrawProject(windows);
-        Solved = FlagSet;
+        Solved = kFlagSet;
         ProjectName = "before.gsp";
         Load(name);
         EXPECT_EQ(DuctCount, 0);
         EXPECT_EQ(Ducts.size(), 1U);
-        EXPECT_EQ(Solved, FlagClear);
+        EXPECT_EQ(Solved, kFlagClear);
         EXPECT_EQ(ProjectName, "");
         EXPECT_EQ(solver.picGrid.Items().size(), GridLines);
         EXPECT_FALSE(sheet.visible);
@@ -178,30 +178,30 @@ TEST_F(ProjectFilesTest, FileThatBreaksOffKeepsWhatWasRead) {
     for (const auto& [name, rest] : rows) {
         SCOPED_TRACE(name);
         StartProject();
-        Add(RigidColour);
+        Add(kRigidColour);
         RedrawProject(windows);
-        Solved = FlagSet;
+        Solved = kFlagSet;
         Settings.DefPath = "/before";
         LoadText(start + rest);
         EXPECT_EQ(DuctCount, 2);
         const std::string read = start + Block(2, "1.671168E+07 0 0.5 ");
         EXPECT_EQ(ProjectText().substr(0, read.size()), read);
         EXPECT_EQ(Ducts[2].StartX, 0);
-        EXPECT_EQ(Solved, FlagSet); // the remaining steps are left out
+        EXPECT_EQ(Solved, kFlagSet); // the remaining steps are left out
         EXPECT_EQ(Settings.DefPath, "/before");
         EXPECT_FALSE(sheet.visible);
     }
 }
 
 TEST_F(ProjectFilesTest, MoreBlocksThanDucts) {
-    DuctCount = MostDucts;
+    DuctCount = kMostDucts;
     FitDucts();
     const std::string text = ProjectText();
     for (const bool oneMore : {false, true}) {
         StartProject();
         Settings.DefPath = "/before";
         LoadText(oneMore ? text + Block(32768, kOne) : text);
-        EXPECT_EQ(DuctCount, MostDucts);
+        EXPECT_EQ(DuctCount, kMostDucts);
         EXPECT_EQ(Ducts.size(), 32768U);
         EXPECT_EQ(Settings.DefPath == "/before", oneMore);
     }
@@ -220,7 +220,7 @@ TEST_F(ProjectFilesTest, ProjectsThatAreTheirOwnReport) {
     for (const auto& [name, asks] : rows) {
         SCOPED_TRACE(name);
         ProjectName = "before.gsp";
-        RunFailed = FlagSet;
+        RunFailed = kFlagSet;
         desktop.ExpectFile(File(name));
         if (asks) {
             desktop.ExpectMessage(MessageAnswer::No);
@@ -229,13 +229,13 @@ TEST_F(ProjectFilesTest, ProjectsThatAreTheirOwnReport) {
             EXPECT_EQ(desktop.LastDialog().FileName, name) << "offered again";
             EXPECT_EQ(desktop.LastDialog().InitDir, environment.Folder().Path());
             EXPECT_EQ(ProjectName, "before.gsp");
-            EXPECT_EQ(RunFailed, FlagSet);
+            EXPECT_EQ(RunFailed, kFlagSet);
             desktop.ExpectFile(File(name));
             desktop.ExpectMessage(MessageAnswer::Yes);
         }
         desktop.ExpectMessage(MessageAnswer::Ok); // saved
         SaveProject(windows);
-        EXPECT_EQ(RunFailed, FlagClear);
+        EXPECT_EQ(RunFailed, kFlagClear);
     }
 }
 

@@ -13,7 +13,7 @@ TEST_F(ProjectTest, ClicksDrawAndAdd) {
 
     Click(390, 340); // snaps to one pitch each
     EXPECT_EQ(Described(solver.picGrid, GridLines), Lines{"2 box 0: 329,299 429,399"});
-    DrawColour = ConnectionColour;
+    DrawColour = kConnectionColour;
     Click(1100, 340);
     EXPECT_EQ(Described(solver.picGrid, GridLines + 1),
               (Lines{"2 box 0: 1087,299 1187,399", "2 line 65535: 379,349 1137,349", "text C1: 758,349"}));
@@ -28,7 +28,7 @@ TEST_F(ProjectTest, ClicksDrawAndAdd) {
         (Lines{"2 box 0: 329,299 429,399", "2 box 0: 1087,299 1187,399", "2 line 65535: 379,349 1137,349",
                "2 box 0: 1087,299 1187,399", "2 box 0: 329,1695 429,1795", "2 line 65535: 1137,349 379,1745",
                "text C1: 758,349", "text C2: 758,1047"}));
-    EXPECT_EQ(DrawPending, FlagClear);
+    EXPECT_EQ(DrawPending, kFlagClear);
 
     HighlightDuct(windows, 1);
     HighlightDuct(windows, 2);
@@ -37,14 +37,14 @@ TEST_F(ProjectTest, ClicksDrawAndAdd) {
 }
 
 TEST_F(ProjectTest, NoDuctBeyondTheLast) {
-    DuctCount = MostDucts;
+    DuctCount = kMostDucts;
     FitDucts();
     Click(P, Q);
     EXPECT_EQ(desktop.Beeps(), 0); // a start point may still be set
     const Lines drawn = Described(solver.picGrid);
     Click(2 * P, Q);
     EXPECT_EQ(desktop.Beeps(), 1);
-    EXPECT_EQ(DuctCount, MostDucts);
+    EXPECT_EQ(DuctCount, kMostDucts);
     EXPECT_EQ(Described(solver.picGrid), drawn);
 }
 

@@ -30,9 +30,9 @@ TEST_F(ProjectTest, FollowOnReachesWhatCanHoldTheValue) {
     for (const auto& row : rows) {
         SCOPED_TRACE("box " + std::to_string(row.box) + " of duct " + std::to_string(row.from));
         StartProject();
-        Add({FlexibleColour, 0, 0, 0, 0, 8, 0, 4, 2, 3, 7, 5, 6, 1});
-        Add(ConnectionColour);
-        Add(RigidColour);
+        Add({kFlexibleColour, 0, 0, 0, 0, 8, 0, 4, 2, 3, 7, 5, 6, 1});
+        Add(kConnectionColour);
+        Add(kRigidColour);
         FollowOn(row.from, row.box);
         EXPECT_EQ(values(Ducts[2]), row.connection);
         EXPECT_EQ(values(Ducts[3]), row.rigid);

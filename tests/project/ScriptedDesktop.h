@@ -20,12 +20,12 @@ class ScriptedDesktop {
     ScriptedDesktop() : m_folder(CurrentFolder()) {
         Desktop().AskByMessageBox = [this](const MessageRequest& request) {
             m_messages.push_back(request);
-            Log.push_back("message: " + request.text);
-            return Next(m_answers, AnswerWhenClosed(request.buttons));
+            Log.push_back("message: " + request.Text);
+            return Next(m_answers, AnswerWhenClosed(request.Buttons));
         };
         Desktop().ShowDialog = [this](DialogKind kind, CommonDialog& dialog) { return Show(kind, dialog); };
         Desktop().AskByInputBox = [this](const InputRequest& request) {
-            Log.push_back("input: " + request.prompt);
+            Log.push_back("input: " + request.Prompt);
             return Next(m_inputs, std::string());
         };
         Desktop().Beep = [this] { Log.emplace_back("beep"); };
@@ -55,7 +55,7 @@ class ScriptedDesktop {
     void ExpectCancel() { m_files.emplace_back(); }
 
     const std::vector<MessageRequest>& Messages() const { return m_messages; }
-    std::string LastText() const { return m_messages.empty() ? "" : m_messages.back().text; }
+    std::string LastText() const { return m_messages.empty() ? "" : m_messages.back().Text; }
     const CommonDialog& LastDialog() const { return m_lastDialog; } // as it stood when it was shown
     auto Beeps() const { return std::count(Log.begin(), Log.end(), "beep"); }
 

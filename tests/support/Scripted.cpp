@@ -14,8 +14,8 @@ ScriptedMessages::ScriptedMessages() {
     Desktop().AskByMessageBox = [this](const MessageRequest& request) {
         m_asked.push_back(request);
         if (m_next == m_answers.size()) {
-            ADD_FAILURE() << "unexpected message box: " << request.text;
-            return AnswerWhenClosed(request.buttons);
+            ADD_FAILURE() << "unexpected message box: " << request.Text;
+            return AnswerWhenClosed(request.Buttons);
         }
         return m_answers[m_next++];
     };
@@ -45,8 +45,8 @@ void ProgramEnvironment::SetToday(int year, int month, int day) {
 }
 
 void ProgramEnvironment::NoteReminder() const {
-    RegCreateKey(HKEY_CURRENT_USER, ReminderSubKey);
-    RegWriteValue(HKEY_CURRENT_USER, ReminderSubKey, ReminderValueName, ReminderMonth(), REG_SZ);
+    RegCreateKey(HKEY_CURRENT_USER, kReminderSubKey);
+    RegWriteValue(HKEY_CURRENT_USER, kReminderSubKey, kReminderValueName, ReminderMonth(), REG_SZ);
 }
 
 } // namespace plenair

@@ -19,7 +19,7 @@ class ScriptedMessages {
     void Expect(MessageAnswer answer) { m_answers.push_back(answer); }
     const std::vector<MessageRequest>& Asked() const { return m_asked; }
     // Text of the last box; empty if there was none.
-    std::string LastText() const { return m_asked.empty() ? std::string() : m_asked.back().text; }
+    std::string LastText() const { return m_asked.empty() ? std::string() : m_asked.back().Text; }
 
   private:
     std::vector<MessageAnswer> m_answers;

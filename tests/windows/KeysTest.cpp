@@ -153,7 +153,7 @@ TEST_F(Keys, UpAndDownStepTheHeight) {
 
 TEST_F(Keys, ADecimalComma) {
     Unfold();
-    SetNumberLocale({.decimalMark = ",", .groupMark = "."});
+    SetNumberLocale({.DecimalMark = ",", .GroupMark = "."});
     Enter("txtCalcBasis(0)", "0,8");
     EXPECT_EQ(Settings.MaxLPM, 0.8);
     Enter("txtInputB", " 300,0");

@@ -157,10 +157,10 @@ TEST_F(Log, FileInTwoLocales) {
     EXPECT_EQ(LogCount, 0);
     EXPECT_FALSE(CanRecord());
 
-    SetNumberLocale({.decimalMark = ",", .groupMark = "."});
+    SetNumberLocale({.DecimalMark = ",", .GroupMark = "."});
     DateLocale dates;
-    dates.order = DateOrder::YearMonthDay;
-    dates.shortMonths[10] = "nov.";
+    dates.Order = DateOrder::YearMonthDay;
+    dates.ShortMonths[10] = "nov.";
     SetDateLocale(dates);
     Box("txtInputA").SetText("0,05");
     SetRow(0, {"450", "250", "4,74", "0,72"});

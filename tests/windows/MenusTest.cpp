@@ -40,8 +40,8 @@ TEST_F(Menus, HelpIsAnInformationBox) {
     ChooseFromMenu("mnuHelp", "mnuHelpManual");
     ASSERT_EQ(m_messages.Asked().size(), 2U);
     for (const MessageRequest& asked : m_messages.Asked()) {
-        EXPECT_TRUE(asked.text.starts_with("For help with Plenair")) << asked.text;
-        EXPECT_EQ(asked.icon, MessageIcon::Information);
+        EXPECT_TRUE(asked.Text.starts_with("For help with Plenair")) << asked.Text;
+        EXPECT_EQ(asked.Icon, MessageIcon::Information);
     }
 }
 

@@ -82,7 +82,7 @@ TEST_F(Options, ShowTheFileAndForgetWhatChangedInMemory) {
 }
 
 TEST_F(Options, OkStoresSavesAndRefreshesTheWindow) {
-    SetNumberLocale({.decimalMark = ",", .groupMark = "."});
+    SetNumberLocale({.DecimalMark = ",", .GroupMark = "."});
     Unfold();
     Click("optCalcBasis(4)");
     Enter("txtCalcBasis(4)", "4,4");

@@ -14,8 +14,8 @@ std::string Network() {
     for (std::size_t number = 1; number < Ducts.size(); ++number) {
         const DuctRecord& duct = Ducts[number];
         all << (number == 1 ? "" : " ") << TypeLetter(duct.Colour) << ' '
-            << std::lround(duct.StartX * CellsAcross) << ',' << std::lround(duct.StartY * CellsDown) << '-'
-            << std::lround(duct.EndX * CellsAcross) << ',' << std::lround(duct.EndY * CellsDown);
+            << std::lround(duct.StartX * kCellsAcross) << ',' << std::lround(duct.StartY * kCellsDown) << '-'
+            << std::lround(duct.EndX * kCellsAcross) << ',' << std::lround(duct.EndY * kCellsDown);
     }
     return all.str();
 }
@@ -75,7 +75,7 @@ TEST_F(SolverGrid, EventsOfTheDrawing) {
             } else if (event == "next") {
                 Get<ScrollBar>("scrDuctNo").setValue(2);
             } else if (event == "solved") {
-                Solved = FlagSet;
+                Solved = kFlagSet;
             } else if (middle || event.size() == 2) {
                 const auto at = event.end() - 2;
                 ClickGrid(at[0] - '0', at[1] - '0', middle ? Qt::MiddleButton : Qt::LeftButton);
@@ -84,22 +84,22 @@ TEST_F(SolverGrid, EventsOfTheDrawing) {
             }
         }
         EXPECT_EQ(Network(), row.network);
-        EXPECT_EQ(DrawPending != FlagClear, row.holding);
-        EXPECT_EQ(desktop.Log, std::vector<std::string>(Solved != FlagClear ? 4 : 0, "beep"));
+        EXPECT_EQ(DrawPending != kFlagClear, row.holding);
+        EXPECT_EQ(desktop.Log, std::vector<std::string>(Solved != kFlagClear ? 4 : 0, "beep"));
     }
 }
 
 TEST_F(SolverGrid, ClearingAsks) {
     OpenSheet("RFC");
     Get("cmdCalcPressure").show();
-    Solved = FlagSet;
+    Solved = kFlagSet;
     for (const MessageAnswer answer : {MessageAnswer::No, MessageAnswer::Yes}) {
         EXPECT_EQ(DuctCount, 3);
         desktop.ExpectMessage(answer);
         ClickOn("cmdClearGrid(2)");
     }
     EXPECT_EQ(DuctCount, 0);
-    EXPECT_EQ(Solved, FlagClear);
+    EXPECT_EQ(Solved, kFlagClear);
     EXPECT_FALSE(Get("cmdCalcPressure").isVisible());
     EXPECT_EQ(DuctNo(), "1 #008000");
 }
@@ -109,8 +109,8 @@ TEST_F(SolverGrid, ColoursOnTheScreen) {
     const auto colours = [&] {
         std::string all;
         for (int column = 1; column <= 3; ++column) {
-            all +=
-                ColourAt(Grid(), Grid().width() * (4 * column + 1) / (4 * CellsAcross), Grid().height() / 10);
+            all += ColourAt(Grid(), Grid().width() * (4 * column + 1) / (4 * kCellsAcross),
+                            Grid().height() / 10);
         }
         return all;
     };

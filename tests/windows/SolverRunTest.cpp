@@ -11,7 +11,7 @@ class SolverRun : public SolverTest {
   protected:
     // Numbers as a user of this desktop types and sees them.
     static std::string Local(std::string number) {
-        std::replace(number.begin(), number.end(), '.', CurrentNumberLocale().decimalMark[0]);
+        std::replace(number.begin(), number.end(), '.', CurrentNumberLocale().DecimalMark[0]);
         return number;
     }
 
@@ -127,7 +127,7 @@ TEST_F(SolverRun, CancelledAtEachStep) {
     desktop.ExpectFile(File("no/such/folder/plant.gsp"));
     ClickOn("cmdGus");
     EXPECT_EQ(desktop.Log.back(), "dialog");
-    EXPECT_EQ(Solved, FlagClear);
+    EXPECT_EQ(Solved, kFlagClear);
 }
 
 } // namespace

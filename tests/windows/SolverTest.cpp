@@ -37,7 +37,7 @@ void SolverTest::ClickAt(const QWidget& control, QPoint place, Qt::MouseButton b
 
 void SolverTest::ClickGrid(int column, int row, Qt::MouseButton button) const {
     const auto& grid = Get<PictureBox>("picGrid");
-    ClickAt(grid, {column * grid.width() / CellsAcross + 3, row * grid.height() / CellsDown + 4}, button);
+    ClickAt(grid, {column * grid.width() / kCellsAcross + 3, row * grid.height() / kCellsDown + 4}, button);
 }
 
 void SolverTest::DrawRow(const std::string& types) const {
@@ -70,7 +70,7 @@ void SolverTest::EnterBox(int box, const char* text) const {
 
 std::string SolverTest::SheetTexts() const {
     std::string texts = SheetBox(1).Text();
-    for (int box = 2; box <= SheetBoxes; ++box) {
+    for (int box = 2; box <= kSheetBoxes; ++box) {
         texts += " " + SheetBox(box).Text();
     }
     return texts;
@@ -78,7 +78,7 @@ std::string SolverTest::SheetTexts() const {
 
 std::string SolverTest::SheetLooks() const {
     std::string looks;
-    for (int box = 1; box <= SheetBoxes; ++box) {
+    for (int box = 1; box <= kSheetBoxes; ++box) {
         const bool white = SheetBox(box).palette().color(QPalette::Base) == Qt::white;
         const bool locked = SheetBox(box).isReadOnly();
         looks += white ? (locked ? 'L' : 'o') : (locked ? 'l' : '!');

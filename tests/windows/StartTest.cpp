@@ -24,7 +24,7 @@ TEST_F(StartOfTheProgram, TheFirstStart) {
     std::filesystem::remove(SettingsFile());
     std::string order;
     Desktop().AskByMessageBox = [&](const MessageRequest& request) {
-        order += request.title + (QApplication::topLevelWidgets().empty() ? "" : " over a window") + ", ";
+        order += request.Title + (QApplication::topLevelWidgets().empty() ? "" : " over a window") + ", ";
         return MessageAnswer::Ok;
     };
     Desktop().PlaySound = [&](const std::string&, unsigned) { order += "call, "; };
@@ -56,7 +56,7 @@ TEST_F(StartOfTheProgram, ShowsTheSettingsOfTheFile) {
     Start();
     EXPECT_EQ(BasisTexts(), "1.25 1234.5 1.25 0.00002 1234.5 1234.5 ");
     Unload();
-    SetNumberLocale({.decimalMark = ",", .groupMark = "."});
+    SetNumberLocale({.DecimalMark = ",", .GroupMark = "."});
     Start();
     EXPECT_EQ(BasisTexts(), "1,25 1234,5 1,25 0,00002 1234,5 1234,5 ");
     EXPECT_EQ(Settings.MaxVelocity, 1234.5);

@@ -28,8 +28,8 @@ namespace plenair {
 namespace {
 
 std::unique_ptr<frmMinorCalc>& LiteWindow() {
-    static std::unique_ptr<frmMinorCalc> window;
-    return window;
+    static std::unique_ptr<frmMinorCalc> s_window;
+    return s_window;
 }
 
 // There only while it is open.

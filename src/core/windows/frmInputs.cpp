@@ -24,14 +24,14 @@ const std::string kTitle = "Options";
 
 // A row with a box that holds a number. The one without a field holds the size step, a whole number.
 struct NumberRow {
-    const char* box;
-    const char* label;
-    const char* caption;
-    double top;
-    double labelWidth;
-    double labelHeight;
-    double SettingsRecord::*field;
-    bool selectsOnFocus;
+    const char* Box;
+    const char* Label;
+    const char* Caption;
+    double Top;
+    double LabelWidth;
+    double LabelHeight;
+    double SettingsRecord::*Field;
+    bool SelectsOnFocus;
 };
 
 const std::array<NumberRow, 7> kNumberRows = {{
@@ -96,13 +96,13 @@ void frmInputs::CreateControls() {
 
     for (std::size_t i = 0; i < kNumberRows.size(); ++i) {
         const NumberRow& row = kNumberRows[i];
-        Place(new Label(row.label, row.caption, Client()), 210, row.top, row.labelWidth, row.labelHeight);
-        auto* box = new TextBox(row.box, Client());
-        box->setAccessibleName(row.caption);
-        if (row.selectsOnFocus) {
+        Place(new Label(row.Label, row.Caption, Client()), 210, row.Top, row.LabelWidth, row.LabelHeight);
+        auto* box = new TextBox(row.Box, Client());
+        box->setAccessibleName(row.Caption);
+        if (row.SelectsOnFocus) {
             box->GotFocus = [box] { box->SelectAll(); };
         }
-        Place(box, 3360, row.top, 1215, 285);
+        Place(box, 3360, row.Top, 1215, 285);
         txtNumbers[i] = box;
     }
 
@@ -134,7 +134,7 @@ void frmInputs::Form_Load() {
         optCalcBasis[static_cast<std::size_t>(Settings.CalcBasis)]->SetOn();
     }
     for (std::size_t i = 0; i < kNumberRows.size(); ++i) {
-        const auto field = kNumberRows[i].field;
+        const auto field = kNumberRows[i].Field;
         txtNumbers[i]->SetText(ShortestText(field != nullptr ? Settings.*field : Settings.RoundOff));
     }
 }
@@ -151,7 +151,7 @@ bool frmInputs::ReadBoxes(SettingsRecord& entered) {
             Refuse(i, WhyNoNumber(txtNumbers[i]->Text()));
             return false;
         }
-        if (const auto field = kNumberRows[i].field) {
+        if (const auto field = kNumberRows[i].Field) {
             entered.*field = *value;
         } else if (const auto sizeStep = SizeStepOf(*value)) {
             entered.RoundOff = *sizeStep;
@@ -165,7 +165,7 @@ bool frmInputs::ReadBoxes(SettingsRecord& entered) {
 
 void frmInputs::Refuse(std::size_t number, const std::string& reason) {
     TextBox* const box = txtNumbers[number];
-    ShowMessage({std::string(kNumberRows[number].caption) + ":\n\n\"" + box->Text() + "\" " + reason, kTitle,
+    ShowMessage({std::string(kNumberRows[number].Caption) + ":\n\n\"" + box->Text() + "\" " + reason, kTitle,
                  MessageButtons::Ok, MessageIcon::Exclamation});
     GiveFocus(box);
     box->SelectAll();

@@ -30,13 +30,13 @@ QRegion PixelsAlong(double x1, double y1, double x2, double y2) {
 }
 
 QRegion PixelsOf(const DrawnItem& item) {
-    if (item.kind == DrawnItem::Kind::Box) {
-        return PixelsAlong(item.x1, item.y1, item.x2, item.y1) +
-               PixelsAlong(item.x2, item.y1, item.x2, item.y2) +
-               PixelsAlong(item.x2, item.y2, item.x1, item.y2) +
-               PixelsAlong(item.x1, item.y2, item.x1, item.y1);
+    if (item.Kind == DrawnItem::Shape::Box) {
+        return PixelsAlong(item.X1, item.Y1, item.X2, item.Y1) +
+               PixelsAlong(item.X2, item.Y1, item.X2, item.Y2) +
+               PixelsAlong(item.X2, item.Y2, item.X1, item.Y2) +
+               PixelsAlong(item.X1, item.Y2, item.X1, item.Y1);
     }
-    return PixelsAlong(item.x1, item.y1, item.x2, item.y2);
+    return PixelsAlong(item.X1, item.Y1, item.X2, item.Y2);
 }
 
 } // namespace

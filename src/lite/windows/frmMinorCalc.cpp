@@ -243,7 +243,7 @@ void frmMinorCalc::Calculate() {
 
 void frmMinorCalc::txtInputA_KeyPress(int character) {
     ResetGrid();
-    if (character == KeyEnter) {
+    if (character == kKeyEnter) {
         Calculate();
         txtInputA->SelectAll();
     }
@@ -251,7 +251,7 @@ void frmMinorCalc::txtInputA_KeyPress(int character) {
 
 void frmMinorCalc::txtInputB_KeyPress(int character) {
     ResetGrid();
-    if (character == KeyEnter) {
+    if (character == kKeyEnter) {
         Calculate();
         FocusInputA();
     }
@@ -271,7 +271,7 @@ void frmMinorCalc::txtCalcBasis_GotFocus(int index) {
 }
 
 void frmMinorCalc::txtCalcBasis_KeyPress(int character) {
-    if (character == KeyEnter) {
+    if (character == kKeyEnter) {
         Calculate();
         FocusInputA();
     }

@@ -13,10 +13,10 @@ struct DialogCancelled : std::runtime_error {
 };
 
 // Values of CommonDialog::Flags. Those of the print dialog have numbers of their own.
-constexpr int OverwritePrompt = 2;      // ask before a file is replaced
-constexpr int PathMustExist = 2048;     // refuse a folder that doesn't exist
-constexpr int PrinterNoSelection = 4;   // offer no printing of a selection
-constexpr int PrinterNoPageNumbers = 8; // offer no range of pages
+constexpr int kOverwritePrompt = 2;      // ask before a file is replaced
+constexpr int kPathMustExist = 2048;     // refuse a folder that doesn't exist
+constexpr int kPrinterNoSelection = 4;   // offer no printing of a selection
+constexpr int kPrinterNoPageNumbers = 8; // offer no range of pages
 
 struct CommonDialog {
     int Flags = 0;

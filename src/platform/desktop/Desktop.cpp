@@ -21,13 +21,13 @@ LocalTime SystemTime() {
     std::tm parts{};
     localtime_r(&seconds, &parts);
     return {
-        .year = parts.tm_year + 1900,
-        .month = parts.tm_mon + 1,
-        .day = parts.tm_mday,
-        .hour = parts.tm_hour,
-        .minute = parts.tm_min,
-        .second = parts.tm_sec,
-        .millisecond =
+        .Year = parts.tm_year + 1900,
+        .Month = parts.tm_mon + 1,
+        .Day = parts.tm_mday,
+        .Hour = parts.tm_hour,
+        .Minute = parts.tm_min,
+        .Second = parts.tm_sec,
+        .Millisecond =
             static_cast<int>(std::chrono::duration_cast<std::chrono::milliseconds>(sinceSecond).count()),
     };
 }
@@ -35,8 +35,8 @@ LocalTime SystemTime() {
 } // namespace
 
 DesktopServices& Desktop() {
-    static DesktopServices services;
-    return services;
+    static DesktopServices s_services;
+    return s_services;
 }
 
 // Each takes a copy of its service, since another may be put in its place while a dialog is open.
@@ -45,8 +45,8 @@ MessageAnswer ShowMessage(const MessageRequest& request) {
     if (const auto ask = Desktop().AskByMessageBox) {
         return ask(request);
     }
-    std::fprintf(stderr, "%s: %s\n", request.title.c_str(), request.text.c_str());
-    return AnswerWhenClosed(request.buttons);
+    std::fprintf(stderr, "%s: %s\n", request.Title.c_str(), request.Text.c_str());
+    return AnswerWhenClosed(request.Buttons);
 }
 
 MessageAnswer AnswerWhenClosed(MessageButtons buttons) {

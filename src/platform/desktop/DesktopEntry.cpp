@@ -129,7 +129,7 @@ std::string CommandReader::ReadFieldCode() {
 std::optional<EntryCommand> CommandOn(std::string_view entry, const std::string& path) {
     const std::string line = Unescaped(ValueOf(entry, "Exec"));
     EntryCommand command{CommandReader(line, path).Read(), ValueOf(entry, "Terminal") == "true"};
-    if (command.arguments.empty() || command.arguments.front().empty()) {
+    if (command.Arguments.empty() || command.Arguments.front().empty()) {
         return std::nullopt;
     }
     return command;

@@ -9,8 +9,8 @@
 namespace plenair {
 
 struct EntryCommand {
-    std::vector<std::string> arguments; // the program first; never empty
-    bool inTerminal = false;
+    std::vector<std::string> Arguments; // the program first; never empty
+    bool InTerminal = false;
 };
 
 // How the application of a desktop entry (`entry`, the content of its file) is started on the file `path`,

@@ -5,8 +5,8 @@
 namespace plenair {
 
 struct InputRequest {
-    std::string prompt;
-    std::string title;
+    std::string Prompt;
+    std::string Title;
 };
 
 // Asks for one line of text in an empty box. Empty on Cancel.

@@ -10,10 +10,10 @@ enum class MessageButtons { Ok = 0, OkCancel = 1, YesNoCancel = 3, YesNo = 4, Re
 enum class MessageAnswer { Ok = 1, Cancel = 2, Retry = 4, Yes = 6, No = 7 };
 
 struct MessageRequest {
-    std::string text; // plain UTF-8, line feeds break lines
-    std::string title;
-    MessageButtons buttons = MessageButtons::Ok;
-    MessageIcon icon = MessageIcon::None;
+    std::string Text; // plain UTF-8, line feeds break lines
+    std::string Title;
+    MessageButtons Buttons = MessageButtons::Ok;
+    MessageIcon Icon = MessageIcon::None;
 };
 
 // Shows the box, waits for its answer and gives it. Closing the box by its frame counts as Cancel where there

@@ -11,8 +11,8 @@ namespace plenair {
 namespace {
 
 std::mt19937_64& Generator() {
-    static std::mt19937_64 generator;
-    return generator;
+    static std::mt19937_64 s_generator;
+    return s_generator;
 }
 
 } // namespace
@@ -28,7 +28,7 @@ double NextRandom() {
 
 double SecondsSinceMidnight() {
     const LocalTime now = Now();
-    return ((now.hour * 60.0 + now.minute) * 60.0 + now.second) + now.millisecond / 1000.0;
+    return ((now.Hour * 60.0 + now.Minute) * 60.0 + now.Second) + now.Millisecond / 1000.0;
 }
 
 } // namespace plenair

@@ -9,8 +9,8 @@ namespace plenair {
 
 // red + 256 × green + 65536 × blue
 using ColourNumber = std::uint32_t;
-constexpr ColourNumber BlackColour = 0;
-constexpr ColourNumber GreenColour = 65280;
+constexpr ColourNumber kBlackColour = 0;
+constexpr ColourNumber kGreenColour = 65280;
 
 enum class LineStyle { Solid = 0, Dashed = 1 };
 

@@ -11,11 +11,11 @@ void RecordedSurface::SetSize(double width, double height) {
 }
 
 void RecordedSurface::Line(double x1, double y1, double x2, double y2, ColourNumber colour) {
-    Add(DrawnItem::Kind::Line, x1, y1, x2, y2, colour);
+    Add(DrawnItem::Shape::Line, x1, y1, x2, y2, colour);
 }
 
 void RecordedSurface::Box(double x1, double y1, double x2, double y2, ColourNumber colour) {
-    Add(DrawnItem::Kind::Box, x1, y1, x2, y2, colour);
+    Add(DrawnItem::Shape::Box, x1, y1, x2, y2, colour);
 }
 
 void RecordedSurface::SetPosition(double x, double y) {
@@ -24,8 +24,8 @@ void RecordedSurface::SetPosition(double x, double y) {
 }
 
 void RecordedSurface::Print(const std::string& text) {
-    Add(DrawnItem::Kind::Text, m_x, m_y, m_x, m_y, BlackColour);
-    m_items.back().text = text;
+    Add(DrawnItem::Shape::Text, m_x, m_y, m_x, m_y, kBlackColour);
+    m_items.back().Text = text;
 }
 
 void RecordedSurface::CutBackTo(std::size_t count) {
@@ -41,7 +41,7 @@ std::size_t RecordedSurface::TakeItemsKept() {
     return std::exchange(m_kept, m_items.size());
 }
 
-void RecordedSurface::Add(DrawnItem::Kind kind, double x1, double y1, double x2, double y2,
+void RecordedSurface::Add(DrawnItem::Shape kind, double x1, double y1, double x2, double y2,
                           ColourNumber colour) {
     m_items.push_back({kind, m_style, m_lineWidth, colour, x1, y1, x2, y2, {}});
     TellChange();

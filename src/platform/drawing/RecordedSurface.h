@@ -9,17 +9,17 @@
 namespace plenair {
 
 struct DrawnItem {
-    enum class Kind { Line, Box, Text };
+    enum class Shape { Line, Box, Text };
 
-    Kind kind = Kind::Line;
-    LineStyle style = LineStyle::Solid;
-    int lineWidth = 1;
-    ColourNumber colour = BlackColour;
-    double x1 = 0; // of a text: its top left corner
-    double y1 = 0;
-    double x2 = 0;
-    double y2 = 0;
-    std::string text;
+    Shape Kind = Shape::Line;
+    LineStyle Style = LineStyle::Solid;
+    int LineWidth = 1;
+    ColourNumber Colour = kBlackColour;
+    double X1 = 0; // of a text: its top left corner
+    double Y1 = 0;
+    double X2 = 0;
+    double Y2 = 0;
+    std::string Text;
 };
 
 // A surface that keeps its picture as the list of what was drawn, so that it can be painted when it is to be
@@ -58,7 +58,7 @@ class RecordedSurface : public DrawingSurface {
     void WhenChanged(std::function<void()> changed) { m_changed = std::move(changed); }
 
   private:
-    void Add(DrawnItem::Kind kind, double x1, double y1, double x2, double y2, ColourNumber colour);
+    void Add(DrawnItem::Shape kind, double x1, double y1, double x2, double y2, ColourNumber colour);
     void TellChange() const;
 
     double m_width = 0;

@@ -12,7 +12,7 @@ namespace plenair {
 
 namespace {
 
-constexpr std::size_t LongestItem = 65'536;
+constexpr std::size_t kLongestItem = 65'536;
 
 bool IsBlank(int byte) {
     return byte == ' ' || byte == '\t';
@@ -27,7 +27,7 @@ bool EndsLine(int byte) {
 struct ItemReader::State {
     State(const std::string& name, Quotes innerQuotes);
 
-    static constexpr int End = -1;
+    static constexpr int kEnd = -1;
 
     int Peek(); // the next byte, or End
     void Skip() { ++m_next; }
@@ -37,8 +37,8 @@ struct ItemReader::State {
     void FailAtEnd();
     void Append(std::string& item);
 
-    const std::string path;
-    const Quotes quotes;
+    const std::string Path;
+    const Quotes Inner;
 
   private:
     Descriptor m_file;
@@ -49,12 +49,12 @@ struct ItemReader::State {
 
 // Without O_NONBLOCK the opening of a pipe that nobody writes to would never return.
 ItemReader::State::State(const std::string& name, Quotes innerQuotes)
-    : path(name), quotes(innerQuotes), m_file(::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {
+    : Path(name), Inner(innerQuotes), m_file(::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {
     struct stat status {};
     if (!m_file.IsOpen() || ::fstat(m_file.Number(), &status) != 0) {
-        Fail(path, errno);
+        Fail(Path, errno);
     }
-    RequireRegularFile(path, status);
+    RequireRegularFile(Path, status);
 }
 
 int ItemReader::State::Peek() {
@@ -64,12 +64,12 @@ int ItemReader::State::Peek() {
             count = ::read(m_file.Number(), m_buffer.data(), m_buffer.size());
         } while (count < 0 && errno == EINTR);
         if (count < 0) {
-            Fail(path, errno);
+            Fail(Path, errno);
         }
         m_next = 0;
         m_filled = static_cast<std::size_t>(count);
     }
-    return m_next < m_filled ? static_cast<unsigned char>(m_buffer[m_next]) : End;
+    return m_next < m_filled ? static_cast<unsigned char>(m_buffer[m_next]) : kEnd;
 }
 
 bool ItemReader::State::SkipIf(char byte) {
@@ -82,8 +82,8 @@ bool ItemReader::State::SkipIf(char byte) {
 
 void ItemReader::State::SkipBlanks() {
     for (std::size_t count = 0; IsBlank(Peek()); ++count) {
-        if (count == LongestItem) {
-            Fail(path, "Item too long");
+        if (count == kLongestItem) {
+            Fail(Path, "Item too long");
         }
         Skip();
     }
@@ -100,15 +100,15 @@ void ItemReader::State::SkipSeparator() {
 }
 
 void ItemReader::State::FailAtEnd() {
-    if (Peek() == End) {
-        Fail(path, "Unexpected end of file");
+    if (Peek() == kEnd) {
+        Fail(Path, "Unexpected end of file");
     }
 }
 
 // Moves the next byte to the end of `item`.
 void ItemReader::State::Append(std::string& item) {
-    if (item.size() == LongestItem) {
-        Fail(path, "Item too long");
+    if (item.size() == kLongestItem) {
+        Fail(Path, "Item too long");
     }
     item.push_back(static_cast<char>(Peek()));
     Skip();
@@ -120,7 +120,7 @@ ItemReader::ItemReader(const std::string& path, Quotes quotes)
 ItemReader::~ItemReader() = default;
 
 bool ItemReader::AtEnd() {
-    return m_state->Peek() == State::End;
+    return m_state->Peek() == State::kEnd;
 }
 
 std::string ItemReader::ReadText() {
@@ -129,8 +129,8 @@ std::string ItemReader::ReadText() {
     state.SkipBlanks();
     std::string item;
     if (state.SkipIf('"')) {
-        const bool doubled = state.quotes == Quotes::Doubled;
-        while (state.Peek() != State::End) {
+        const bool doubled = state.Inner == Quotes::Doubled;
+        while (state.Peek() != State::kEnd) {
             // Of two quotes that stand for one, the second is still there to be appended.
             if (state.SkipIf('"') && !(doubled && state.Peek() == '"')) {
                 break;
@@ -138,7 +138,7 @@ std::string ItemReader::ReadText() {
             state.Append(item);
         }
     } else {
-        while (state.Peek() != State::End && state.Peek() != ',' && !EndsLine(state.Peek())) {
+        while (state.Peek() != State::kEnd && state.Peek() != ',' && !EndsLine(state.Peek())) {
             state.Append(item);
         }
         item.erase(item.find_last_not_of(" \t") + 1);
@@ -152,7 +152,7 @@ std::string ItemReader::ReadNumberText() {
     state.FailAtEnd();
     state.SkipBlanks();
     std::string item;
-    for (int byte = state.Peek(); byte != State::End && byte != ',' && !IsBlank(byte) && !EndsLine(byte);
+    for (int byte = state.Peek(); byte != State::kEnd && byte != ',' && !IsBlank(byte) && !EndsLine(byte);
          byte = state.Peek()) {
         state.Append(item);
     }

@@ -17,14 +17,14 @@ namespace fs = std::filesystem;
 namespace {
 
 struct ProgramPlaces {
-    std::string program;
-    std::string delivery;
-    std::string documents;
+    std::string Program;
+    std::string Delivery;
+    std::string Documents;
 };
 
 ProgramPlaces& Places() {
-    static ProgramPlaces places;
-    return places;
+    static ProgramPlaces s_places;
+    return s_places;
 }
 
 bool IsThere(const fs::path& path) {
@@ -63,15 +63,15 @@ void SetProgramFolder(const std::string& folder) {
 }
 
 const std::string& ProgramFolder() {
-    return Places().program;
+    return Places().Program;
 }
 
 const std::string& DeliveryFolder() {
-    return Places().delivery;
+    return Places().Delivery;
 }
 
 const std::string& FirstFolderForFiles() {
-    return Places().documents;
+    return Places().Documents;
 }
 
 std::string DeliveredPath(const std::string& name) {

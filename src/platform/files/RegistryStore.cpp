@@ -25,19 +25,19 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::size_t LongestName = 4'096;  // of a value, or of a key with those above it
-constexpr std::size_t LongestData = 32'768; // twice as many digits are the longest item that can be read
-constexpr std::size_t LargestStore = 1'048'576;
+constexpr std::size_t kLongestName = 4'096;  // of a value, or of a key with those above it
+constexpr std::size_t kLongestData = 32'768; // twice as many digits are the longest item that can be read
+constexpr std::size_t kLargestStore = 1'048'576;
 
 struct Value {
-    std::string name;
-    std::uint32_t type = 0;
-    std::string data;
+    std::string Name;
+    std::uint32_t Type = 0;
+    std::string Data;
 };
 
 struct Key {
-    std::string path;
-    std::map<std::string, Value> values; // by folded name
+    std::string Path;
+    std::map<std::string, Value> Values; // by folded name
 };
 
 // All keys by folded path. The root has the empty path and is always there; a key stands ahead of those
@@ -45,14 +45,14 @@ struct Key {
 using Store = std::map<std::string, Key>;
 
 std::string& RegistryFile() {
-    static std::string file;
-    return file;
+    static std::string s_file;
+    return s_file;
 }
 
 // Paths of the open keys. Numbers are never used twice.
 std::map<RegistryKey, std::string>& OpenKeys() {
-    static std::map<RegistryKey, std::string> keys;
-    return keys;
+    static std::map<RegistryKey, std::string> s_keys;
+    return s_keys;
 }
 
 // Names are the same whatever the case of their letters.
@@ -66,11 +66,11 @@ std::string Folded(std::string name) {
 }
 
 std::string HexOf(const std::string& data) {
-    constexpr char digits[] = "0123456789abcdef";
+    constexpr char kDigits[] = "0123456789abcdef";
     std::string hex;
     for (const char byte : data) {
-        hex.push_back(digits[static_cast<unsigned char>(byte) >> 4U]);
-        hex.push_back(digits[static_cast<unsigned char>(byte) & 15U]);
+        hex.push_back(kDigits[static_cast<unsigned char>(byte) >> 4U]);
+        hex.push_back(kDigits[static_cast<unsigned char>(byte) & 15U]);
     }
     return hex;
 }
@@ -109,14 +109,14 @@ Store ParseStore(ItemReader& reader) {
         if (kind == "key") {
             const std::string path = reader.ReadText();
             key = &store[Folded(path)];
-            key->path = path;
+            key->Path = path;
         } else {
             RequireWhole(kind == "value");
             Value value;
-            value.name = reader.ReadText();
-            value.type = ParseNumber(reader.ReadNumberText(), 10);
-            value.data = ParseHex(reader.ReadNumberText());
-            key->values[Folded(value.name)] = value;
+            value.Name = reader.ReadText();
+            value.Type = ParseNumber(reader.ReadNumberText(), 10);
+            value.Data = ParseHex(reader.ReadNumberText());
+            key->Values[Folded(value.Name)] = value;
         }
     }
     RequireWhole(reader.AtEnd());
@@ -130,7 +130,7 @@ Store LoadStore() {
         return EmptyStore();
     }
     ItemReader reader(RegistryFile(), Quotes::Doubled);
-    if (fs::file_size(RegistryFile(), error) > LargestStore) {
+    if (fs::file_size(RegistryFile(), error) > kLargestStore) {
         return EmptyStore();
     }
     try {
@@ -144,14 +144,14 @@ Store LoadStore() {
 void SaveStore(const Store& store) {
     std::string content;
     for (const auto& [foldedPath, key] : store) {
-        content += Quoted("key") + "," + Quoted(key.path) + "\r\n";
-        for (const auto& [foldedName, value] : key.values) {
-            content += Quoted("value") + "," + Quoted(value.name) + "," + std::to_string(value.type) + "," +
-                       HexOf(value.data) + "\r\n";
+        content += Quoted("key") + "," + Quoted(key.Path) + "\r\n";
+        for (const auto& [foldedName, value] : key.Values) {
+            content += Quoted("value") + "," + Quoted(value.Name) + "," + std::to_string(value.Type) + "," +
+                       HexOf(value.Data) + "\r\n";
         }
     }
     content += Quoted("end") + "\r\n";
-    if (content.size() > LargestStore) {
+    if (content.size() > kLargestStore) {
         throw FileFailure(RegistryFile() + ": Full");
     }
     std::error_code error; // the write fails where the folder is still missing
@@ -174,9 +174,9 @@ RegistryStatus OnStore(Operation operation) {
 
 // The path of a root or of an open key; null if it is neither.
 const std::string* PathOf(RegistryKey key) {
-    static const std::string root;
+    static const std::string kRoot;
     if (key == HKEY_CURRENT_USER) {
-        return &root;
+        return &kRoot;
     }
     const auto found = OpenKeys().find(key);
     return found == OpenKeys().end() ? nullptr : &found->second;
@@ -204,9 +204,9 @@ void AddMissing(Store& store, const std::vector<std::string>& paths) {
 }
 
 RegistryKey NewHandle(std::string path) {
-    static RegistryKey last = 0;
-    OpenKeys()[++last] = std::move(path);
-    return last;
+    static RegistryKey s_last = 0;
+    OpenKeys()[++s_last] = std::move(path);
+    return s_last;
 }
 
 } // namespace
@@ -236,7 +236,7 @@ RegistryStatus RegCreateKeyExA(RegistryKey root, const std::string& subKey, std:
     if (rootPath == nullptr) {
         return ERROR_INVALID_HANDLE;
     }
-    if (rootPath->size() + subKey.size() > LongestName) {
+    if (rootPath->size() + subKey.size() > kLongestName) {
         return ERROR_ACCESS_DENIED;
     }
     return OnStore([&] {
@@ -261,18 +261,18 @@ RegistryStatus RegQueryValueExA(RegistryKey key, const std::string& valueName, s
     return OnStore([&] {
         const Store store = LoadStore();
         const auto found = store.find(Folded(*path));
-        if (found == store.end() || !found->second.values.contains(Folded(valueName))) {
+        if (found == store.end() || !found->second.Values.contains(Folded(valueName))) {
             return ERROR_FILE_NOT_FOUND;
         }
-        const Value& value = found->second.values.at(Folded(valueName));
+        const Value& value = found->second.Values.at(Folded(valueName));
         const auto room = static_cast<std::size_t>(size);
-        type = value.type;
-        size = static_cast<std::uint32_t>(value.data.size());
+        type = value.Type;
+        size = static_cast<std::uint32_t>(value.Data.size());
         if (data == nullptr) {
             return ERROR_SUCCESS;
         }
-        std::copy_n(value.data.begin(), std::min(room, value.data.size()), data);
-        return room < value.data.size() ? ERROR_MORE_DATA : ERROR_SUCCESS;
+        std::copy_n(value.Data.begin(), std::min(room, value.Data.size()), data);
+        return room < value.Data.size() ? ERROR_MORE_DATA : ERROR_SUCCESS;
     });
 }
 
@@ -282,15 +282,15 @@ RegistryStatus RegSetValueExA(RegistryKey key, const std::string& valueName, std
     if (path == nullptr) {
         return ERROR_INVALID_HANDLE;
     }
-    if (valueName.size() > LongestName || size > LongestData) {
+    if (valueName.size() > kLongestName || size > kLongestData) {
         return ERROR_ACCESS_DENIED;
     }
     return OnStore([&] {
         Store store = LoadStore();
         // The key may have gone with a damaged file since it was opened.
         AddMissing(store, PathsDown("", *path));
-        Value& value = store[Folded(*path)].values[Folded(valueName)];
-        value = {value.name.empty() ? valueName : value.name, type, std::string(data, data + size)};
+        Value& value = store[Folded(*path)].Values[Folded(valueName)];
+        value = {value.Name.empty() ? valueName : value.Name, type, std::string(data, data + size)};
         SaveStore(store);
         return ERROR_SUCCESS;
     });

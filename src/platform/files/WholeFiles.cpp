@@ -93,10 +93,11 @@ class PassingFile {
 
 // Gives a file that nobody else has, and its name. None of these names ends like a file of the program.
 int OpenUnique(const fs::path& folder, mode_t mode, fs::path& path) {
-    static std::atomic<unsigned> counter = 0;
+    static std::atomic<unsigned> s_counter = 0;
     int file = -1;
     for (int tries = 0; tries < 1000; ++tries) {
-        path = folder / (".plenair-" + std::to_string(::getpid()) + "-" + std::to_string(counter++) + ".tmp");
+        path =
+            folder / (".plenair-" + std::to_string(::getpid()) + "-" + std::to_string(s_counter++) + ".tmp");
         file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
         if (file >= 0 || errno != EEXIST) {
             break;

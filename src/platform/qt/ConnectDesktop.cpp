@@ -26,14 +26,14 @@ namespace {
 NumberLocale DesktopNumbers() {
     const QLocale desktop;
     NumberLocale numbers;
-    numbers.decimalMark = FromQt(desktop.decimalPoint());
-    numbers.groupMark = FromQt(desktop.groupSeparator());
+    numbers.DecimalMark = FromQt(desktop.decimalPoint());
+    numbers.GroupMark = FromQt(desktop.groupSeparator());
     QLocale plain(desktop);
     plain.setNumberOptions(QLocale::DefaultNumberOptions);
     const QStringList groups = plain.toString(1000000000LL).split(desktop.groupSeparator());
     if (groups.size() >= 3) {
-        numbers.firstGroup = static_cast<int>(groups[groups.size() - 1].size());
-        numbers.otherGroups = static_cast<int>(groups[groups.size() - 2].size());
+        numbers.FirstGroup = static_cast<int>(groups[groups.size() - 1].size());
+        numbers.OtherGroups = static_cast<int>(groups[groups.size() - 2].size());
     }
     return numbers;
 }
@@ -72,11 +72,11 @@ QMessageBox::StandardButtons ButtonsOf(MessageButtons buttons) {
 
 MessageAnswer AskByMessageBox(const MessageRequest& request) {
     QMessageBox box(WindowInUse());
-    box.setWindowTitle(ToQt(request.title));
+    box.setWindowTitle(ToQt(request.Title));
     box.setTextFormat(Qt::PlainText);
-    box.setText(ToQt(request.text));
-    box.setIcon(IconOf(request.icon));
-    box.setStandardButtons(ButtonsOf(request.buttons));
+    box.setText(ToQt(request.Text));
+    box.setIcon(IconOf(request.Icon));
+    box.setStandardButtons(ButtonsOf(request.Buttons));
     switch (box.exec()) {
     case QMessageBox::Ok:
         return MessageAnswer::Ok;
@@ -89,12 +89,12 @@ MessageAnswer AskByMessageBox(const MessageRequest& request) {
     case QMessageBox::Cancel:
         return MessageAnswer::Cancel;
     default:
-        return AnswerWhenClosed(request.buttons);
+        return AnswerWhenClosed(request.Buttons);
     }
 }
 
 std::string AskByInputBox(const InputRequest& request) {
-    return FromQt(QInputDialog::getText(WindowInUse(), ToQt(request.title), ToQt(request.prompt)));
+    return FromQt(QInputDialog::getText(WindowInUse(), ToQt(request.Title), ToQt(request.Prompt)));
 }
 
 bool ShowCommonDialog(DialogKind kind, CommonDialog& dialog) {
@@ -116,12 +116,12 @@ DateLocale DatesOf(const QLocale& locale) {
     const QString pattern = locale.dateFormat(QLocale::ShortFormat);
     DateLocale dates;
     if (pattern.indexOf('y') < pattern.indexOf('d')) {
-        dates.order = DateOrder::YearMonthDay;
+        dates.Order = DateOrder::YearMonthDay;
     } else if (pattern.indexOf('M') < pattern.indexOf('d')) {
-        dates.order = DateOrder::MonthDayYear;
+        dates.Order = DateOrder::MonthDayYear;
     }
     for (int month = 1; month <= 12; ++month) {
-        dates.shortMonths[static_cast<std::size_t>(month - 1)] =
+        dates.ShortMonths[static_cast<std::size_t>(month - 1)] =
             FromQt(locale.standaloneMonthName(month, QLocale::ShortFormat));
     }
     return dates;

@@ -27,23 +27,23 @@ constexpr double kTextMargin = 360;
 
 // The printer as the print dialog left it, and the file that it prints to, if any.
 struct ChosenPrinter {
-    QPrinter printer{QPrinter::HighResolution};
-    QString file;
-    int documents = 0; // printed to that file so far
+    QPrinter Printer{QPrinter::HighResolution};
+    QString File;
+    int Documents = 0; // printed to that file so far
 };
 
 ChosenPrinter& Chosen() {
-    static ChosenPrinter chosen;
-    return chosen;
+    static ChosenPrinter s_chosen;
+    return s_chosen;
 }
 
 // The name for the next document: the file itself, then numbers that are free.
 QString NextFile(const ChosenPrinter& chosen) {
-    if (chosen.documents == 0) {
-        return chosen.file;
+    if (chosen.Documents == 0) {
+        return chosen.File;
     }
-    const QFileInfo first(chosen.file);
-    for (int number = chosen.documents + 1;; ++number) {
+    const QFileInfo first(chosen.File);
+    for (int number = chosen.Documents + 1;; ++number) {
         const QString name = QString("%1/%2-%3.%4")
                                  .arg(first.absolutePath(), first.completeBaseName(), QString::number(number),
                                       first.suffix().isEmpty() ? QString("pdf") : first.suffix());
@@ -103,7 +103,7 @@ class DesktopPrinter : public Printer {
     }
 
     void SetColourMode(ColourMode mode) override {
-        Chosen().printer.setColorMode(mode == ColourMode::Colour ? QPrinter::Color : QPrinter::GrayScale);
+        Chosen().Printer.setColorMode(mode == ColourMode::Colour ? QPrinter::Color : QPrinter::GrayScale);
     }
 
     void SetOrientation(PageOrientation orientation) override { m_orientation = orientation; }
@@ -126,7 +126,7 @@ class DesktopPrinter : public Printer {
             return;
         }
         const bool ended = m_painter.end();
-        if (!ended || Chosen().printer.printerState() == QPrinter::Error ||
+        if (!ended || Chosen().Printer.printerState() == QPrinter::Error ||
             (!m_file.isEmpty() && !IsComplete(UnfinishedFile()))) {
             Discard();
             throw PrinterFailure("the document can't be printed");
@@ -138,7 +138,7 @@ class DesktopPrinter : public Printer {
                 Discard();
                 throw PrinterFailure("the file can't be written: " + FromQt(m_file));
             }
-            ++Chosen().documents;
+            ++Chosen().Documents;
         }
     }
 
@@ -147,7 +147,7 @@ class DesktopPrinter : public Printer {
   private:
     QSizeF PaperSize() const {
         const QSizeF portrait =
-            Chosen().printer.pageLayout().pageSize().size(QPageSize::Point) * kTwipsPerPoint;
+            Chosen().Printer.pageLayout().pageSize().size(QPageSize::Point) * kTwipsPerPoint;
         return m_orientation == PageOrientation::Landscape ? portrait.transposed() : portrait;
     }
 
@@ -168,7 +168,7 @@ class DesktopPrinter : public Printer {
     // The page to draw on: begins the document, or turns the pages that NewPage has asked for, at the first
     // thing drawn, so that an empty last page never comes out.
     QPainter& Page() {
-        QPrinter& printer = Chosen().printer;
+        QPrinter& printer = Chosen().Printer;
         if (m_painter.isActive() && m_pagesToTurn == 0) {
             return m_painter;
         }
@@ -186,13 +186,13 @@ class DesktopPrinter : public Printer {
     }
 
     void BeginDocument() {
-        QPrinter& printer = Chosen().printer;
+        QPrinter& printer = Chosen().Printer;
         printer.setFullPage(true);
         printer.setDocName("Plenair");
         printer.setCreator("Plenair");
         printer.setCopyCount(1); // each copy is a document of its own
         m_file.clear();
-        if (!Chosen().file.isEmpty()) {
+        if (!Chosen().File.isEmpty()) {
             m_file = NextFile(Chosen());
             printer.setOutputFormat(QPrinter::PdfFormat);
             printer.setOutputFileName(UnfinishedFile());
@@ -207,7 +207,7 @@ class DesktopPrinter : public Printer {
     void Abandon() {
         m_pagesToTurn = 0;
         if (m_painter.isActive()) {
-            Chosen().printer.abort();
+            Chosen().Printer.abort();
             m_painter.end();
             Discard();
         }
@@ -236,17 +236,17 @@ std::unique_ptr<Printer> MakeDesktopPrinter() {
 }
 
 void PrintToFile(const std::string& path) {
-    Chosen().file = ToQt(path);
-    Chosen().documents = 0;
+    Chosen().File = ToQt(path);
+    Chosen().Documents = 0;
 }
 
 bool ShowPrintDialog(CommonDialog& dialog) {
     ChosenPrinter& chosen = Chosen();
-    chosen.printer.setOutputFileName(chosen.file);
-    chosen.printer.setCopyCount(1); // what was wanted last time would easily be overlooked
-    QPrintDialog box(&chosen.printer, WindowInUse());
-    box.setOption(QAbstractPrintDialog::PrintSelection, (dialog.Flags & PrinterNoSelection) == 0);
-    box.setOption(QAbstractPrintDialog::PrintPageRange, (dialog.Flags & PrinterNoPageNumbers) == 0);
+    chosen.Printer.setOutputFileName(chosen.File);
+    chosen.Printer.setCopyCount(1); // what was wanted last time would easily be overlooked
+    QPrintDialog box(&chosen.Printer, WindowInUse());
+    box.setOption(QAbstractPrintDialog::PrintSelection, (dialog.Flags & kPrinterNoSelection) == 0);
+    box.setOption(QAbstractPrintDialog::PrintPageRange, (dialog.Flags & kPrinterNoPageNumbers) == 0);
     // A dialog of Qt's own offers ranges whatever its options say.
     auto* const ranges = box.findChild<QWidget*>("gbPrintRange");
     if (ranges != nullptr && !box.testOption(QAbstractPrintDialog::PrintPageRange)) {
@@ -255,8 +255,8 @@ bool ShowPrintDialog(CommonDialog& dialog) {
     if (box.exec() != QDialog::Accepted) {
         return false;
     }
-    dialog.Copies = chosen.printer.copyCount();
-    PrintToFile(FromQt(chosen.printer.outputFileName()));
+    dialog.Copies = chosen.Printer.copyCount();
+    PrintToFile(FromQt(chosen.Printer.outputFileName()));
     return true;
 }
 

@@ -28,11 +28,11 @@ bool UserReplaces(const QString& title, const QString& file) {
 // False if the user has to name another file. One to be opened need not be there: the caller deals with that.
 bool MayTake(DialogKind kind, const QString& title, const QString& file, int flags) {
     const QFileInfo info(file);
-    if ((flags & PathMustExist) != 0 && !info.dir().exists()) {
+    if ((flags & kPathMustExist) != 0 && !info.dir().exists()) {
         Warn(title, info.path(), "There is no such folder.");
         return false;
     }
-    const bool asks = kind == DialogKind::Save && (flags & OverwritePrompt) != 0 && info.exists();
+    const bool asks = kind == DialogKind::Save && (flags & kOverwritePrompt) != 0 && info.exists();
     return !asks || UserReplaces(title, file);
 }
 

@@ -12,8 +12,8 @@ namespace {
 
 // The control that has the focus as far as handlers are concerned.
 QPointer<QWidget>& Current() {
-    static QPointer<QWidget> current;
-    return current;
+    static QPointer<QWidget> s_current;
+    return s_current;
 }
 
 bool IsControlOfAForm(const QWidget* widget) {

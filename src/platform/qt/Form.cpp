@@ -26,7 +26,7 @@ QFont FormFont() {
 }
 
 // What the desktop's frame adds to a window, once one has been seen.
-QSize s_frame(0, 0);
+QSize SFrame(0, 0);
 
 } // namespace
 
@@ -69,11 +69,11 @@ QSize Form::FrameSize() const {
     for (const QWidget* window : QApplication::topLevelWidgets()) {
         const QSize frame = window->frameGeometry().size() - window->size();
         if (qobject_cast<const Form*>(window) != nullptr && !frame.isEmpty()) {
-            s_frame = frame;
+            SFrame = frame;
         }
     }
     const QSize known = frameGeometry().size();
-    return known != size() ? known : size() + s_frame;
+    return known != size() ? known : size() + SFrame;
 }
 
 void Form::FillScreen() {
@@ -120,8 +120,8 @@ void Form::Remember(const Spot& spot) {
 }
 
 QPoint Form::FirstPosition() const {
-    const int x = ToPixelsX(m_firstSpot->x);
-    return {m_firstSpot->isRightEdge ? x - FrameSize().width() : x, ToPixelsY(m_firstSpot->top)};
+    const int x = ToPixelsX(m_firstSpot->X);
+    return {m_firstSpot->IsRightEdge ? x - FrameSize().width() : x, ToPixelsY(m_firstSpot->Top)};
 }
 
 // The desktop tells what its frame takes some time after the window is on the screen, and may until then have

@@ -69,9 +69,9 @@ class Form : public QWidget {
 
   private:
     struct Spot {
-        double x;
-        double top;
-        bool isRightEdge;
+        double X;
+        double Top;
+        bool IsRightEdge;
     };
 
     void LayOut();

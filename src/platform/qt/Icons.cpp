@@ -13,11 +13,11 @@ namespace {
 
 // Icons are drawn in the theme's ink: the files leave their strokes in the colour of the text around them.
 QByteArray IconSource(const QString& icon, const QColor& ink) {
-    static QHash<QString, QByteArray> sources;
-    auto source = sources.find(icon);
-    if (source == sources.end()) {
+    static QHash<QString, QByteArray> s_sources;
+    auto source = s_sources.find(icon);
+    if (source == s_sources.end()) {
         QFile file(":/icons/" + icon + ".svg");
-        source = sources.insert(icon, file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray());
+        source = s_sources.insert(icon, file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray());
     }
     QByteArray text = *source;
     return text.replace("currentColor", ink.name().toLatin1());

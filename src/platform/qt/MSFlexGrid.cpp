@@ -60,7 +60,7 @@ void MSFlexGrid::ContentChanged() {
 }
 
 void MSFlexGrid::SetColWidth(int column, double width) {
-    m_formats[static_cast<std::size_t>(column)].width = width;
+    m_formats[static_cast<std::size_t>(column)].Width = width;
     update();
 }
 
@@ -70,7 +70,7 @@ void MSFlexGrid::SetRowHeight(double height) {
 }
 
 void MSFlexGrid::SetColAlignment(int column, int alignment) {
-    m_formats[static_cast<std::size_t>(column)].alignment = alignment;
+    m_formats[static_cast<std::size_t>(column)].Alignment = alignment;
     update();
 }
 
@@ -82,8 +82,8 @@ void MSFlexGrid::paintEvent(QPaintEvent*) {
     for (int row = 0; row < m_rows; ++row) {
         double left = 0;
         for (int column = 0; column < m_columns; ++column) {
-            const QRect cell = ToPixels(left, row * m_rowHeight, Column(column).width, m_rowHeight);
-            left += Column(column).width;
+            const QRect cell = ToPixels(left, row * m_rowHeight, Column(column).Width, m_rowHeight);
+            left += Column(column).Width;
             if (cell.top() >= height()) {
                 continue;
             }
@@ -93,7 +93,7 @@ void MSFlexGrid::paintEvent(QPaintEvent*) {
             if (cell.bottom() < height() - 1) {
                 painter.fillRect(cell.left(), cell.bottom(), cell.width() - 1, 1, lines);
             }
-            const int alignment = Column(column).alignment;
+            const int alignment = Column(column).Alignment;
             const int horizontal =
                 alignment == 4 ? Qt::AlignHCenter : (alignment == 7 ? Qt::AlignRight : Qt::AlignLeft);
             const QRect room = cell.adjusted(1, 0, -1, -1);

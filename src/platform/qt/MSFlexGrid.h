@@ -30,12 +30,12 @@ class MSFlexGrid : public QWidget {
     void Clear();
 
     // Width of a column and height of all rows, in twips.
-    double ColWidth(int column) const { return Column(column).width; }
+    double ColWidth(int column) const { return Column(column).Width; }
     void SetColWidth(int column, double width);
     void SetRowHeight(double height);
 
     // How the texts of a column stand: 1 to the left, 4 centred, 7 to the right.
-    int ColAlignment(int column) const { return Column(column).alignment; }
+    int ColAlignment(int column) const { return Column(column).Alignment; }
     void SetColAlignment(int column, int alignment);
 
     // The current cell, row 0 and column 0 at first, and its text.
@@ -50,8 +50,8 @@ class MSFlexGrid : public QWidget {
 
   private:
     struct ColumnFormat {
-        double width = 960;
-        int alignment = 1;
+        double Width = 960;
+        int Alignment = 1;
     };
 
     const ColumnFormat& Column(int column) const { return m_formats[static_cast<std::size_t>(column)]; }

@@ -46,10 +46,10 @@ QByteArray TextEditorEntry() {
 
 bool StartEntry(const EntryCommand& command) {
     QStringList arguments;
-    for (const std::string& argument : command.arguments) {
+    for (const std::string& argument : command.Arguments) {
         arguments.append(ToQt(argument));
     }
-    if (!command.inTerminal) {
+    if (!command.InTerminal) {
         return Start(arguments);
     }
     return StartFirst({QStringList("xdg-terminal-exec") + arguments,

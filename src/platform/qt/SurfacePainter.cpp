@@ -27,12 +27,12 @@ SurfacePainter::SurfacePainter(QPainter& painter, double pixelRatio, QFont font)
 }
 
 void SurfacePainter::Paint(const DrawnItem& item) {
-    switch (item.kind) {
-    case DrawnItem::Kind::Line:
+    switch (item.Kind) {
+    case DrawnItem::Shape::Line:
         return PaintLine(item);
-    case DrawnItem::Kind::Box:
+    case DrawnItem::Shape::Box:
         return PaintBox(item);
-    case DrawnItem::Kind::Text:
+    case DrawnItem::Shape::Text:
         return PaintText(item);
     }
 }
@@ -51,19 +51,19 @@ void SurfacePainter::PaintAlongAxis(double x1, double y1, double x2, double y2, 
 }
 
 SurfacePainter::Ends SurfacePainter::EndsInPixels(const DrawnItem& item) const {
-    return {item.x1 * m_pixelsPerTwipX, item.y1 * m_pixelsPerTwipY, item.x2 * m_pixelsPerTwipX,
-            item.y2 * m_pixelsPerTwipY};
+    return {item.X1 * m_pixelsPerTwipX, item.Y1 * m_pixelsPerTwipY, item.X2 * m_pixelsPerTwipX,
+            item.Y2 * m_pixelsPerTwipY};
 }
 
 void SurfacePainter::PaintLine(const DrawnItem& item) {
     const auto [x1, y1, x2, y2] = EndsInPixels(item);
-    const QColor colour = ToColour(item.colour);
-    const bool solid = item.style == LineStyle::Solid;
+    const QColor colour = ToColour(item.Colour);
+    const bool solid = item.Style == LineStyle::Solid;
     if (solid && (x1 == x2 || y1 == y2)) {
-        PaintAlongAxis(x1, y1, x2, y2, item.lineWidth, colour);
+        PaintAlongAxis(x1, y1, x2, y2, item.LineWidth, colour);
         return;
     }
-    QPen pen(colour, item.lineWidth, solid ? Qt::SolidLine : Qt::CustomDashLine, Qt::RoundCap);
+    QPen pen(colour, item.LineWidth, solid ? Qt::SolidLine : Qt::CustomDashLine, Qt::RoundCap);
     if (!solid) {
         pen.setCapStyle(Qt::FlatCap);
         pen.setDashPattern({6, 4});
@@ -76,22 +76,22 @@ void SurfacePainter::PaintLine(const DrawnItem& item) {
 
 void SurfacePainter::PaintBox(const DrawnItem& item) {
     const auto [x1, y1, x2, y2] = EndsInPixels(item);
-    const QColor colour = ToColour(item.colour);
-    PaintAlongAxis(x1, y1, x2, y1, item.lineWidth, colour);
-    PaintAlongAxis(x1, y2, x2, y2, item.lineWidth, colour);
-    PaintAlongAxis(x1, y1, x1, y2, item.lineWidth, colour);
-    PaintAlongAxis(x2, y1, x2, y2, item.lineWidth, colour);
+    const QColor colour = ToColour(item.Colour);
+    PaintAlongAxis(x1, y1, x2, y1, item.LineWidth, colour);
+    PaintAlongAxis(x1, y2, x2, y2, item.LineWidth, colour);
+    PaintAlongAxis(x1, y1, x1, y2, item.LineWidth, colour);
+    PaintAlongAxis(x2, y1, x2, y2, item.LineWidth, colour);
 }
 
 void SurfacePainter::PaintText(const DrawnItem& item) {
-    const QPointF place(item.x1 * m_pixelsPerTwipX, item.y1 * m_pixelsPerTwipY);
-    QStaticText text(ToQt(item.text)); // laid out once for all five
+    const QPointF place(item.X1 * m_pixelsPerTwipX, item.Y1 * m_pixelsPerTwipY);
+    QStaticText text(ToQt(item.Text)); // laid out once for all five
     text.setTextFormat(Qt::PlainText);
     m_painter.setPen(Qt::white);
     for (const QPointF rim : {QPointF(-1, 0), QPointF(1, 0), QPointF(0, -1), QPointF(0, 1)}) {
         m_painter.drawStaticText(place + rim, text);
     }
-    m_painter.setPen(ToColour(item.colour));
+    m_painter.setPen(ToColour(item.Colour));
     m_painter.drawStaticText(place, text);
 }
 

@@ -23,7 +23,7 @@ class SurfacePainter {
 
   private:
     struct Ends {
-        double x1, y1, x2, y2;
+        double X1, Y1, X2, Y2;
     };
 
     Ends EndsInPixels(const DrawnItem& item) const;

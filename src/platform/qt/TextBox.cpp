@@ -17,28 +17,28 @@ namespace {
 int KeyCodeOf(const QKeyEvent* event) {
     switch (event->key()) {
     case Qt::Key_Backspace:
-        return KeyBackspace;
+        return kKeyBackspace;
     case Qt::Key_Tab:
-        return KeyTab;
+        return kKeyTab;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        return KeyEnter;
+        return kKeyEnter;
     case Qt::Key_Escape:
-        return KeyEscape;
+        return kKeyEscape;
     case Qt::Key_End:
-        return KeyEnd;
+        return kKeyEnd;
     case Qt::Key_Home:
-        return KeyHome;
+        return kKeyHome;
     case Qt::Key_Left:
-        return KeyLeft;
+        return kKeyLeft;
     case Qt::Key_Up:
-        return KeyUpArrow;
+        return kKeyUpArrow;
     case Qt::Key_Right:
-        return KeyRight;
+        return kKeyRight;
     case Qt::Key_Down:
-        return KeyDownArrow;
+        return kKeyDownArrow;
     case Qt::Key_Delete:
-        return KeyDelete;
+        return kKeyDelete;
     default:
         return event->key() >= Qt::Key_Space && event->key() <= Qt::Key_AsciiTilde ? event->key() : 0;
     }
@@ -51,12 +51,12 @@ QString CharactersOf(const QKeyEvent* event) {
     }
     switch (event->key()) {
     case Qt::Key_Backspace:
-        return QString(QChar(KeyBackspace));
+        return QString(QChar(kKeyBackspace));
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        return QString(QChar(KeyEnter));
+        return QString(QChar(kKeyEnter));
     case Qt::Key_Escape:
-        return QString(QChar(KeyEscape));
+        return QString(QChar(kKeyEscape));
     case Qt::Key_Delete:
     case Qt::Key_Tab:
     case Qt::Key_Backtab:

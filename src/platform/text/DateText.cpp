@@ -5,8 +5,8 @@ namespace plenair {
 namespace {
 
 DateLocale& Active() {
-    static DateLocale locale;
-    return locale;
+    static DateLocale s_locale;
+    return s_locale;
 }
 
 std::string TwoDigits(int number) {
@@ -20,10 +20,10 @@ void SetDateLocale(const DateLocale& locale) {
 }
 
 std::string MediumDate(const LocalTime& time) {
-    const std::string day = TwoDigits(time.day);
-    const std::string& month = Active().shortMonths.at(static_cast<std::size_t>(time.month - 1));
-    const std::string year = TwoDigits(time.year);
-    switch (Active().order) {
+    const std::string day = TwoDigits(time.Day);
+    const std::string& month = Active().ShortMonths.at(static_cast<std::size_t>(time.Month - 1));
+    const std::string year = TwoDigits(time.Year);
+    switch (Active().Order) {
     case DateOrder::MonthDayYear:
         return month + "-" + day + "-" + year;
     case DateOrder::YearMonthDay:
@@ -35,8 +35,8 @@ std::string MediumDate(const LocalTime& time) {
 }
 
 std::string MediumTime(const LocalTime& time) {
-    const int hour = time.hour % 12 == 0 ? 12 : time.hour % 12;
-    return TwoDigits(hour) + ":" + TwoDigits(time.minute) + (time.hour < 12 ? " AM" : " PM");
+    const int hour = time.Hour % 12 == 0 ? 12 : time.Hour % 12;
+    return TwoDigits(hour) + ":" + TwoDigits(time.Minute) + (time.Hour < 12 ? " AM" : " PM");
 }
 
 } // namespace plenair

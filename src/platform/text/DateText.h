@@ -12,8 +12,8 @@ enum class DateOrder { DayMonthYear, MonthDayYear, YearMonthDay };
 
 // How the user's locale writes dates.
 struct DateLocale {
-    DateOrder order = DateOrder::DayMonthYear;
-    std::array<std::string, 12> shortMonths = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
+    DateOrder Order = DateOrder::DayMonthYear;
+    std::array<std::string, 12> ShortMonths = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                                "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
 };
 

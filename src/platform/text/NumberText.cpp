@@ -17,47 +17,47 @@ namespace plenair {
 namespace {
 
 // Marks that look alike to the user: whichever of a row the locale names, all of them are accepted.
-const std::array<std::vector<std::string>, 2> AlikeMarks{{
+const std::array<std::vector<std::string>, 2> kAlikeMarks{{
     {" ", "\u00A0", "\u202F", "\u2009"},
     {"'", "\u2019"},
 }};
 
 // A locale with all marks that are accepted where a number is read.
 struct ActiveLocale {
-    NumberLocale locale;
-    std::vector<std::string> groupMarks;
-    std::vector<std::string> decimalMarks;
+    NumberLocale Locale;
+    std::vector<std::string> GroupMarks;
+    std::vector<std::string> DecimalMarks;
 };
 
 ActiveLocale MakeActive(const NumberLocale& locale) {
-    ActiveLocale active{locale, {}, {locale.decimalMark}};
+    ActiveLocale active{locale, {}, {locale.DecimalMark}};
     const auto isAscii = [](char character) { return static_cast<unsigned char>(character) < 0x80; };
-    if (!std::all_of(locale.decimalMark.begin(), locale.decimalMark.end(), isAscii)) {
-        active.decimalMarks.emplace_back("."); // what the user's keyboard may have in its place
+    if (!std::all_of(locale.DecimalMark.begin(), locale.DecimalMark.end(), isAscii)) {
+        active.DecimalMarks.emplace_back("."); // what the user's keyboard may have in its place
     }
-    if (!locale.groupMark.empty()) {
-        active.groupMarks = {locale.groupMark};
+    if (!locale.GroupMark.empty()) {
+        active.GroupMarks = {locale.GroupMark};
     }
-    for (const std::vector<std::string>& marks : AlikeMarks) {
-        if (std::find(marks.begin(), marks.end(), locale.groupMark) != marks.end()) {
-            active.groupMarks = marks;
+    for (const std::vector<std::string>& marks : kAlikeMarks) {
+        if (std::find(marks.begin(), marks.end(), locale.GroupMark) != marks.end()) {
+            active.GroupMarks = marks;
         }
     }
     return active;
 }
 
 ActiveLocale& Active() {
-    static ActiveLocale active = MakeActive({});
-    return active;
+    static ActiveLocale s_active = MakeActive({});
+    return s_active;
 }
 
 const ActiveLocale& LocaleOf(Mark mark) {
-    static const ActiveLocale point = MakeActive({.decimalMark = ".", .groupMark = ""});
-    return mark == Mark::Point ? point : Active();
+    static const ActiveLocale kPoint = MakeActive({.DecimalMark = ".", .GroupMark = ""});
+    return mark == Mark::Point ? kPoint : Active();
 }
 
 std::string_view DecimalMark(Mark mark) {
-    return LocaleOf(mark).locale.decimalMark;
+    return LocaleOf(mark).Locale.DecimalMark;
 }
 
 bool Take(std::string_view& text, std::string_view start) {
@@ -85,10 +85,10 @@ bool TakeOneOf(std::string_view& text, const std::vector<std::string>& marks) {
 // Takes the digits ahead of the decimal mark; false if group marks stand in wrong places.
 bool TakeWholePart(std::string_view& text, const ActiveLocale& how, std::string& plain) {
     std::size_t length = TakeDigits(text, plain);
-    const std::size_t firstGroup = static_cast<std::size_t>(how.locale.firstGroup);
-    const std::size_t otherGroups = static_cast<std::size_t>(how.locale.otherGroups);
+    const std::size_t firstGroup = static_cast<std::size_t>(how.Locale.FirstGroup);
+    const std::size_t otherGroups = static_cast<std::size_t>(how.Locale.OtherGroups);
     bool grouped = false;
-    while (TakeOneOf(text, how.groupMarks)) {
+    while (TakeOneOf(text, how.GroupMarks)) {
         if (length > otherGroups || length < (grouped ? otherGroups : 1)) {
             return false;
         }
@@ -99,16 +99,16 @@ bool TakeWholePart(std::string_view& text, const ActiveLocale& how, std::string&
 }
 
 std::string_view WithoutBlanksAround(std::string_view text) {
-    constexpr std::array<std::string_view, 3> blanks{" ", "\t", "\u00A0"};
+    constexpr std::array<std::string_view, 3> kBlanks{" ", "\t", "\u00A0"};
     const auto takeFront = [&](std::string_view blank) { return Take(text, blank); };
     const auto takeBack = [&](std::string_view blank) {
         const bool found = text.ends_with(blank);
         text.remove_suffix(found ? blank.size() : 0);
         return found;
     };
-    while (std::any_of(blanks.begin(), blanks.end(), takeFront)) {
+    while (std::any_of(kBlanks.begin(), kBlanks.end(), takeFront)) {
     }
-    while (std::any_of(blanks.begin(), blanks.end(), takeBack)) {
+    while (std::any_of(kBlanks.begin(), kBlanks.end(), takeBack)) {
     }
     return text;
 }
@@ -126,7 +126,7 @@ bool MakePlain(std::string_view text, const ActiveLocale& how, std::string& plai
         return false;
     }
     bool hasDigits = plain.size() > start;
-    if (TakeOneOf(text, how.decimalMarks)) {
+    if (TakeOneOf(text, how.DecimalMarks)) {
         plain.push_back('.');
         hasDigits = TakeDigits(text, plain) > 0 || hasDigits;
     }
@@ -179,9 +179,9 @@ std::optional<Number> ToNumber(std::string_view text, Mark mark) {
 
 // A value as decimal digits d.ddd times ten to the exponent.
 struct Decimal {
-    bool negative = false;
-    std::string digits;
-    int exponent = 0;
+    bool Negative = false;
+    std::string Digits;
+    int Exponent = 0;
 };
 
 template <typename Number>
@@ -191,13 +191,13 @@ Decimal ToDecimal(Number value, std::size_t digitCount) {
     std::to_chars(text.data(), text.data() + text.size(), std::abs(value), std::chars_format::scientific,
                   static_cast<int>(digitCount) - 1);
     Decimal decimal;
-    decimal.negative = value < 0;
-    decimal.digits.push_back(text[0]);
-    decimal.digits.append(&text[2], digitCount - 1);
+    decimal.Negative = value < 0;
+    decimal.Digits.push_back(text[0]);
+    decimal.Digits.append(&text[2], digitCount - 1);
     const char* exponent = &text[digitCount + 2]; // past the e: a sign and digits
-    std::from_chars(exponent + 1, text.data() + text.size(), decimal.exponent);
+    std::from_chars(exponent + 1, text.data() + text.size(), decimal.Exponent);
     if (*exponent == '-') {
-        decimal.exponent = -decimal.exponent;
+        decimal.Exponent = -decimal.Exponent;
     }
     return decimal;
 }
@@ -214,22 +214,22 @@ void AddOneToLastPlace(std::string& digits) {
 }
 
 std::string ExponentForm(const Decimal& decimal, std::string_view mark) {
-    std::string text = decimal.digits.substr(0, 1);
-    if (decimal.digits.size() > 1) {
-        text.append(mark).append(decimal.digits, 1);
+    std::string text = decimal.Digits.substr(0, 1);
+    if (decimal.Digits.size() > 1) {
+        text.append(mark).append(decimal.Digits, 1);
     }
-    const int size = std::abs(decimal.exponent);
-    text.append(decimal.exponent < 0 ? "E-" : "E+").append(size < 10 ? "0" : "").append(std::to_string(size));
+    const int size = std::abs(decimal.Exponent);
+    text.append(decimal.Exponent < 0 ? "E-" : "E+").append(size < 10 ? "0" : "").append(std::to_string(size));
     return text;
 }
 
 std::string PlainForm(const Decimal& decimal, std::string_view mark) {
-    if (decimal.exponent < 0) {
-        const auto zeros = static_cast<std::size_t>(-decimal.exponent - 1);
-        return std::string("0").append(mark).append(zeros, '0').append(decimal.digits);
+    if (decimal.Exponent < 0) {
+        const auto zeros = static_cast<std::size_t>(-decimal.Exponent - 1);
+        return std::string("0").append(mark).append(zeros, '0').append(decimal.Digits);
     }
-    std::string text = decimal.digits;
-    const auto wholeDigits = static_cast<std::size_t>(decimal.exponent) + 1;
+    std::string text = decimal.Digits;
+    const auto wholeDigits = static_cast<std::size_t>(decimal.Exponent) + 1;
     if (text.size() > wholeDigits) {
         text.insert(wholeDigits, mark);
     } else {
@@ -240,15 +240,15 @@ std::string PlainForm(const Decimal& decimal, std::string_view mark) {
 
 template <typename Number>
 std::string Shortest(Number value, Mark mark) {
-    constexpr int mostDigits = std::is_same_v<Number, float> ? 7 : 15;
-    Decimal decimal = ToDecimal(value, mostDigits);
-    decimal.digits.erase(std::max<std::size_t>(decimal.digits.find_last_not_of('0') + 1, 1));
-    const int decimals = static_cast<int>(decimal.digits.size()) - 1 - decimal.exponent;
-    const bool takesExponent = decimal.exponent >= mostDigits || decimals > mostDigits;
+    constexpr int kMostDigits = std::is_same_v<Number, float> ? 7 : 15;
+    Decimal decimal = ToDecimal(value, kMostDigits);
+    decimal.Digits.erase(std::max<std::size_t>(decimal.Digits.find_last_not_of('0') + 1, 1));
+    const int decimals = static_cast<int>(decimal.Digits.size()) - 1 - decimal.Exponent;
+    const bool takesExponent = decimal.Exponent >= kMostDigits || decimals > kMostDigits;
     const std::string_view decimalMark = DecimalMark(mark);
     const std::string text =
         takesExponent ? ExponentForm(decimal, decimalMark) : PlainForm(decimal, decimalMark);
-    return decimal.negative ? "-" + text : text;
+    return decimal.Negative ? "-" + text : text;
 }
 
 } // namespace
@@ -258,7 +258,7 @@ void SetNumberLocale(const NumberLocale& locale) {
 }
 
 const NumberLocale& CurrentNumberLocale() {
-    return Active().locale;
+    return Active().Locale;
 }
 
 std::optional<double> NumberFromText(std::string_view text, Mark mark) {
@@ -270,11 +270,11 @@ std::optional<float> SingleFromText(std::string_view text, Mark mark) {
 }
 
 std::string WhyNoNumber(std::string_view text) {
-    const std::vector<std::string>& marks = Active().decimalMarks;
+    const std::vector<std::string>& marks = Active().DecimalMarks;
     const auto isNumberWith = [&](const char* mark, const char* groupMark) {
         std::string plain;
         return std::find(marks.begin(), marks.end(), mark) == marks.end() &&
-               MakePlain(text, MakeActive({.decimalMark = mark, .groupMark = groupMark}), plain);
+               MakePlain(text, MakeActive({.DecimalMark = mark, .GroupMark = groupMark}), plain);
     };
     if (isNumberWith(".", ",") || isNumberWith(",", ".")) {
         return "is no number here, where the decimal mark is \"" + marks.front() + "\".";
@@ -283,20 +283,20 @@ std::string WhyNoNumber(std::string_view text) {
 }
 
 std::string Format(double value, std::string_view pattern, Mark mark) {
-    constexpr int mostDigits = 15;
+    constexpr int kMostDigits = 15;
     const std::size_t point = pattern.find('.');
     const std::size_t decimals = point == std::string_view::npos ? 0 : pattern.size() - point - 1;
-    const Decimal decimal = ToDecimal(value, mostDigits);
+    const Decimal decimal = ToDecimal(value, kMostDigits);
 
     // The value in units of the last place shown.
     std::string shown;
-    const int kept = decimal.exponent + 1 + static_cast<int>(decimals);
-    if (kept >= mostDigits) {
-        shown = decimal.digits;
-        shown.append(static_cast<std::size_t>(kept - mostDigits), '0');
+    const int kept = decimal.Exponent + 1 + static_cast<int>(decimals);
+    if (kept >= kMostDigits) {
+        shown = decimal.Digits;
+        shown.append(static_cast<std::size_t>(kept - kMostDigits), '0');
     } else if (kept >= 0) {
-        shown.assign(decimal.digits, 0, static_cast<std::size_t>(kept));
-        if (decimal.digits[static_cast<std::size_t>(kept)] >= '5') {
+        shown.assign(decimal.Digits, 0, static_cast<std::size_t>(kept));
+        if (decimal.Digits[static_cast<std::size_t>(kept)] >= '5') {
             AddOneToLastPlace(shown);
         }
     }
@@ -307,7 +307,7 @@ std::string Format(double value, std::string_view pattern, Mark mark) {
     if (decimals > 0) {
         shown.insert(shown.size() - decimals, DecimalMark(mark));
     }
-    if (decimal.negative && !isZero) {
+    if (decimal.Negative && !isZero) {
         shown.insert(shown.begin(), '-');
     }
     return shown;

@@ -12,10 +12,10 @@ namespace plenair {
 // not group. firstGroup digits stand in the group next to the decimal mark, otherGroups in each one to the
 // left of it (3 and 3 nearly everywhere, 3 and 2 in India).
 struct NumberLocale {
-    std::string decimalMark = ".";
-    std::string groupMark = ",";
-    int firstGroup = 3;
-    int otherGroups = 3;
+    std::string DecimalMark = ".";
+    std::string GroupMark = ",";
+    int FirstGroup = 3;
+    int OtherGroups = 3;
 };
 
 // Set once at the start, from the desktop; a test may set another. The default is the point and the comma.

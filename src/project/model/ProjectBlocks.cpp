@@ -89,7 +89,7 @@ void ReadNumber(ItemReader& reader, Number& field) {
 }
 
 void ReadBlock(ItemReader& reader) {
-    if (DuctCount == MostDucts) {
+    if (DuctCount == kMostDucts) {
         throw FileFailure("more ducts than a project can hold");
     }
     ++DuctCount;

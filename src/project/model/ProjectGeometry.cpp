@@ -17,7 +17,7 @@ double WholeDrawable(double coordinate) {
 } // namespace
 
 double GridPitch(double size, Axis axis) {
-    return size / (axis == Axis::X ? CellsAcross : CellsDown);
+    return size / (axis == Axis::X ? kCellsAcross : kCellsDown);
 }
 
 float SnapToGrid(float value, double size, Axis axis) {
@@ -52,7 +52,7 @@ bool IsColourNumber(float colour) {
 
 ColourNumber DrawnColour(float colour) {
     return IsColourNumber(colour) ? static_cast<ColourNumber>(Whole(static_cast<double>(colour)))
-                                  : BlackColour;
+                                  : kBlackColour;
 }
 
 double Drawable(double coordinate) {

@@ -6,8 +6,8 @@
 // Where things stand on the grid and on a page. Pure functions; units are those of the drawing surface.
 namespace plenair {
 
-constexpr int CellsAcross = 40;
-constexpr int CellsDown = 30;
+constexpr int kCellsAcross = 40;
+constexpr int kCellsDown = 30;
 
 enum class Axis { X = 1, Y = 2 };
 
@@ -20,8 +20,8 @@ double GridPitch(double size, Axis axis);
 float SnapToGrid(float value, double size, Axis axis);
 
 struct Point {
-    double x = 0;
-    double y = 0;
+    double X = 0;
+    double Y = 0;
 };
 
 // A duct's ends, or the place of its label in the middle between them, on a surface of that size, as whole

@@ -5,10 +5,10 @@ namespace plenair {
 std::vector<DuctRecord> Ducts(1);
 std::int16_t DuctCount = 0;
 std::string ProjectName;
-Flag Solved = FlagClear;
-Flag RunFailed = FlagClear;
-Flag DrawPending = FlagClear;
-Flag PlotShowing = FlagClear;
+Flag Solved = kFlagClear;
+Flag RunFailed = kFlagClear;
+Flag DrawPending = kFlagClear;
+Flag PlotShowing = kFlagClear;
 float DrawColour = 0;
 std::uint64_t NetworkRevision = 0;
 
@@ -71,7 +71,7 @@ void FitDucts() {
 }
 
 void ClearProject() {
-    Solved = FlagClear;
+    Solved = kFlagClear;
     ProjectName.clear();
     DuctCount = 0;
     Ducts.assign(1, {});
@@ -80,9 +80,9 @@ void ClearProject() {
 
 void StartProject() {
     ClearProject();
-    RunFailed = FlagClear;
-    DrawPending = FlagClear;
-    PlotShowing = FlagClear;
+    RunFailed = kFlagClear;
+    DrawPending = kFlagClear;
+    PlotShowing = kFlagClear;
 }
 
 void StartReading() {
@@ -95,7 +95,7 @@ bool TakesInput(float colour, int box) {
     if (box == 4 || box == 5) {
         return true;
     }
-    return colour == ConnectionColour ? box == 8 : box == 1 || box == 3 || box == 6;
+    return colour == kConnectionColour ? box == 8 : box == 1 || box == 3 || box == 6;
 }
 
 void FollowOn(std::int16_t duct, std::int16_t box) {
@@ -112,13 +112,13 @@ void FollowOn(std::int16_t duct, std::int16_t box) {
 }
 
 std::string TypeLetter(float colour) {
-    if (colour == RigidColour) {
+    if (colour == kRigidColour) {
         return "R";
     }
-    if (colour == FlexibleColour) {
+    if (colour == kFlexibleColour) {
         return "F";
     }
-    return colour == ConnectionColour ? "C" : "";
+    return colour == kConnectionColour ? "C" : "";
 }
 
 std::string DuctLabel(std::int16_t duct) {

@@ -10,14 +10,14 @@ namespace plenair {
 
 // A flag is a word with no bit set or all of them.
 using Flag = std::uint16_t;
-constexpr Flag FlagClear = 0;
-constexpr Flag FlagSet = 65535;
+constexpr Flag kFlagClear = 0;
+constexpr Flag kFlagSet = 65535;
 
 // The type of an element is its drawing colour. Any other colour has no letter; the solution and FollowOn
 // treat it as a flexible duct.
-constexpr float RigidColour = 255.0F;
-constexpr float FlexibleColour = 16711680.0F;
-constexpr float ConnectionColour = 65535.0F;
+constexpr float kRigidColour = 255.0F;
+constexpr float kFlexibleColour = 16711680.0F;
+constexpr float kConnectionColour = 65535.0F;
 
 // Ends are fractions of the drawing surface. Velocity and LossPerMetre of a duct are caps before the solution
 // and results after it.
@@ -38,7 +38,7 @@ struct DuctRecord {
     double Flow = 0;         // L/s
 };
 
-constexpr std::int16_t MostDucts = 32767;
+constexpr std::int16_t kMostDucts = 32767;
 
 // Ducts 1 to DuctCount; element 0 is there from the start, but is no duct. While a file is being read
 // DuctCount starts at -1.

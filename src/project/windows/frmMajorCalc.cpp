@@ -142,7 +142,7 @@ void frmMajorCalc::cmdMajorOptions_Click() {
 }
 
 void frmMajorCalc::optDuct_Click(int index) {
-    const float colours[] = {RigidColour, FlexibleColour, ConnectionColour};
+    const float colours[] = {kRigidColour, kFlexibleColour, kConnectionColour};
     DrawColour = colours[index];
 }
 

@@ -95,7 +95,7 @@ void frmMajorParam::CreateControls() {
     large.setPointSizeF(13.5);
     large.setBold(true);
     lblDuctNo->setFont(large);
-    SetDuctNoColour(NoDuctColour);
+    SetDuctNoColour(kNoDuctColour);
     Place(lblDuctNo, 105, 0, 960, 330);
     heading("lblParameter", "Parameter", 105, 375, 855);
     heading("lblValue", "Value", 1995, 375, 585);
@@ -108,7 +108,7 @@ void frmMajorParam::CreateControls() {
                                 " Pa/m Loss (Pa)",
                                 " Equiv. Round Duct (mm)",
                                 " Connection Coefficient"};
-    for (int box = 1; box <= SheetBoxes; ++box) {
+    for (int box = 1; box <= kSheetBoxes; ++box) {
         const double top = 600 + 285 * (box - 1);
         auto* label = new BorderedLabel(ArrayName("lblParam", box), captions[box - 1], Client());
         label->setBackgroundRole(QPalette::Base);
@@ -135,7 +135,7 @@ void frmMajorParam::Form_Load(SolverWindow& solver, double gridWidth, double gri
     m_windows = std::make_unique<ProjectWindows>(ProjectWindows{solver, *this});
     GotFocus = [this] { Form_GotFocus(); };
     scrDuctNo->Change = [this] { scrDuctNo_Change(); };
-    for (int box = 1; box <= SheetBoxes; ++box) {
+    for (int box = 1; box <= kSheetBoxes; ++box) {
         TextBox* text = TxtParam(box);
         text->GotFocus = [this, box] { txtParam_GotFocus(box); };
         text->LostFocus = [this, box] { txtParam_LostFocus(box); };
@@ -197,20 +197,20 @@ void frmMajorParam::txtParam_LostFocus(int box) {
 }
 
 void frmMajorParam::txtParam_KeyDown(int box, int keyCode) {
-    if (keyCode == KeyDownArrow && box < SheetBoxes) {
+    if (keyCode == kKeyDownArrow && box < kSheetBoxes) {
         GiveFocus(TxtParam(box + 1));
-    } else if (keyCode == KeyUpArrow && box >= 2) {
+    } else if (keyCode == kKeyUpArrow && box >= 2) {
         GiveFocus(TxtParam(box - 1));
     }
 }
 
 void frmMajorParam::txtParam_KeyPress(int box, int character) {
-    if (character == KeyEnter) {
+    if (character == kKeyEnter) {
         StoreBox(*m_windows, box);
-        if (box < SheetBoxes) {
+        if (box < kSheetBoxes) {
             GiveFocus(TxtParam(box + 1));
         }
-    } else if (character == KeyEscape) {
+    } else if (character == kKeyEscape) {
         ShowDuctSheet(*m_windows, SheetDuct(*m_windows));
     }
 }

@@ -54,7 +54,7 @@ class frmMajorParam : public Form, public SheetWindow {
     Label* lblDuct = nullptr;
     Label* lblDuctNo = nullptr;
     ScrollBar* scrDuctNo = nullptr;
-    std::array<TextBox*, SheetBoxes> txtParam = {};
+    std::array<TextBox*, kSheetBoxes> txtParam = {};
     CheckBox* chkFollowOn = nullptr;
 };
 
