@@ -26,7 +26,7 @@ QFont FormFont() {
 }
 
 // What the desktop's frame adds to a window, once one has been seen.
-QSize SFrame(0, 0);
+QSize s_frame(0, 0);
 
 } // namespace
 
@@ -69,11 +69,11 @@ QSize Form::FrameSize() const {
     for (const QWidget* window : QApplication::topLevelWidgets()) {
         const QSize frame = window->frameGeometry().size() - window->size();
         if (qobject_cast<const Form*>(window) != nullptr && !frame.isEmpty()) {
-            SFrame = frame;
+            s_frame = frame;
         }
     }
     const QSize known = frameGeometry().size();
-    return known != size() ? known : size() + SFrame;
+    return known != size() ? known : size() + s_frame;
 }
 
 void Form::FillScreen() {

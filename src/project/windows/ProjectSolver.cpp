@@ -11,36 +11,36 @@ namespace plenair {
 namespace {
 
 // Each window exists at most once. They end while a handler of theirs may still be on its way out.
-QPointer<frmMajorCalc> SSolver;
-QPointer<frmMajorParam> SSheet;
+QPointer<frmMajorCalc> s_solver;
+QPointer<frmMajorParam> s_sheet;
 
 } // namespace
 
 void ShowProjectSolver(const ProjectSolverLinks& links) {
     UnloadProjectSolver();
     StartProject();
-    SSheet = new frmMajorParam;
-    SSolver = new frmMajorCalc(*SSheet);
-    SSolver->ShowOptions = links.ShowOptions;
-    SSolver->CloseSolver = [closed = links.Closed] {
-        SSolver->hide();
+    s_sheet = new frmMajorParam;
+    s_solver = new frmMajorCalc(*s_sheet);
+    s_solver->ShowOptions = links.ShowOptions;
+    s_solver->CloseSolver = [closed = links.Closed] {
+        s_solver->hide();
         closed();
         UnloadProjectSolver();
     };
-    QObject::connect(SSheet, &Form::CloseRequested, SSolver, [] { SSolver->UntickSheet(); });
-    SSolver->Form_Load([] { SSheet->Form_Load(*SSolver, SSolver->GridWidth(), SSolver->GridTop()); });
-    SSolver->show();
+    QObject::connect(s_sheet, &Form::CloseRequested, s_solver, [] { s_solver->UntickSheet(); });
+    s_solver->Form_Load([] { s_sheet->Form_Load(*s_solver, s_solver->GridWidth(), s_solver->GridTop()); });
+    s_solver->show();
 }
 
 void UnloadProjectSolver() {
-    for (Form* window : {static_cast<Form*>(SSolver), static_cast<Form*>(SSheet)}) {
+    for (Form* window : {static_cast<Form*>(s_solver), static_cast<Form*>(s_sheet)}) {
         if (window != nullptr) {
             window->hide();
             window->deleteLater();
         }
     }
-    SSolver = nullptr;
-    SSheet = nullptr;
+    s_solver = nullptr;
+    s_sheet = nullptr;
 }
 
 } // namespace plenair
