@@ -6,6 +6,7 @@ qt_packages=(qt6-base-dev qt6-svg-dev)
 desktop_packages=(fonts-liberation fonts-dejavu-core x11-utils)
 check_packages=(clang libclang-rt-14-dev clang-format poppler-utils)
 real_desktop_packages=(libxtst-dev libxcb1-dev xvfb openbox xfwm4 metacity mutter imagemagick)
+package_packages=(dpkg-dev file lintian desktop-file-utils appstream shared-mime-info)
 tour_packages=(xvfb openbox xdotool imagemagick poppler-utils)
 
 install_log=build/install.log

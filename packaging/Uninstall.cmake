@@ -1,0 +1,37 @@
+# Removes the files that the manifest of an installation names, and the folders that are empty without them. What
+# else lies in those folders stays.
+if(NOT EXISTS "${MANIFEST}")
+    message(FATAL_ERROR "${MANIFEST}: there is nothing installed that could be removed")
+endif()
+file(STRINGS "${MANIFEST}" files)
+set(folders)
+foreach(file IN LISTS files)
+    file(REMOVE "$ENV{DESTDIR}${file}")
+    string(REGEX MATCH "^(.*)/mime/packages/plenair.xml$" is_kind "${file}")
+    if(is_kind)
+        set(mime "$ENV{DESTDIR}${CMAKE_MATCH_1}/mime")
+    endif()
+    get_filename_component(folder "$ENV{DESTDIR}${file}" DIRECTORY)
+    while(NOT folder STREQUAL "/" AND NOT folder STREQUAL "")
+        list(APPEND folders "${folder}")
+        get_filename_component(folder "${folder}" DIRECTORY)
+    endwhile()
+endforeach()
+
+# The rest of a folder of kinds of files is made from its packages/: without any it goes too.
+if(DEFINED mime)
+    file(GLOB others "${mime}/packages/*")
+    if(others)
+        execute_process(COMMAND update-mime-database "${mime}" OUTPUT_QUIET ERROR_QUIET)
+    else()
+        file(REMOVE_RECURSE "${mime}")
+    endif()
+endif()
+
+# Deepest first. rmdir leaves a folder that isn't empty.
+list(REMOVE_DUPLICATES folders)
+list(SORT folders ORDER DESCENDING)
+foreach(folder IN LISTS folders)
+    execute_process(COMMAND rmdir "${folder}" OUTPUT_QUIET ERROR_QUIET)
+endforeach()
+file(REMOVE "${MANIFEST}")
