@@ -1,8 +1,10 @@
+#include "platform/desktop/Progress.h"
 #include "windows/WindowTest.h"
 
 #include <QApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QProgressDialog>
 
 namespace plenair {
 namespace {
@@ -132,6 +134,20 @@ TEST_F(Controls, OtherWindowsOfTheProgramCount) {
     other.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
     EXPECT_EQ(Events(), "");
+}
+
+// It appears by itself where the work lasts, and its button ends the work.
+TEST_F(Controls, LongWorkShowsItselfAndCanBeCancelled) {
+    dialogsExpected = true;
+    Progress progress({"Working...", "Test", 1'000'000'000});
+    const auto dialog = [&] { return m_form.findChild<QProgressDialog*>(); };
+    ASSERT_NE(dialog(), nullptr);
+    int done = 0;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return progress.GoOn(++done) && dialog()->isVisible(); }));
+    EXPECT_EQ(dialog()->labelText(), "Working...");
+    QTest::mouseClick(dialog()->findChild<QPushButton*>(), Qt::LeftButton);
+    EXPECT_FALSE(progress.GoOn(done));
+    dialogsExpected = false;
 }
 
 } // namespace

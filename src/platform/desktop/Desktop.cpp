@@ -68,6 +68,12 @@ std::string AskForText(const InputRequest& request) {
     return ask ? ask(request) : std::string();
 }
 
+Progress::Progress(const ProgressRequest& request) {
+    if (const auto start = Desktop().StartProgress) {
+        m_step = start(request);
+    }
+}
+
 void PlaySoundA(const std::string& name, unsigned flags) {
     if (const auto play = Desktop().PlaySound) {
         play(name, flags);

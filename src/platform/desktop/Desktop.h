@@ -3,6 +3,7 @@
 #include "platform/desktop/CommonDialog.h"
 #include "platform/desktop/InputBox.h"
 #include "platform/desktop/MessageBox.h"
+#include "platform/desktop/Progress.h"
 #include "platform/text/LocalTime.h"
 
 #include <functional>
@@ -21,6 +22,8 @@ struct DesktopServices {
     // Gives whether the dialog was accepted, with FileName or Copies filled in. A save dialog adds DefaultExt
     // by itself before it asks about overwriting.
     std::function<bool(DialogKind, CommonDialog&)> ShowDialog;
+    // Begins long work; the work ends with the function that this gives.
+    std::function<ProgressStep(const ProgressRequest&)> StartProgress;
     std::function<void(const std::string& path, unsigned flags)> PlaySound;
     std::function<bool(const std::string& path)> StartEditor;
     std::function<void()> Beep;

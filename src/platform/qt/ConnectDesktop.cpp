@@ -7,6 +7,7 @@
 #include "platform/qt/FileDialogs.h"
 #include "platform/qt/FocusEvents.h"
 #include "platform/qt/OtherPrograms.h"
+#include "platform/qt/ProgressDialog.h"
 #include "platform/qt/Twips.h"
 #include "platform/text/NumberText.h"
 
@@ -142,6 +143,7 @@ void ConnectDesktop() {
         .AskByMessageBox = AskByMessageBox,
         .AskByInputBox = AskByInputBox,
         .ShowDialog = ShowCommonDialog,
+        .StartProgress = StartProgressDialog,
         .PlaySound = [](const std::string& path, unsigned) { PlayByOtherProgram(path); },
         .StartEditor = EditByOtherProgram,
         .Beep = [] { QApplication::beep(); },
