@@ -1,0 +1,182 @@
+#include "project/model/History.h"
+
+#include "project/model/DuctBits.h"
+#include "project/model/ProjectModel.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <random>
+
+namespace plenair {
+namespace {
+
+struct State {
+    std::vector<DuctBits> Elements;
+    std::int16_t Count;
+    Flag WasSolved;
+    std::string Name;
+    bool operator==(const State&) const = default;
+};
+
+State Now() {
+    State state{{}, DuctCount, Solved, ProjectName};
+    for (const DuctRecord& duct : Ducts) {
+        state.Elements.push_back(BitsOf(duct));
+    }
+    return state;
+}
+
+void Fill(int ducts, const std::function<double(int)>& flow) {
+    DuctCount = static_cast<std::int16_t>(ducts);
+    FitDucts();
+    for (int number = 1; number <= ducts; ++number) {
+        Duct(number) = {.Colour = number % 3 == 0 ? ConnectionColour : RigidColour,
+                        .StartX = (number % 41) / 40.0,
+                        .EndY = (number % 31) / 30.0,
+                        .Flow = number % 3 == 0 ? 0 : flow(number)};
+    }
+}
+
+// Any row of actions, undone and redone to and fro, comes by the very states that it came by before.
+TEST(History, EveryStateComesBackBitForBit) {
+    std::mt19937 random(1);
+    const auto below = [&](int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); };
+    const std::function<void()> actions[] = {
+        [&] { AddDuct(below(40), below(30), static_cast<float>(below(40)), 1, 40, 30); },
+        [&] { // a value, and what follows it
+            const auto duct = static_cast<std::int16_t>(below(DuctCount + 1));
+            Duct(duct).Flow = below(3) / 3.0;
+            FollowOn(duct, 1);
+        },
+        [&] { // the last one removed
+            DuctCount = static_cast<std::int16_t>(std::max(DuctCount - 1, 0));
+            FitDucts();
+        },
+        ClearProject,
+        [&] { // a load, with an element 0 of its own
+            Fill(below(70), [&](int number) { return number * 1.1; });
+            Ducts[0].Spare = -0.0F;
+            ProjectName = std::to_string(below(3));
+            Solved = FlagClear;
+        },
+        [&] { // a solution
+            for (int number = 1; number <= DuctCount; ++number) {
+                Duct(number).Velocity = number / 7.0;
+                Duct(number).EquivRound = 375;
+            }
+            Solved = FlagSet;
+        },
+        [] {}};
+    StartProject();
+    StartHistory();
+    std::vector<State> states{Now()};
+    std::size_t at = 0;
+    for (int turn = 0; turn < 3000; ++turn) {
+        if (const int way = below(3); way == 0) {
+            EXPECT_EQ(UndoStep().has_value(), at > 0);
+            at -= at > 0 ? 1U : 0U;
+        } else if (way == 1) {
+            EXPECT_EQ(RedoStep().has_value(), at + 1 < states.size());
+            at += at + 1 < states.size() ? 1U : 0U;
+        } else {
+            actions[static_cast<std::size_t>(below(7))]();
+            const bool changed = Now() != states[at];
+            EXPECT_EQ(NoteStep(false), changed);
+            if (changed) {
+                states.resize(++at);
+                states.push_back(Now());
+            }
+        }
+        ASSERT_EQ(Now(), states[at]) << "turn " << turn;
+    }
+    EXPECT_GT(states.size(), 50U);
+}
+
+TEST(History, NamesTheFirstDuctThatChangedAndTheButton) {
+    StartProject();
+    Fill(5, [](int) { return 1; });
+    StartHistory(false);
+    Duct(2).Flow = 7;
+    FollowOn(2, 1);
+    NoteStep(false);
+    ClearProject();
+    NoteStep(true); // as if a solution had shown it in between
+    AddDuct(0, 0, 1, 1, 40, 30);
+    ProjectName = "saved.gsp";
+    NoteName();
+    NoteStep(true);
+    EXPECT_EQ(UndoStep()->Duct, 0) << "the drawn one is gone";
+    EXPECT_EQ(ProjectName, "saved.gsp") << "a save is no step";
+    const auto cleared = UndoStep();
+    EXPECT_EQ(cleared->Duct, 1);
+    EXPECT_FALSE(cleared->PressureShown);
+    EXPECT_EQ(UndoStep()->Duct, 2);
+    EXPECT_EQ(RedoStep()->Duct, 2);
+    EXPECT_TRUE(RedoStep()->PressureShown);
+    EXPECT_EQ(ProjectName, "saved.gsp") << "the name that it had on that side";
+    StartHistory();
+    EXPECT_FALSE(UndoStep() || RedoStep());
+}
+
+// A thousand steps of the largest project stay within their bounds, and so does what can't be packed.
+TEST(History, TheLargestProject) {
+    std::mt19937_64 random(1);
+    const auto anything = [&](int) { return std::ldexp(static_cast<double>(random()), -40); };
+    const struct {
+        const char* Name;
+        std::function<void(int)> Action;
+        bool Packs;
+    } rows[] = {{"Follow On",
+                 [](int step) {
+                     Duct(1 + step % 7).Flow = step;
+                     FollowOn(static_cast<std::int16_t>(1 + step % 7), 1);
+                 },
+                 true},
+                {"cleared and loaded",
+                 [](int step) {
+                     ClearProject();
+                     if (step % 2 == 1) {
+                         Fill(MostDucts, [](int number) { return number / 9.0; });
+                     }
+                 },
+                 true},
+                {"other values at each step",
+                 [&](int) {
+                     for (DuctRecord& duct : Ducts) {
+                         DuctBits bits;
+                         std::generate(bits.begin(), bits.end(), [&] { return random(); });
+                         duct = DuctOf(bits);
+                     }
+                 },
+                 false}};
+    constexpr int kSteps = 13;
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.Name);
+        StartProject();
+        Fill(MostDucts, anything);
+        StartHistory();
+        const State start = Now();
+        std::size_t bytesOfFirst = 0;
+        for (int step = 0; step < kSteps; ++step) {
+            row.Action(step);
+            ASSERT_TRUE(NoteStep(false));
+            bytesOfFirst = step == 5 ? HistoryBytes() : bytesOfFirst;
+        }
+        EXPECT_LT(HistoryBytes(), 64U << 20);
+        EXPECT_EQ(bytesOfFirst + (HistoryBytes() - bytesOfFirst) * 1000 / (kSteps - 6) < 64U << 20,
+                  row.Packs);
+        int undone = 0;
+        while (UndoStep()) {
+            ++undone;
+        }
+        EXPECT_EQ(undone == kSteps, row.Packs) << undone;
+        EXPECT_GT(undone, 5);
+        EXPECT_EQ(Now() == start, row.Packs);
+    }
+    StartProject();
+    StartHistory();
+}
+
+} // namespace
+} // namespace plenair
