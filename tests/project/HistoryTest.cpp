@@ -31,7 +31,7 @@ void Fill(int ducts, const std::function<double(int)>& flow) {
     DuctCount = static_cast<std::int16_t>(ducts);
     FitDucts();
     for (int number = 1; number <= ducts; ++number) {
-        Duct(number) = {.Colour = number % 3 == 0 ? ConnectionColour : RigidColour,
+        Duct(number) = {.Colour = number % 3 == 0 ? kConnectionColour : kRigidColour,
                         .StartX = (number % 41) / 40.0,
                         .EndY = (number % 31) / 30.0,
                         .Flow = number % 3 == 0 ? 0 : flow(number)};
@@ -58,14 +58,14 @@ TEST(History, EveryStateComesBackBitForBit) {
             Fill(below(70), [&](int number) { return number * 1.1; });
             Ducts[0].Spare = -0.0F;
             ProjectName = std::to_string(below(3));
-            Solved = FlagClear;
+            Solved = kFlagClear;
         },
         [&] { // a solution
             for (int number = 1; number <= DuctCount; ++number) {
                 Duct(number).Velocity = number / 7.0;
                 Duct(number).EquivRound = 375;
             }
-            Solved = FlagSet;
+            Solved = kFlagSet;
         },
         [] {}};
     StartProject();
@@ -137,7 +137,7 @@ TEST(History, TheLargestProject) {
                  [](int step) {
                      ClearProject();
                      if (step % 2 == 1) {
-                         Fill(MostDucts, [](int number) { return number / 9.0; });
+                         Fill(kMostDucts, [](int number) { return number / 9.0; });
                      }
                  },
                  true},
@@ -154,7 +154,7 @@ TEST(History, TheLargestProject) {
     for (const auto& row : rows) {
         SCOPED_TRACE(row.Name);
         StartProject();
-        Fill(MostDucts, anything);
+        Fill(kMostDucts, anything);
         StartHistory();
         const State start = Now();
         std::size_t bytesOfFirst = 0;

@@ -33,7 +33,7 @@ struct Step {
     std::vector<std::shared_ptr<const Column>> Columns;
     std::int16_t FirstDuct = 0;
     std::int16_t OtherCount = 0;
-    Flag OtherSolved = FlagClear;
+    Flag OtherSolved = kFlagClear;
     bool OtherPressureShown = false;
     std::optional<std::string> OtherName;
 };
@@ -44,7 +44,7 @@ struct History {
     std::size_t Bytes = 0;
     // The state after the step done last.
     std::vector<DuctBits> Elements;
-    Flag WasSolved = FlagClear;
+    Flag WasSolved = kFlagClear;
     std::string Name;
     bool PressureShown = false;
 };

@@ -1,0 +1,138 @@
+#include "project/model/KeptProject.h"
+
+#include "platform/files/FileFailure.h"
+#include "project/model/DuctBits.h"
+
+#include <algorithm>
+#include <cstring>
+#include <utility>
+
+// The content is a row of 64-bit words in the byte order of the machine: mark, sum of all words after it,
+// then flags, name, folder, number of elements, and the bits of each. A text is its length and its bytes,
+// filled up to whole words.
+namespace plenair {
+
+namespace {
+
+constexpr std::uint64_t kMark = 0x31'59'52'56'43'45'52'50; // a new form takes another one
+constexpr std::size_t kWord = sizeof(std::uint64_t);
+constexpr std::size_t kHeader = 2 * kWord;
+constexpr std::uint64_t kSolvedBit = 1;
+constexpr std::uint64_t kPressureBit = 2;
+
+void Append(std::string& content, std::uint64_t word) {
+    char bytes[kWord];
+    std::memcpy(bytes, &word, kWord);
+    content.append(bytes, kWord);
+}
+
+void Append(std::string& content, const std::string& text) {
+    Append(content, text.size());
+    content += text;
+    content.resize((content.size() + kWord - 1) / kWord * kWord);
+}
+
+std::uint64_t WordAt(std::string_view content, std::size_t at) {
+    std::uint64_t word = 0;
+    std::memcpy(&word, content.data() + at, kWord);
+    return word;
+}
+
+// Of all that follows the header. A change of any word changes it.
+std::uint64_t SumOf(std::string_view content) {
+    std::uint64_t sum = 0xCBF29CE484222325;
+    for (std::size_t at = kHeader; at < content.size(); at += kWord) {
+        sum = (sum ^ WordAt(content, at)) * 0x100000001B3;
+        sum ^= sum >> 32;
+    }
+    return sum;
+}
+
+// Takes words and texts off a content.
+class Reader {
+  public:
+    explicit Reader(std::string_view content) : m_rest(content) {}
+
+    std::uint64_t Word() {
+        const std::string_view taken = Take(kWord);
+        return WordAt(taken, 0);
+    }
+
+    std::string Text() {
+        const std::uint64_t size = Word();
+        Require(size <= m_rest.size());
+        return std::string(Take((size + kWord - 1) / kWord * kWord).substr(0, size));
+    }
+
+    static void Require(bool isWhole) {
+        if (!isWhole) {
+            throw FileFailure("Damaged");
+        }
+    }
+
+    bool AtEnd() const { return m_rest.empty(); }
+
+  private:
+    std::string_view Take(std::size_t size) {
+        Require(size <= m_rest.size());
+        const std::string_view taken = m_rest.substr(0, size);
+        m_rest.remove_prefix(size);
+        return taken;
+    }
+
+    std::string_view m_rest;
+};
+
+} // namespace
+
+std::string KeptContent(bool pressureShown, const std::string& folder) {
+    std::string content;
+    content.reserve(Ducts.size() * sizeof(DuctBits) + ProjectName.size() + folder.size() + 16 * kWord);
+    Append(content, kMark);
+    Append(content, std::uint64_t{0}); // the sum, when all the rest is there
+    Append(content, (Solved != kFlagClear ? kSolvedBit : 0) | (pressureShown ? kPressureBit : 0));
+    Append(content, ProjectName);
+    Append(content, folder);
+    Append(content, Ducts.size());
+    for (const DuctRecord& duct : Ducts) {
+        for (const std::uint64_t word : BitsOf(duct)) {
+            Append(content, word);
+        }
+    }
+    const std::uint64_t sum = SumOf(content);
+    std::memcpy(content.data() + kWord, &sum, kWord);
+    return content;
+}
+
+KeptProject ReadKept(std::string_view content) {
+    Reader::Require(content.size() % kWord == 0);
+    Reader reader(content);
+    Reader::Require(reader.Word() == kMark);
+    Reader::Require(reader.Word() == SumOf(content));
+    KeptProject kept;
+    const std::uint64_t flags = reader.Word();
+    kept.IsSolved = (flags & kSolvedBit) != 0;
+    kept.PressureShown = (flags & kPressureBit) != 0;
+    kept.Name = reader.Text();
+    kept.Folder = reader.Text();
+    const std::uint64_t elements = reader.Word();
+    Reader::Require(elements >= 1 && elements <= std::size_t{kMostDucts} + 1);
+    kept.Elements.reserve(elements);
+    for (std::uint64_t element = 0; element < elements; ++element) {
+        DuctBits bits;
+        std::generate(bits.begin(), bits.end(), [&] { return reader.Word(); });
+        kept.Elements.push_back(DuctOf(bits));
+    }
+    Reader::Require(reader.AtEnd());
+    return kept;
+}
+
+void TakeKept(KeptProject kept) {
+    Ducts = std::move(kept.Elements);
+    DuctCount = static_cast<std::int16_t>(Ducts.size() - 1);
+    FitDucts();
+    Solved = kept.IsSolved ? kFlagSet : kFlagClear;
+    ProjectName = std::move(kept.Name);
+}
+
+} // namespace plenair
