@@ -1,6 +1,5 @@
 #include "project/model/History.h"
 
-#include "project/model/DuctBits.h"
 #include "project/model/PackedWords.h"
 #include "project/model/ProjectModel.h"
 
@@ -33,7 +32,7 @@ struct Step {
     std::vector<std::shared_ptr<const Column>> Columns;
     std::int16_t FirstDuct = 0;
     std::int16_t OtherCount = 0;
-    Flag OtherSolved = kFlagClear;
+    bool OtherSolved = false;
     bool OtherPressureShown = false;
     std::optional<std::string> OtherName;
 };
@@ -42,11 +41,7 @@ struct History {
     std::deque<Step> Steps;
     std::size_t Done = 0; // the steps from this one on have been undone
     std::size_t Bytes = 0;
-    // The state after the step done last.
-    std::vector<DuctBits> Elements;
-    Flag WasSolved = kFlagClear;
-    std::string Name;
-    bool PressureShown = false;
+    ProjectState Noted;
 };
 
 History s_history;
@@ -61,14 +56,15 @@ std::size_t BytesOf(const Step& step) {
 }
 
 // Takes the project as the state after the step done last; of the elements only these may differ from it.
-void TakeState(bool pressureShown, std::size_t first, std::size_t last) {
-    s_history.Elements.resize(Ducts.size());
+void NoteState(bool pressureShown, std::size_t first, std::size_t last) {
+    ProjectState& noted = s_history.Noted;
+    noted.Elements.resize(Ducts.size());
     for (std::size_t element = first; element < std::min(last + 1, Ducts.size()); ++element) {
-        s_history.Elements[element] = BitsOf(Ducts[element]);
+        noted.Elements[element] = BitsOf(Ducts[element]);
     }
-    s_history.WasSolved = Solved;
-    s_history.Name = ProjectName;
-    s_history.PressureShown = pressureShown;
+    noted.IsSolved = Solved != kFlagClear;
+    noted.Name = ProjectName;
+    noted.PressureShown = pressureShown;
 }
 
 // The elements from First to Last differ in one word at least.
@@ -80,7 +76,7 @@ struct Changes {
 };
 
 DuctBits Before(std::size_t element) {
-    return element < s_history.Elements.size() ? s_history.Elements[element] : DuctBits{};
+    return element < s_history.Noted.Elements.size() ? s_history.Noted.Elements[element] : DuctBits{};
 }
 
 DuctBits Present(std::size_t element) {
@@ -89,7 +85,7 @@ DuctBits Present(std::size_t element) {
 
 Changes FindChanges() {
     Changes changes;
-    const std::size_t elements = std::max(Ducts.size(), s_history.Elements.size());
+    const std::size_t elements = std::max(Ducts.size(), s_history.Noted.Elements.size());
     for (std::size_t element = 0; element < elements; ++element) {
         const DuctBits before = Before(element);
         const DuctBits present = Present(element);
@@ -168,12 +164,13 @@ SteppedTo Cross(Step& step) {
         DuctCount = target;
         FitDucts();
     }
-    std::swap(Solved, step.OtherSolved);
+    const bool wasSolved = Solved != kFlagClear;
+    Solved = std::exchange(step.OtherSolved, wasSolved) ? kFlagSet : kFlagClear;
     if (step.OtherName) {
         std::swap(ProjectName, *step.OtherName);
     }
-    const bool pressureShown = std::exchange(step.OtherPressureShown, s_history.PressureShown);
-    TakeState(pressureShown, 0, Ducts.size());
+    const bool pressureShown = std::exchange(step.OtherPressureShown, s_history.Noted.PressureShown);
+    NoteState(pressureShown, 0, Ducts.size());
     return {IsDuct(step.FirstDuct) ? step.FirstDuct : std::int16_t{0}, pressureShown};
 }
 
@@ -181,15 +178,16 @@ SteppedTo Cross(Step& step) {
 
 void StartHistory(bool pressureShown) {
     s_history = {};
-    TakeState(pressureShown, 0, Ducts.size());
+    NoteState(pressureShown, 0, Ducts.size());
 }
 
 bool NoteStep(bool pressureShown) {
     const Changes changes = FindChanges();
-    const bool renamed = ProjectName != s_history.Name;
-    if (!changes.Any() && Ducts.size() == s_history.Elements.size() && Solved == s_history.WasSolved &&
-        !renamed) {
-        s_history.PressureShown = pressureShown;
+    const bool isSolved = Solved != kFlagClear;
+    const bool renamed = ProjectName != s_history.Noted.Name;
+    if (!changes.Any() && Ducts.size() == s_history.Noted.Elements.size() &&
+        isSolved == s_history.Noted.IsSolved && !renamed) {
+        s_history.Noted.PressureShown = pressureShown;
         return false;
     }
     ForgetUndone();
@@ -200,22 +198,22 @@ bool NoteStep(bool pressureShown) {
         }
     }
     step.FirstDuct = static_cast<std::int16_t>(std::max<std::size_t>(changes.First, 1));
-    step.OtherCount = static_cast<std::int16_t>(s_history.Elements.size() - 1);
-    step.OtherSolved = s_history.WasSolved;
-    step.OtherPressureShown = s_history.PressureShown;
+    step.OtherCount = static_cast<std::int16_t>(s_history.Noted.Elements.size() - 1);
+    step.OtherSolved = s_history.Noted.IsSolved;
+    step.OtherPressureShown = s_history.Noted.PressureShown;
     if (renamed) {
-        step.OtherName = s_history.Name;
+        step.OtherName = s_history.Noted.Name;
     }
     s_history.Bytes += BytesOf(step);
     s_history.Steps.push_back(std::move(step));
     s_history.Done = s_history.Steps.size();
     ForgetOldest();
-    TakeState(pressureShown, changes.First, changes.Last);
+    NoteState(pressureShown, changes.First, changes.Last);
     return true;
 }
 
 void NoteName() {
-    s_history.Name = ProjectName;
+    s_history.Noted.Name = ProjectName;
 }
 
 std::optional<SteppedTo> UndoStep() {
@@ -232,8 +230,12 @@ std::optional<SteppedTo> RedoStep() {
     return Cross(s_history.Steps[s_history.Done++]);
 }
 
+const ProjectState& NotedState() {
+    return s_history.Noted;
+}
+
 std::size_t HistoryBytes() {
-    return s_history.Bytes + s_history.Elements.capacity() * sizeof(DuctBits);
+    return s_history.Bytes + s_history.Noted.Elements.capacity() * sizeof(DuctBits);
 }
 
 } // namespace plenair

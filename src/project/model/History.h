@@ -1,5 +1,7 @@
 #pragma once
 
+#include "project/model/ProjectState.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -33,6 +35,9 @@ struct SteppedTo {
 // none.
 std::optional<SteppedTo> UndoStep();
 std::optional<SteppedTo> RedoStep();
+
+// The project after the step that was noted, undone or redone last: never one in the midst of an action.
+const ProjectState& NotedState();
 
 // Bytes that the steps and the state to compare with take.
 std::size_t HistoryBytes();

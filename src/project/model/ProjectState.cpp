@@ -1,11 +1,10 @@
-#include "project/model/KeptProject.h"
+#include "project/model/ProjectState.h"
 
 #include "platform/files/FileFailure.h"
-#include "project/model/DuctBits.h"
+#include "project/model/ProjectModel.h"
 
 #include <algorithm>
 #include <cstring>
-#include <utility>
 
 // The content is a row of 64-bit words in the byte order of the machine: mark, sum of all words after it,
 // then flags, name, folder, number of elements, and the bits of each. A text is its length and its bytes,
@@ -85,17 +84,26 @@ class Reader {
 
 } // namespace
 
-std::string KeptContent(bool pressureShown, const std::string& folder) {
+void TakeState(const ProjectState& state) {
+    DuctCount = static_cast<std::int16_t>(state.Elements.size() - 1);
+    FitDucts();
+    std::transform(state.Elements.begin(), state.Elements.end(), Ducts.begin(), DuctOf);
+    Solved = state.IsSolved ? kFlagSet : kFlagClear;
+    ProjectName = state.Name;
+}
+
+std::string KeptContent(const ProjectState& state, const std::string& folder) {
     std::string content;
-    content.reserve(Ducts.size() * sizeof(DuctBits) + ProjectName.size() + folder.size() + 16 * kWord);
+    content.reserve(state.Elements.size() * sizeof(DuctBits) + state.Name.size() + folder.size() +
+                    16 * kWord);
     Append(content, kMark);
     Append(content, std::uint64_t{0}); // the sum, when all the rest is there
-    Append(content, (Solved != kFlagClear ? kSolvedBit : 0) | (pressureShown ? kPressureBit : 0));
-    Append(content, ProjectName);
+    Append(content, (state.IsSolved ? kSolvedBit : 0) | (state.PressureShown ? kPressureBit : 0));
+    Append(content, state.Name);
     Append(content, folder);
-    Append(content, Ducts.size());
-    for (const DuctRecord& duct : Ducts) {
-        for (const std::uint64_t word : BitsOf(duct)) {
+    Append(content, state.Elements.size());
+    for (const DuctBits& element : state.Elements) {
+        for (const std::uint64_t word : element) {
             Append(content, word);
         }
     }
@@ -111,28 +119,18 @@ KeptProject ReadKept(std::string_view content) {
     Reader::Require(reader.Word() == SumOf(content));
     KeptProject kept;
     const std::uint64_t flags = reader.Word();
-    kept.IsSolved = (flags & kSolvedBit) != 0;
-    kept.PressureShown = (flags & kPressureBit) != 0;
-    kept.Name = reader.Text();
+    kept.State.IsSolved = (flags & kSolvedBit) != 0;
+    kept.State.PressureShown = (flags & kPressureBit) != 0;
+    kept.State.Name = reader.Text();
     kept.Folder = reader.Text();
     const std::uint64_t elements = reader.Word();
     Reader::Require(elements >= 1 && elements <= std::size_t{kMostDucts} + 1);
-    kept.Elements.reserve(elements);
-    for (std::uint64_t element = 0; element < elements; ++element) {
-        DuctBits bits;
-        std::generate(bits.begin(), bits.end(), [&] { return reader.Word(); });
-        kept.Elements.push_back(DuctOf(bits));
+    kept.State.Elements.resize(elements);
+    for (DuctBits& element : kept.State.Elements) {
+        std::generate(element.begin(), element.end(), [&] { return reader.Word(); });
     }
     Reader::Require(reader.AtEnd());
     return kept;
-}
-
-void TakeKept(KeptProject kept) {
-    Ducts = std::move(kept.Elements);
-    DuctCount = static_cast<std::int16_t>(Ducts.size() - 1);
-    FitDucts();
-    Solved = kept.IsSolved ? kFlagSet : kFlagClear;
-    ProjectName = std::move(kept.Name);
 }
 
 } // namespace plenair
