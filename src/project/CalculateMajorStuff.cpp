@@ -43,15 +43,15 @@ struct DuctInput {
 
 DuctInput ReadInput(const SheetWindow& sheet) {
     DuctInput input;
-    input.Flow = NumberOf(sheet.BoxText(1)) / 1000;
-    input.Height = NumberOf(sheet.BoxText(3)) / 1000;
-    input.LossCap = SingleOf(sheet.BoxText(6));
-    input.VelocityCap = SingleOf(sheet.BoxText(5));
+    input.Flow = NumberOf(sheet.BoxText(SheetBox::Flow)) / 1000;
+    input.Height = NumberOf(sheet.BoxText(SheetBox::Height)) / 1000;
+    input.LossCap = SingleOf(sheet.BoxText(SheetBox::LossPerMetre));
+    input.VelocityCap = SingleOf(sheet.BoxText(SheetBox::Velocity));
     return input;
 }
 
 double RoughnessOf(float colour) {
-    return colour == kRigidColour ? Settings.SurfaceRoughness1 : Settings.SurfaceRoughness2;
+    return TypeOf(colour) == ElementType::Rigid ? Settings.SurfaceRoughness1 : Settings.SurfaceRoughness2;
 }
 
 // Width in m of the duct that `velocity` asks for, before it is rounded; nothing where it can't be
@@ -68,7 +68,7 @@ std::optional<double> WidthAt(const DuctInput& input, double velocity) {
 
 // Why the search found no duct, in the user's words. It ended at the velocity in Settings.MaxVelocity.
 std::string ReasonNotSolved(const SheetWindow& sheet, const DuctInput& input, bool capsNotMet) {
-    const std::string height = sheet.BoxText(3) + " mm";
+    const std::string height = sheet.BoxText(SheetBox::Height) + " mm";
     if (input.Flow < 0.0) {
         return "its flow is negative.";
     }
@@ -76,7 +76,7 @@ std::string ReasonNotSolved(const SheetWindow& sheet, const DuctInput& input, bo
         return "its height is negative.";
     }
     if (input.VelocityCap <= kVelocityStep) {
-        return "its velocity cap of " + sheet.BoxText(5) +
+        return "its velocity cap of " + sheet.BoxText(SheetBox::Velocity) +
                " m/s leaves no velocity to try. It has to be above 0.01 m/s.";
     }
     const std::optional<double> width = WidthAt(input, Settings.MaxVelocity);
@@ -87,7 +87,7 @@ std::string ReasonNotSolved(const SheetWindow& sheet, const DuctInput& input, bo
     // What is left of the velocity after many steps can be a hair above 0, and so the width beyond all
     // bounds.
     if (capsNotMet || Settings.MaxVelocity < kVelocityStep / 2 || (width && *width > kMostWidth)) {
-        return "no velocity down to 0.01 m/s keeps the loss within " + sheet.BoxText(6) +
+        return "no velocity down to 0.01 m/s keeps the loss within " + sheet.BoxText(SheetBox::LossPerMetre) +
                " Pa/m at a height of " + height + ".";
     }
     return kOutOfReach;
@@ -138,7 +138,7 @@ void SolveDucts(const ProjectWindows& windows) {
         sheet.SetScrollValue(number);
         ShowDuctSheet(windows, duct);
         sheet.Repaint();
-        if (colour == kConnectionColour) {
+        if (TypeOf(colour) == ElementType::Connection) {
             continue;
         }
         const std::string failure = SolveDuct(windows, duct, colour);

@@ -4,41 +4,25 @@
 #include "platform/text/NumberText.h"
 #include "project/ProjectGrid.h"
 
-#include <array>
+#include <string>
+#include <utility>
 
 namespace plenair {
 
 namespace {
 
 void FillBoxes(SheetWindow& sheet, const DuctRecord& duct) {
-    sheet.SetBoxText(1, ShortestText(duct.Flow));
-    sheet.SetBoxText(2, ShortestText(duct.Width));
-    sheet.SetBoxText(3, ShortestText(duct.Height));
-    sheet.SetBoxText(4, ShortestText(duct.Length));
-    sheet.SetBoxText(5, ShortestText(duct.Velocity));
-    sheet.SetBoxText(6, ShortestText(duct.LossPerMetre));
-    sheet.SetBoxText(7, ShortestText(duct.EquivRound));
-    sheet.SetBoxText(8, ShortestText(duct.ConnCoefficient));
+    for (const SheetRow& row : kSheetRows) {
+        sheet.SetBoxText(row.Box, TextOf(duct, row.Box));
+    }
 }
 
 void LockBoxes(SheetWindow& sheet, float colour) {
     const bool solved = Solved != kFlagClear; // a solved project reads as a clean table
-    for (int box = 1; box <= kSheetBoxes; ++box) {
-        const bool input = TakesInput(colour, box);
-        sheet.SetBoxLook(box, solved || !input, solved || input);
+    for (const SheetRow& row : kSheetRows) {
+        const bool input = TakesInput(colour, row.Box);
+        sheet.SetBoxLook(row.Box, solved || !input, solved || input);
     }
-}
-
-bool ReadBox(const SheetWindow& sheet, int box, double& field) {
-    const std::optional<double> number = NumberFromText(sheet.BoxText(box));
-    field = number.value_or(field);
-    return number.has_value();
-}
-
-bool ReadBox(const SheetWindow& sheet, int box, float& field) {
-    const std::optional<float> number = SingleFromText(sheet.BoxText(box));
-    field = number.value_or(field);
-    return number.has_value();
 }
 
 } // namespace
@@ -62,28 +46,23 @@ void ReadDuctSheet(const ProjectWindows& windows, std::int16_t duct) {
     if (!IsDuct(duct)) {
         return;
     }
-    const SheetWindow& sheet = windows.Sheet;
-    DuctRecord& record = Duct(duct);
-    [[maybe_unused]] const bool readToTheEnd =
-        ReadBox(sheet, 1, record.Flow) && ReadBox(sheet, 2, record.Width) &&
-        ReadBox(sheet, 3, record.Height) && ReadBox(sheet, 4, record.Length) &&
-        ReadBox(sheet, 5, record.Velocity) && ReadBox(sheet, 6, record.LossPerMetre) &&
-        ReadBox(sheet, 7, record.EquivRound) && ReadBox(sheet, 8, record.ConnCoefficient);
+    for (const SheetRow& row : kSheetRows) {
+        if (!StoreText(Duct(duct), row.Box, windows.Sheet.BoxText(row.Box))) {
+            return;
+        }
+    }
 }
 
 void ShowSolvedValues(const ProjectWindows& windows, double width, double height, double velocity,
                       double loss, double equivalentDiameter) {
-    struct Shown {
-        int Box;
-        std::string Text;
-    };
-    const std::array<Shown, 5> shown{{{2, Format(RoundedUpSize(width), "0")},
-                                      {3, Format(RoundedUpSize(height), "0")},
-                                      {5, Format(RoundedUpSize(velocity), "0.00")},
-                                      {6, Format(RoundedUpSize(loss), "0.00")},
-                                      {7, Format(RoundedUpSize(equivalentDiameter), "0")}}};
-    for (const Shown& value : shown) {
-        windows.Sheet.SetBoxText(value.Box, value.Text);
+    const std::pair<SheetBox, std::string> texts[] = {
+        {SheetBox::Width, Format(RoundedUpSize(width), "0")},
+        {SheetBox::Height, Format(RoundedUpSize(height), "0")},
+        {SheetBox::Velocity, Format(RoundedUpSize(velocity), "0.00")},
+        {SheetBox::LossPerMetre, Format(RoundedUpSize(loss), "0.00")},
+        {SheetBox::EquivRound, Format(RoundedUpSize(equivalentDiameter), "0")}};
+    for (const auto& [box, text] : texts) {
+        windows.Sheet.SetBoxText(box, text);
     }
 }
 
@@ -103,11 +82,11 @@ void ChangeDuctNo(const ProjectWindows& windows) {
     ShowDuctSheet(windows, number);
 }
 
-void StoreBox(const ProjectWindows& windows, int box) {
+void StoreBox(const ProjectWindows& windows, SheetBox box) {
     const std::int16_t number = SheetDuct(windows);
     ReadDuctSheet(windows, number);
     if (windows.Sheet.FollowOnTicked() && !windows.Sheet.IsBoxLocked(box)) {
-        FollowOn(number, static_cast<std::int16_t>(box));
+        FollowOn(number, box);
     }
 }
 

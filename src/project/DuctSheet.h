@@ -26,7 +26,7 @@ void ChangeDuctNo(const ProjectWindows& windows);
 // What a box does when it loses the focus and on Enter: the boxes go into the record, and with Follow On
 // ticked the value of this one goes on to the later ducts. A locked box is not for the user to fill in and
 // copies nothing.
-void StoreBox(const ProjectWindows& windows, int box);
+void StoreBox(const ProjectWindows& windows, SheetBox box);
 
 // Number of the duct that the sheet stands on.
 std::int16_t SheetDuct(const ProjectWindows& windows);

@@ -8,6 +8,7 @@
 #include "platform/text/NumberText.h"
 #include "project/PathPlot.h"
 #include "project/model/DuctPath.h"
+#include "project/model/DuctRecord.h"
 
 namespace plenair {
 
@@ -25,11 +26,14 @@ std::string WithoutBlanksAround(const std::string& text) {
 }
 
 double PressureDropOf(const PathElement& element) {
-    if (element.Colour == kRigidColour || element.Colour == kFlexibleColour) {
+    switch (TypeOf(element.Colour)) {
+    case ElementType::Rigid:
+    case ElementType::Flexible:
         return Checked(element.Length / 1000 * element.LossPerMetre);
-    }
-    if (element.Colour == kConnectionColour) {
+    case ElementType::Connection:
         return Checked(static_cast<double>(element.ConnCoefficient) * VelocityPressure(element.Velocity));
+    case ElementType::None:
+        break;
     }
     return 0;
 }

@@ -1,7 +1,6 @@
 #include "project/Printout.h"
 
 #include "platform/desktop/MessageBox.h"
-#include "platform/text/NumberText.h"
 #include "project/PathPlot.h"
 #include "project/ProjectGrid.h"
 
@@ -56,15 +55,10 @@ void PrintDuct(Printer& printer, std::int16_t number) {
     printer.Print("---");
     printer.SetFont(kFontName, 9, false);
     printer.Print("");
-    printer.Print(duct.Colour == kRigidColour ? "Duct Type: Rigid" : "Duct Type: Flexible");
-    printer.Print("Flow Rate (L/s): \t" + ShortestText(duct.Flow));
-    printer.Print("Width (mm): \t\t" + ShortestText(duct.Width));
-    printer.Print("Height (mm): \t" + ShortestText(duct.Height));
-    printer.Print("Length (mm): \t" + ShortestText(duct.Length));
-    printer.Print("Velocity (m/s): \t" + ShortestText(duct.Velocity));
-    printer.Print("Pressure Loss (Pa/m): " + ShortestText(duct.LossPerMetre));
-    printer.Print("Equivalent Circular Diameter (mm): \t" + ShortestText(duct.EquivRound));
-    printer.Print("Fitting Coefficient at Start: \t" + ShortestText(duct.ConnCoefficient));
+    printer.Print(TypeOf(duct.Colour) == ElementType::Rigid ? "Duct Type: Rigid" : "Duct Type: Flexible");
+    for (const SheetRow& row : kSheetRows) {
+        printer.Print(std::string(row.PrintedHeading) + TextOf(duct, row.Box));
+    }
     printer.Print("");
 }
 

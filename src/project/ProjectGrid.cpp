@@ -122,8 +122,10 @@ void EmptyGrid(const ProjectWindows& windows) {
     ClearProject();
     sheet.SetScrollMaximum(1);
     sheet.SetDuctNoCaption("1");
-    for (int box = 1; box < kSheetBoxes; ++box) { // the last one keeps its text
-        sheet.SetBoxText(box, "0");
+    for (const SheetRow& row : kSheetRows) {
+        if (row.Box != SheetBox::ConnCoefficient) { // which keeps its text
+            sheet.SetBoxText(row.Box, "0");
+        }
     }
     windows.Solver.PicGrid().Clear();
     ResetProjectGrid(windows);

@@ -2,6 +2,7 @@
 
 #include "platform/desktop/CommonDialog.h"
 #include "project/ProjectDrawing.h"
+#include "project/model/SheetBoxes.h"
 
 // What the work on a project needs of its two windows. The windows implement these and hand every event on to
 // the functions of this folder; tests implement them without a window.
@@ -34,8 +35,6 @@ class SolverWindow {
     virtual CommonDialog& Dialog() = 0;                // dlgMajor; its CancelError is on
 };
 
-constexpr int kSheetBoxes = 8;
-
 // Dark green: lblDuctNo while no duct has been chosen.
 constexpr ColourNumber kNoDuctColour = 32768;
 
@@ -62,10 +61,10 @@ class SheetWindow {
     virtual void SetDuctNoColour(ColourNumber colour) = 0;
 
     // txtParam. A box is white, or has the background colour of the window.
-    virtual std::string BoxText(int box) const = 0;
-    virtual void SetBoxText(int box, const std::string& text) = 0;
-    virtual bool IsBoxLocked(int box) const = 0;
-    virtual void SetBoxLook(int box, bool locked, bool white) = 0;
+    virtual std::string BoxText(SheetBox box) const = 0;
+    virtual void SetBoxText(SheetBox box, const std::string& text) = 0;
+    virtual bool IsBoxLocked(SheetBox box) const = 0;
+    virtual void SetBoxLook(SheetBox box, bool locked, bool white) = 0;
 
     virtual bool FollowOnTicked() const = 0; // chkFollowOn
 };

@@ -58,17 +58,17 @@ class FakeSheet : public SheetWindow {
     std::string DuctNoCaption() const override { return caption; }
     void SetDuctNoCaption(const std::string& text) override { caption = text; }
     void SetDuctNoColour(ColourNumber) override {}
-    std::string BoxText(int box) const override { return texts.at(box); }
-    void SetBoxText(int box, const std::string& text) override { texts[box] = text; }
-    bool IsBoxLocked(int) const override { return false; }
-    void SetBoxLook(int, bool, bool) override {}
+    std::string BoxText(SheetBox box) const override { return texts.at(box); }
+    void SetBoxText(SheetBox box, const std::string& text) override { texts[box] = text; }
+    bool IsBoxLocked(SheetBox) const override { return false; }
+    void SetBoxLook(SheetBox, bool, bool) override {}
     bool FollowOnTicked() const override { return false; }
 
     // The texts of all boxes, divided by blanks.
     std::string AllTexts() const {
         std::string all;
         for (const auto& [box, text] : texts) {
-            all += (box == 1 ? "" : " ") + text;
+            all += (box == SheetBox::Flow ? "" : " ") + text;
         }
         return all;
     }
@@ -77,7 +77,7 @@ class FakeSheet : public SheetWindow {
     int value = 1;
     int maximum = 1;
     std::string caption = "1";
-    std::map<int, std::string> texts;
+    std::map<SheetBox, std::string> texts;
     std::vector<std::string>* log = nullptr;
     const ProjectWindows* windows = nullptr;
 };

@@ -47,7 +47,7 @@ TEST(History, EveryStateComesBackBitForBit) {
         [&] { // a value, and what follows it
             const auto duct = static_cast<std::int16_t>(below(DuctCount + 1));
             Duct(duct).Flow = below(3) / 3.0;
-            FollowOn(duct, 1);
+            FollowOn(duct, SheetBox::Flow);
         },
         [&] { // the last one removed
             DuctCount = static_cast<std::int16_t>(std::max(DuctCount - 1, 0));
@@ -98,7 +98,7 @@ TEST(History, NamesTheFirstDuctThatChangedAndTheButton) {
     Fill(5, [](int) { return 1; });
     StartHistory(false);
     Duct(2).Flow = 7;
-    FollowOn(2, 1);
+    FollowOn(2, SheetBox::Flow);
     NoteStep(false);
     ClearProject();
     NoteStep(true); // as if a solution had shown it in between
@@ -130,7 +130,7 @@ TEST(History, TheLargestProject) {
     } rows[] = {{"Follow On",
                  [](int step) {
                      Duct(1 + step % 7).Flow = step;
-                     FollowOn(static_cast<std::int16_t>(1 + step % 7), 1);
+                     FollowOn(static_cast<std::int16_t>(1 + step % 7), SheetBox::Flow);
                  },
                  true},
                 {"cleared and loaded",

@@ -33,7 +33,7 @@ TEST_F(ProjectTest, FollowOnReachesWhatCanHoldTheValue) {
         Add({kFlexibleColour, 0, 0, 0, 0, 8, 0, 4, 2, 3, 7, 5, 6, 1});
         Add(kConnectionColour);
         Add(kRigidColour);
-        FollowOn(row.from, row.box);
+        FollowOn(row.from, static_cast<SheetBox>(row.box));
         EXPECT_EQ(values(Ducts[2]), row.connection);
         EXPECT_EQ(values(Ducts[3]), row.rigid);
     }

@@ -12,35 +12,6 @@ Flag PlotShowing = kFlagClear;
 float DrawColour = 0;
 std::uint64_t NetworkRevision = 0;
 
-namespace {
-
-void CopyField(DuctRecord& to, const DuctRecord& from, int box) {
-    switch (box) {
-    case 1:
-        to.Flow = from.Flow;
-        break;
-    case 3:
-        to.Height = from.Height;
-        break;
-    case 4:
-        to.Length = from.Length;
-        break;
-    case 5:
-        to.Velocity = from.Velocity;
-        break;
-    case 6:
-        to.LossPerMetre = from.LossPerMetre;
-        break;
-    case 8:
-        to.ConnCoefficient = from.ConnCoefficient;
-        break;
-    default:
-        break;
-    }
-}
-
-} // namespace
-
 DuctRecord& Duct(int number) {
     return Ducts[static_cast<std::size_t>(number)];
 }
@@ -91,14 +62,7 @@ void StartReading() {
     ++NetworkRevision;
 }
 
-bool TakesInput(float colour, int box) {
-    if (box == 4 || box == 5) {
-        return true;
-    }
-    return colour == kConnectionColour ? box == 8 : box == 1 || box == 3 || box == 6;
-}
-
-void FollowOn(std::int16_t duct, std::int16_t box) {
+void FollowOn(std::int16_t duct, SheetBox box) {
     if (!IsDuct(duct)) {
         return;
     }
@@ -106,19 +70,9 @@ void FollowOn(std::int16_t duct, std::int16_t box) {
     for (int later = duct + 1; later <= DuctCount; ++later) {
         DuctRecord& to = Duct(later);
         if (TakesInput(to.Colour, box)) {
-            CopyField(to, from, box);
+            CopyValue(to, from, box);
         }
     }
-}
-
-std::string TypeLetter(float colour) {
-    if (colour == kRigidColour) {
-        return "R";
-    }
-    if (colour == kFlexibleColour) {
-        return "F";
-    }
-    return colour == kConnectionColour ? "C" : "";
 }
 
 std::string DuctLabel(std::int16_t duct) {

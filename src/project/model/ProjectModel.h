@@ -1,5 +1,8 @@
 #pragma once
 
+#include "project/model/DuctRecord.h"
+#include "project/model/SheetBoxes.h"
+
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -12,31 +15,6 @@ namespace plenair {
 using Flag = std::uint16_t;
 constexpr Flag kFlagClear = 0;
 constexpr Flag kFlagSet = 65535;
-
-// The type of an element is its drawing colour. Any other colour has no letter; the solution and FollowOn
-// treat it as a flexible duct.
-constexpr float kRigidColour = 255.0F;
-constexpr float kFlexibleColour = 16711680.0F;
-constexpr float kConnectionColour = 65535.0F;
-
-// Ends are fractions of the drawing surface. Velocity and LossPerMetre of a duct are caps before the solution
-// and results after it.
-struct DuctRecord {
-    float Colour = 0;
-    double StartX = 0;
-    double StartY = 0;
-    double EndX = 0;
-    double EndY = 0;
-    float ConnCoefficient = 0;
-    float Spare = 0;         // carried by the project file alone
-    double Length = 0;       // mm
-    double Width = 0;        // mm
-    double Height = 0;       // mm
-    double EquivRound = 0;   // mm
-    double Velocity = 0;     // m/s
-    double LossPerMetre = 0; // Pa/m
-    double Flow = 0;         // L/s
-};
 
 constexpr std::int16_t kMostDucts = 32767;
 
@@ -78,16 +56,9 @@ void StartProject();
 // The single element 0 and a DuctCount of -1, to which a file's elements are then added one by one.
 void StartReading();
 
-// Whether the value of a sheet box is the user's to give, for an element of that colour: length and velocity
-// of all, the coefficient of a connection, flow, height and loss of the others.
-bool TakesInput(float colour, int box);
-
-// Copies the value of sheet box `box` from duct `duct` to every later one that can hold it: Length, Velocity
-// and ConnCoefficient to connections; Flow, Height, Length, Velocity and LossPerMetre to ducts.
-void FollowOn(std::int16_t duct, std::int16_t box);
-
-// "R", "F", "C", or empty.
-std::string TypeLetter(float colour);
+// Copies the value of a box from duct `duct` to every later one that takes input there. What lies between
+// them doesn't interrupt the run.
+void FollowOn(std::int16_t duct, SheetBox box);
 
 // Letter and number, as in R3.
 std::string DuctLabel(std::int16_t duct);

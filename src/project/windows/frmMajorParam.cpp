@@ -100,27 +100,21 @@ void frmMajorParam::CreateControls() {
     heading("lblParameter", "Parameter", 105, 375, 855);
     heading("lblValue", "Value", 1995, 375, 585);
 
-    const QString captions[] = {" Flow (L/s)",
-                                " Width (mm)",
-                                " Height (mm)",
-                                " Length (mm)",
-                                " Velocity (m/s)",
-                                " Pa/m Loss (Pa)",
-                                " Equiv. Round Duct (mm)",
-                                " Connection Coefficient"};
-    for (int box = 1; box <= kSheetBoxes; ++box) {
-        const double top = 600 + 285 * (box - 1);
-        auto* label = new BorderedLabel(ArrayName("lblParam", box), captions[box - 1], Client());
+    for (const SheetRow& row : kSheetRows) {
+        const int index = static_cast<int>(row.Box);
+        const double top = 600 + 285 * (index - 1);
+        const QString caption = ToQt(std::string(row.Caption));
+        auto* label = new BorderedLabel(ArrayName("lblParam", index), caption, Client());
         label->setBackgroundRole(QPalette::Base);
         label->setForegroundRole(QPalette::Text);
         label->SetOpaque(true);
         Place(label, 45, top, 2000, 285);
-        auto* text = new TextBox(ArrayName("txtParam", box), Client());
-        text->setAlignment(Qt::AlignRight);
-        text->setAccessibleName(captions[box - 1].trimmed());
-        Place(text, 2050, top, 800, 285);
-        txtParam[static_cast<std::size_t>(box - 1)] = text;
-        SetBoxLook(box, box == 2 || box == 7, true);
+        auto* box = new TextBox(ArrayName("txtParam", index), Client());
+        box->setAlignment(Qt::AlignRight);
+        box->setAccessibleName(caption.trimmed());
+        Place(box, 2050, top, 800, 285);
+        txtParam[PositionOf(row.Box)] = box;
+        SetBoxLook(row.Box, !row.DuctTakesInput && !row.ConnectionTakesInput, true);
     }
     chkFollowOn = new CheckBox("chkFollowOn", "&Follow On", Client());
     chkFollowOn->setChecked(true);
@@ -135,7 +129,8 @@ void frmMajorParam::Form_Load(SolverWindow& solver, double gridWidth, double gri
     m_windows = std::make_unique<ProjectWindows>(ProjectWindows{solver, *this});
     GotFocus = [this] { Form_GotFocus(); };
     scrDuctNo->Change = [this] { scrDuctNo_Change(); };
-    for (int box = 1; box <= kSheetBoxes; ++box) {
+    for (const SheetRow& row : kSheetRows) {
+        const SheetBox box = row.Box;
         TextBox* text = TxtParam(box);
         text->GotFocus = [this, box] { txtParam_GotFocus(box); };
         text->LostFocus = [this, box] { txtParam_LostFocus(box); };
@@ -168,7 +163,7 @@ void frmMajorParam::SetDuctNoColour(ColourNumber colour) {
     SetColour(lblDuctNo, QPalette::WindowText, ToColour(colour));
 }
 
-void frmMajorParam::SetBoxLook(int box, bool locked, bool white) {
+void frmMajorParam::SetBoxLook(SheetBox box, bool locked, bool white) {
     const QColor background = white ? QColor(Qt::white) : palette().color(QPalette::Window);
     TextBox* text = TxtParam(box);
     text->setReadOnly(locked);
@@ -188,30 +183,34 @@ void frmMajorParam::scrDuctNo_Change() {
     ChangeDuctNo(*m_windows);
 }
 
-void frmMajorParam::txtParam_GotFocus(int box) {
-    TxtParam(box)->SelectAll();
+void frmMajorParam::txtParam_GotFocus(SheetBox index) {
+    TxtParam(index)->SelectAll();
 }
 
-void frmMajorParam::txtParam_LostFocus(int box) {
-    StoreBox(*m_windows, box);
+void frmMajorParam::txtParam_LostFocus(SheetBox index) {
+    StoreBox(*m_windows, index);
 }
 
-void frmMajorParam::txtParam_KeyDown(int box, int keyCode) {
-    if (keyCode == kKeyDownArrow && box < kSheetBoxes) {
-        GiveFocus(TxtParam(box + 1));
-    } else if (keyCode == kKeyUpArrow && box >= 2) {
-        GiveFocus(TxtParam(box - 1));
+void frmMajorParam::txtParam_KeyDown(SheetBox index, int keyCode) {
+    if (keyCode == kKeyDownArrow) {
+        FocusBox(BoxBelow(index));
+    } else if (keyCode == kKeyUpArrow) {
+        FocusBox(BoxAbove(index));
     }
 }
 
-void frmMajorParam::txtParam_KeyPress(int box, int character) {
+void frmMajorParam::txtParam_KeyPress(SheetBox index, int character) {
     if (character == kKeyEnter) {
-        StoreBox(*m_windows, box);
-        if (box < kSheetBoxes) {
-            GiveFocus(TxtParam(box + 1));
-        }
+        StoreBox(*m_windows, index);
+        FocusBox(BoxBelow(index));
     } else if (character == kKeyEscape) {
         ShowDuctSheet(*m_windows, SheetDuct(*m_windows));
+    }
+}
+
+void frmMajorParam::FocusBox(std::optional<SheetBox> box) {
+    if (box) {
+        GiveFocus(TxtParam(*box));
     }
 }
 

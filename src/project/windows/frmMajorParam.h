@@ -7,6 +7,7 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 
 namespace plenair {
 
@@ -33,28 +34,29 @@ class frmMajorParam : public Form, public SheetWindow {
     std::string DuctNoCaption() const override;
     void SetDuctNoCaption(const std::string& caption) override;
     void SetDuctNoColour(ColourNumber colour) override;
-    std::string BoxText(int box) const override { return TxtParam(box)->Text(); }
-    void SetBoxText(int box, const std::string& text) override { TxtParam(box)->SetText(text); }
-    bool IsBoxLocked(int box) const override { return TxtParam(box)->isReadOnly(); }
-    void SetBoxLook(int box, bool locked, bool white) override;
+    std::string BoxText(SheetBox box) const override { return TxtParam(box)->Text(); }
+    void SetBoxText(SheetBox box, const std::string& text) override { TxtParam(box)->SetText(text); }
+    bool IsBoxLocked(SheetBox box) const override { return TxtParam(box)->isReadOnly(); }
+    void SetBoxLook(SheetBox box, bool locked, bool white) override;
     bool FollowOnTicked() const override { return chkFollowOn->isChecked(); }
 
   private:
     void CreateControls();
     void Form_GotFocus();
     void scrDuctNo_Change();
-    void txtParam_GotFocus(int box);
-    void txtParam_LostFocus(int box);
-    void txtParam_KeyDown(int box, int keyCode);
-    void txtParam_KeyPress(int box, int character);
+    void txtParam_GotFocus(SheetBox index);
+    void txtParam_LostFocus(SheetBox index);
+    void txtParam_KeyDown(SheetBox index, int keyCode);
+    void txtParam_KeyPress(SheetBox index, int character);
 
-    TextBox* TxtParam(int box) const { return txtParam[static_cast<std::size_t>(box - 1)]; }
+    void FocusBox(std::optional<SheetBox> box);
+    TextBox* TxtParam(SheetBox box) const { return txtParam[PositionOf(box)]; }
 
     std::unique_ptr<ProjectWindows> m_windows;
     Label* lblDuct = nullptr;
     Label* lblDuctNo = nullptr;
     ScrollBar* scrDuctNo = nullptr;
-    std::array<TextBox*, kSheetBoxes> txtParam = {};
+    std::array<TextBox*, kSheetRows.size()> txtParam = {};
     CheckBox* chkFollowOn = nullptr;
 };
 
