@@ -1,5 +1,6 @@
 #include "windows/WindowTest.h"
 
+#include "platform/qt/FormFont.h"
 #include "platform/qt/Twips.h"
 
 #include <QStyle>
@@ -9,8 +10,10 @@
 namespace plenair {
 namespace {
 
-class Layout : public WindowTest {
+class Layout : public WindowTest, public testing::WithParamInterface<double> {
   protected:
+    Layout() { SetFormScale(GetParam()); }
+    ~Layout() override { SetFormScale(1); }
     void SetUp() override { Start(); }
 
     // A text of the control fits into the room there, with some pixels to spare across.
@@ -27,7 +30,9 @@ class Layout : public WindowTest {
     int m_seen = 0;
 };
 
-TEST_F(Layout, EveryTextFitsItsControl) {
+INSTANTIATE_TEST_SUITE_P(AsDrawnAndFor16Points, Layout, testing::Values(1.0, 16 / 8.25));
+
+TEST_P(Layout, EveryTextFitsItsControl) {
     Unfold();
     const QStyle& style = *Window().style();
     for (const char* basis : {"optCalcBasis(3)", "optCalcBasis(0)"}) { // both captions of lblInputA
@@ -57,10 +62,21 @@ TEST_F(Layout, EveryTextFitsItsControl) {
         const auto& grid = Find<MSFlexGrid>(name);
         for (int column = 0; column < 4; ++column) {
             const double width = ToPixelsX(grid.ColWidth(column));
-            ExpectFits(grid, "62825", QSize(static_cast<int>(width), 16), 3);
+            ExpectFits(grid, "62825", QSize(static_cast<int>(width), ToPixelsY(240)), 3);
         }
     }
     EXPECT_EQ(m_seen, 2 * 9 + 5 + 6 + 8 + 2 * 4);
+}
+
+TEST(FormScale, LargeLettersEnlargeTheFormsAsFarAsTheScreenGoes) {
+    const std::tuple<double, double, double, double> rows[] = {
+        {8, 28800, 16200, 1},          {9, 28800, 16200, 1},
+        {11, 28800, 16200, 1},         {16, 28800, 16200, 16 / 8.25},
+        {12, 28800, 16200, 12 / 8.25}, {16, 13950, 16200, 1.5},
+        {16, 28800, 10350, 1.5},       {16, 9000, 6000, 1}};
+    for (const auto& [points, width, height, scale] : rows) {
+        EXPECT_DOUBLE_EQ(FormScaleFor(points, width, height), scale) << points << " on " << width;
+    }
 }
 
 } // namespace

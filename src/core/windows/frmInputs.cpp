@@ -3,6 +3,7 @@
 #include "core/SettingsFile.h"
 #include "platform/desktop/MessageBox.h"
 #include "platform/files/FileFailure.h"
+#include "platform/qt/FormFont.h"
 #include "platform/qt/Twips.h"
 #include "platform/text/NumberText.h"
 
@@ -71,8 +72,7 @@ frmInputs::frmInputs() : Form("frmInputs", QString(), Qt::Dialog | Qt::Frameless
 
 void frmInputs::CreateControls() {
     lblConfigFile = new Label("lblConfigFile", QString(), Client());
-    QFont large = lblConfigFile->font();
-    large.setPointSizeF(12);
+    QFont large = FormFont(12);
     large.setBold(true);
     lblConfigFile->setFont(large);
     Place(lblConfigFile, 210, 105, 5370, 330);

@@ -84,7 +84,7 @@ frmAbout::frmAbout()
     picGus->hide();
     picGus->Click = [this] { picGus_Click(); };
     QFont bold("Arial");
-    bold.setPointSizeF(11.25);
+    bold.setPointSizeF(11.25 * FormScale());
     bold.setBold(true);
     lblPlenair->setFont(bold);
     lblStuff->setAlignment(Qt::AlignHCenter | Qt::AlignTop);

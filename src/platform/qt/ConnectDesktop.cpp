@@ -6,6 +6,7 @@
 #include "platform/qt/DesktopPrinter.h"
 #include "platform/qt/FileDialogs.h"
 #include "platform/qt/FocusEvents.h"
+#include "platform/qt/FormFont.h"
 #include "platform/qt/OtherPrograms.h"
 #include "platform/qt/ProgressDialog.h"
 #include "platform/qt/Twips.h"
@@ -150,6 +151,7 @@ void ConnectDesktop() {
         .ShowPointer = ShowMousePointer,
         .Clock = {},
     };
+    TakeDesktopFont();
     WatchFocus();
 }
 

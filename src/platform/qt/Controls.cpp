@@ -1,11 +1,14 @@
 #include "platform/qt/Controls.h"
 
 #include "platform/qt/Icons.h"
+#include "platform/qt/Twips.h"
 
 #include <QEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QShortcutEvent>
+
+#include <cmath>
 
 namespace plenair {
 
@@ -183,7 +186,8 @@ Picture::Picture(const QString& name, const QString& icon, QWidget* parent) : QW
 void Picture::paintEvent(QPaintEvent*) {
     // The drawings are 16 pixels wide in a place of 17; whole pixels keep their edges sharp.
     QPainter painter(this);
-    DrawIcon(painter, m_icon, QRectF(0, 0, 16, 16), palette().color(QPalette::WindowText));
+    const double side = std::round(16 * FormScale());
+    DrawIcon(painter, m_icon, QRectF(0, 0, side, side), palette().color(QPalette::WindowText));
 }
 
 } // namespace plenair

@@ -1,6 +1,7 @@
 #include "platform/qt/Form.h"
 
 #include "platform/qt/FocusEvents.h"
+#include "platform/qt/FormFont.h"
 #include "platform/qt/Twips.h"
 
 #include <QApplication>
@@ -16,14 +17,6 @@
 namespace plenair {
 
 namespace {
-
-// A small sans serif that fits the layout in twips, metric-compatible with the one it was drawn with.
-QFont FormFont() {
-    QFont font;
-    font.setFamilies({"Liberation Sans", "Arial", "Helvetica", "Noto Sans", "DejaVu Sans"});
-    font.setPointSizeF(8.25);
-    return font;
-}
 
 // What the desktop's frame adds to a window, once one has been seen.
 QSize s_frame(0, 0);

@@ -7,12 +7,26 @@
 
 namespace plenair {
 
+namespace {
+
+double s_scale = 1;
+
+} // namespace
+
+void SetFormScale(double scale) {
+    s_scale = scale;
+}
+
+double FormScale() {
+    return s_scale;
+}
+
 double TwipsPerPixelX() {
-    return kTwipsPerInch / QGuiApplication::primaryScreen()->logicalDotsPerInchX();
+    return kTwipsPerInch / QGuiApplication::primaryScreen()->logicalDotsPerInchX() / s_scale;
 }
 
 double TwipsPerPixelY() {
-    return kTwipsPerInch / QGuiApplication::primaryScreen()->logicalDotsPerInchY();
+    return kTwipsPerInch / QGuiApplication::primaryScreen()->logicalDotsPerInchY() / s_scale;
 }
 
 double ScreenWidth() {

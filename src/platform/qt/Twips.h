@@ -12,7 +12,12 @@ namespace plenair {
 
 constexpr double kTwipsPerInch = 1440.0;
 
-// Twips in one logical pixel of the primary screen: 15 at 96 dots per inch.
+// How much larger than in the layout everything in windows is: 1, or more where the user's letters are
+// larger. Set before the first window is made.
+void SetFormScale(double scale);
+double FormScale();
+
+// Twips in one logical pixel of the primary screen: 15 at 96 dots per inch and a scale of 1.
 double TwipsPerPixelX();
 double TwipsPerPixelY();
 

@@ -1,6 +1,7 @@
 #include "project/windows/frmMajorParam.h"
 
 #include "platform/desktop/KeyCodes.h"
+#include "platform/qt/FormFont.h"
 #include "platform/qt/SurfacePainter.h"
 #include "platform/qt/TextFit.h"
 #include "platform/qt/Twips.h"
@@ -91,8 +92,7 @@ void frmMajorParam::CreateControls() {
     lblDuct = heading("lblDuct", "Duct:", 105, 75, 435);
     lblDuctNo = new DuctNoLabel("lblDuctNo", "1", Client());
     lblDuctNo->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    QFont large = font();
-    large.setPointSizeF(13.5);
+    QFont large = FormFont(13.5);
     large.setBold(true);
     lblDuctNo->setFont(large);
     SetDuctNoColour(kNoDuctColour);
