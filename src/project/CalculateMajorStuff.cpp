@@ -9,6 +9,7 @@
 #include "platform/desktop/Desktop.h"
 #include "platform/desktop/MessageBox.h"
 #include "platform/text/NumberText.h"
+#include "platform/text/Utf8.h"
 #include "project/DuctSheet.h"
 #include "project/ProjectFiles.h"
 #include "project/ProjectGrid.h"
@@ -68,7 +69,7 @@ std::optional<double> WidthAt(const DuctInput& input, double velocity) {
 
 // Why the search found no duct, in the user's words. It ended at the velocity in Settings.MaxVelocity.
 std::string ReasonNotSolved(const SheetWindow& sheet, const DuctInput& input, bool capsNotMet) {
-    const std::string height = sheet.BoxText(SheetBox::Height) + " mm";
+    const std::string height = Shortened(sheet.BoxText(SheetBox::Height)) + " mm";
     if (input.Flow < 0.0) {
         return "its flow is negative.";
     }
@@ -76,7 +77,7 @@ std::string ReasonNotSolved(const SheetWindow& sheet, const DuctInput& input, bo
         return "its height is negative.";
     }
     if (input.VelocityCap <= kVelocityStep) {
-        return "its velocity cap of " + sheet.BoxText(SheetBox::Velocity) +
+        return "its velocity cap of " + Shortened(sheet.BoxText(SheetBox::Velocity)) +
                " m/s leaves no velocity to try. It has to be above 0.01 m/s.";
     }
     const std::optional<double> width = WidthAt(input, Settings.MaxVelocity);
@@ -87,8 +88,8 @@ std::string ReasonNotSolved(const SheetWindow& sheet, const DuctInput& input, bo
     // What is left of the velocity after many steps can be a hair above 0, and so the width beyond all
     // bounds.
     if (capsNotMet || Settings.MaxVelocity < kVelocityStep / 2 || (width && *width > kMostWidth)) {
-        return "no velocity down to 0.01 m/s keeps the loss within " + sheet.BoxText(SheetBox::LossPerMetre) +
-               " Pa/m at a height of " + height + ".";
+        return "no velocity down to 0.01 m/s keeps the loss within " +
+               Shortened(sheet.BoxText(SheetBox::LossPerMetre)) + " Pa/m at a height of " + height + ".";
     }
     return kOutOfReach;
 }

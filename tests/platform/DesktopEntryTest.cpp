@@ -24,5 +24,13 @@ TEST(DesktopEntry, PathIsOneArgument) {
     }
 }
 
+TEST(DesktopEntry, ApplicationsComeInTheOrderOfTheirWorth) {
+    const std::vector<std::string> lists = {
+        "[Added Associations]\ntext/plain=c;\n[Default Applications]\ntext/html=x\ntext/plain = a ; b;;\r\n",
+        "[MIME Cache]\ntext/plain=d;a\n[Default Applications]\n#text/plain=x\ntext/plain=b\n", "no list"};
+    EXPECT_EQ(ApplicationsFor("text/plain", lists), (std::vector<std::string>{"a", "b", "c", "d"}));
+    EXPECT_FALSE(CommandOn("[Desktop Entry]\nExec=notes\nHidden=true\n", "/log")) << "removed";
+}
+
 } // namespace
 } // namespace plenair

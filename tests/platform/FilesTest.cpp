@@ -12,8 +12,10 @@
 #include <vector>
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace plenair {
@@ -144,6 +146,39 @@ TEST_F(TextFiles, FailedWritesLeaveEverythingAsItWas) {
         EXPECT_EQ(ReasonOf([&] { WriteWholeFile(row.first, "new"); }), row.first + ": " + row.second);
         EXPECT_EQ(Names(), before) << row.first;
     }
+}
+
+TEST_F(TextFiles, WhatAKilledProgramLeftBehindIsRemoved) {
+    const pid_t child = fork();
+    if (child == 0) {
+        _exit(0);
+    }
+    waitpid(child, nullptr, 0);
+    const auto nameOf = [](pid_t process) { return ".plenair-" + std::to_string(process) + "-0.tmp"; };
+    std::set<std::string> kept = {"kept",
+                                  nameOf(getppid()),
+                                  nameOf(1),
+                                  ".plenair-0-0.tmp",
+                                  ".plenair--1-0.tmp",
+                                  ".plenair-" + std::to_string(child) + ".tmp",
+                                  "x" + nameOf(child)};
+    for (const std::string& name : kept) {
+        WriteFile(File(name), "");
+    }
+    fs::create_symlink(File("kept"), File(".plenair-" + std::to_string(child) + "-1.tmp"));
+    fs::create_directory(File(".plenair-" + std::to_string(child) + "-2.tmp"));
+    // Of a process whose number means nothing here, as that of a container.
+    const std::string held = ".plenair-" + std::to_string(child) + "-3.tmp";
+    const int writer = open(File(held).c_str(), O_WRONLY | O_CREAT, 0600);
+    ASSERT_EQ(flock(writer, LOCK_EX), 0);
+    kept.insert(held);
+    kept.insert(
+        {".plenair-" + std::to_string(child) + "-1.tmp", ".plenair-" + std::to_string(child) + "-2.tmp"});
+    WriteFile(File(nameOf(child)), "of a process that is gone");
+    WriteFile(File(nameOf(getpid())), "of one with the number of this one");
+    WriteWholeFile(File("kept"), "new");
+    EXPECT_EQ(Names(), kept);
+    close(writer);
 }
 
 TEST_F(TextFiles, ADiskThatFillsUpKeepsTheOlderFile) {

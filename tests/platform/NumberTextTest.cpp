@@ -1,4 +1,5 @@
 #include "platform/text/NumberText.h"
+#include "platform/text/Utf8.h"
 
 #include <gtest/gtest.h>
 
@@ -154,6 +155,19 @@ TEST_F(NumberText, WritesTheShortestText) {
     EXPECT_EQ(ShortestText(0.5, Mark::Point), "0.5");
 }
 
+TEST(Utf8, MessagesQuoteTextsShortened) {
+    const std::string twelve = "twelve bytes"; // of a text of 24
+    const std::pair<std::string, std::string> rows[] = {
+        {twelve + twelve, twelve + twelve},
+        {twelve + twelve + "s", twelve + twelve + "..."},
+        {twelve + "twelve byte\u00FCs", twelve + "twelve byte..."},
+        {std::string(21, 'x') + "\U0001D11Exx", std::string(21, 'x') + "..."},
+        {std::string(100, '\x80'), std::string(21, '\x80') + "..."}}; // no text at all
+    for (const auto& [text, quoted] : rows) {
+        EXPECT_EQ(Shortened(text), quoted);
+    }
+}
+
 TEST_F(NumberText, WhatIsWrittenIsReadBack) {
     std::mt19937_64 random(7);
     std::uniform_real_distribution<double> mantissa(-10, 10);
@@ -165,6 +179,17 @@ TEST_F(NumberText, WhatIsWrittenIsReadBack) {
         EXPECT_NEAR(wide, value, std::abs(value) * 5.1e-15);
         const std::string single = ShortestText(static_cast<float>(value));
         EXPECT_EQ(ShortestText(SingleFromText(single).value()), single);
+    }
+    using Wide = std::numeric_limits<double>;
+    using Narrow = std::numeric_limits<float>;
+    SetNumberLocale({});
+    EXPECT_EQ(ShortestText(Wide::max()), "1.79769313486231E+308") << "rounded up it would be no number";
+    for (const double value : {Wide::max(), Wide::lowest(), Wide::denorm_min(), 1.797693134862315e308}) {
+        EXPECT_EQ(ShortestText(NumberFromText(ShortestText(value)).value()), ShortestText(value));
+        EXPECT_TRUE(NumberFromText(Format(value, "0.00"))) << value;
+    }
+    for (const float value : {Narrow::max(), Narrow::lowest(), Narrow::denorm_min()}) {
+        EXPECT_EQ(ShortestText(SingleFromText(ShortestText(value)).value()), ShortestText(value));
     }
 }
 

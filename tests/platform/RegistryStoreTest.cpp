@@ -4,10 +4,13 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <optional>
 
 namespace plenair {
 namespace {
+
+namespace fs = std::filesystem;
 
 class RegistryStore : public testing::Test {
   protected:
@@ -84,6 +87,17 @@ TEST_F(RegistryStore, ADamagedFileIsAnEmptyStoreThatCanBeWritten) {
         EXPECT_EQ(Set(m_key, "name", "data"), ERROR_SUCCESS);
         EXPECT_EQ(Get(m_key, "name"), "data");
     }
+}
+
+TEST_F(RegistryStore, AnErrorIsNoEmptyStore) {
+    ASSERT_EQ(Create("Key", m_key), ERROR_SUCCESS);
+    ASSERT_EQ(Set(m_key, "first", "data"), ERROR_SUCCESS);
+    EXPECT_EQ(fs::status(m_folder.File("deep")).permissions(), fs::perms::owner_all);
+    fs::rename(StoreFile(), m_folder.File("aside"));
+    fs::create_symlink("/proc/self/mem", StoreFile()); // gives an error for its first byte
+    EXPECT_EQ(Set(m_key, "second", "data"), ERROR_ACCESS_DENIED);
+    EXPECT_EQ(Create("Other", m_key), ERROR_ACCESS_DENIED);
+    EXPECT_TRUE(fs::is_symlink(StoreFile()));
 }
 
 } // namespace

@@ -39,6 +39,15 @@ static std::string Block(int marker, const std::string& numbers) {
     return block;
 }
 
+// So many bytes of lines that are no block.
+static std::string Remarks(std::size_t bytes) {
+    std::string remarks;
+    while (remarks.size() < bytes) {
+        remarks += "remark,1\r\n";
+    }
+    return remarks;
+}
+
 const std::string kZeros = "0 0 0 0 0 0 0 0 0 0 0 0 0 0";
 const std::string kOne = "255 0 0.25 0.5 0 100 200 3000 0.8 0 0.025 0.1 5 0";
 const std::string kTwo = "1.671168E+07 0 0.5 0.5 0 50 150 1000 0.7 0.5 0.25 0.5 4 0";
@@ -98,11 +107,12 @@ TEST_F(ProjectFilesTest, WithoutABlockTheProjectIsEmptied) {
     WriteFile(File("empty.gsp"), "");
     WriteFile(File("text.gsp"), "nothing\r\nof use, here\r\n");
     WriteFile(File("marker.gsp"), Block(0, ""));
+    WriteFile(File("far.gsp"), Remarks(1'100'000) + Block(0, kZeros) + Block(1, kOne));
     WriteFile(File("zeros.gsp"), "");
     std::filesystem::resize_file(File("zeros.gsp"), 1 << 30);
     std::filesystem::create_directory(File("folder.gsp"));
     for (const std::string name :
-         {"", "missing.gsp", "empty.gsp", "text.gsp", "marker.gsp", "zeros.gsp", "folder.gsp"}) {
+         {"", "missing.gsp", "empty.gsp", "text.gsp", "marker.gsp", "far.gsp", "zeros.gsp", "folder.gsp"}) {
         SCOPED_TRACE(name);
         StartProject();
         Add(kRigidColour);
@@ -130,6 +140,10 @@ TEST_F(ProjectFilesTest, DamagedFiles) {
         std::string numbers; // of the last element
     } rows[] = {
         {"lines ahead", "Project\r\n,,\r\n\r\n" + good, 1, kOne},
+        {"lines between, and the last of a megabyte", Block(0, kZeros) + Remarks(1'000'000) + Block(1, kOne),
+         1, kOne},
+        {"a megabyte without a block is the end", Block(0, kOne) + Remarks(1'100'000) + Block(1, kTwo), 0,
+         kOne},
         {"lines between", Block(0, kZeros) + "remark\r\n1\r\n" + Block(1, kOne), 1, kOne},
         {"markers out of order", Block(9, kZeros) + Block(4, kOne), 1, kOne},
         {"marker missing", Block(0, kZeros) + Block(1, kOne).substr(6) + Block(2, kTwo), 1, kTwo},

@@ -250,10 +250,13 @@ TEST(Desktop, FiltersAndDates) {
 // arguments.
 TEST(Programs, TheEditorAndThePlayerAreThoseOfTheDesktop) {
     const TemporaryFolder folder;
-    const QByteArray path = qgetenv("PATH");
-    const QByteArray data = qgetenv("XDG_DATA_HOME");
-    qputenv("PATH", folder.Path().c_str());
-    qputenv("XDG_DATA_HOME", folder.Path().c_str());
+    std::map<const char*, QByteArray> before;
+    for (const char* name :
+         {"PATH", "XDG_DATA_HOME", "XDG_DATA_DIRS", "XDG_CONFIG_HOME", "XDG_CONFIG_DIRS"}) {
+        before[name] = qgetenv(name);
+        qputenv(name, folder.Path().c_str());
+    }
+    qputenv("XDG_CURRENT_DESKTOP", "Some:Desk");
     const auto add = [&](const std::string& name, const std::string& does) {
         WriteFile(folder.File(name), "#!/bin/sh\n" + does + "\n");
         std::filesystem::permissions(folder.File(name), std::filesystem::perms::owner_all);
@@ -273,19 +276,32 @@ TEST(Programs, TheEditorAndThePlayerAreThoseOfTheDesktop) {
     const std::string log = "/logs/my $log; \"1\".pnl";
     EXPECT_TRUE(EditByOtherProgram(log));
     EXPECT_EQ(noted(), "gnome-text-editor[" + log + "]") << "the desktop names none";
-    add("xdg-mime", "test \"$*\" = 'query default text/plain' && echo notes.desktop");
+    add("xdg-mime", "exec /bin/sleep 60"); // nothing of the desktop's that may hang is asked
     std::filesystem::create_directory(folder.File("applications"));
     WriteFile(folder.File("applications/notes.desktop"),
               "[Desktop Entry]\nExec=notes --new %f\nTerminal=true\n");
+    WriteFile(folder.File("desk-mimeapps.list"),
+              "[Default Applications]\ntext/plain=gone.desktop;notes.desktop\n");
     EXPECT_TRUE(EditByOtherProgram(log));
     EXPECT_EQ(noted(), "x-terminal-emulator[-e][notes][--new][" + log + "]");
-    PlayByOtherProgram("/a b/Gus.psg");
-    EXPECT_EQ(noted(), "aplay[--quiet][--nonblock][/a b/Gus.psg]");
+    const std::string sound = folder.File("Gus \"1\".psg");
+    WriteFile(sound, "");
+    add("paplay", "exit 1"); // and pw-play isn't there
+    PlayByOtherProgram(sound);
+    EXPECT_EQ(noted(), "aplay[--quiet][--nonblock][" + sound + "]");
+    int beeps = 0;
+    const ScopedDesktop desktop;
+    Desktop().Beep = [&] { ++beeps; };
+    PlayByOtherProgram(folder.File("missing.psg"));
+    EXPECT_EQ(beeps, 1);
     qputenv("PATH", folder.File("applications").c_str());
-    PlayByOtherProgram("/a b/Gus.psg"); // silence
+    PlayByOtherProgram(sound); // silence
     EXPECT_FALSE(EditByOtherProgram(log));
-    qputenv("PATH", path);
-    data.isNull() ? qunsetenv("XDG_DATA_HOME") : qputenv("XDG_DATA_HOME", data);
+    EXPECT_EQ(beeps, 1);
+    for (const auto& [name, value] : before) {
+        value.isNull() ? qunsetenv(name) : qputenv(name, value);
+    }
+    qunsetenv("XDG_CURRENT_DESKTOP");
 }
 
 } // namespace

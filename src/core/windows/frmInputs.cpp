@@ -6,6 +6,7 @@
 #include "platform/qt/FormFont.h"
 #include "platform/qt/Twips.h"
 #include "platform/text/NumberText.h"
+#include "platform/text/Utf8.h"
 
 #include <QPainter>
 
@@ -165,8 +166,9 @@ bool frmInputs::ReadBoxes(SettingsRecord& entered) {
 
 void frmInputs::Refuse(std::size_t number, const std::string& reason) {
     TextBox* const box = txtNumbers[number];
-    ShowMessage({std::string(kNumberRows[number].Caption) + ":\n\n\"" + box->Text() + "\" " + reason, kTitle,
-                 MessageButtons::Ok, MessageIcon::Exclamation});
+    ShowMessage(
+        {std::string(kNumberRows[number].Caption) + ":\n\n\"" + Shortened(box->Text()) + "\" " + reason,
+         kTitle, MessageButtons::Ok, MessageIcon::Exclamation});
     GiveFocus(box);
     box->SelectAll();
 }

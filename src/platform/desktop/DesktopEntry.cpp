@@ -11,16 +11,21 @@ std::string_view WithoutBlanksAround(std::string_view text) {
     return text.substr(first, text.find_last_not_of(" \t\r") + 1 - first);
 }
 
-// Value of a key in the group "Desktop Entry", as it stands in the file; empty where there is none.
-std::string_view ValueOf(std::string_view entry, std::string_view key) {
+// Takes the text up to the next `end`, or all of it, off the front.
+std::string_view TakeUpTo(char end, std::string_view& text) {
+    const std::string_view taken = text.substr(0, text.find(end));
+    text.remove_prefix(std::min(taken.size() + 1, text.size()));
+    return taken;
+}
+
+// Value of a key in a group ("[Desktop Entry]"), as it stands in the file; empty where there is none.
+std::string_view ValueOf(std::string_view file, std::string_view group, std::string_view key) {
     bool inGroup = false;
-    while (!entry.empty()) {
-        const std::size_t end = std::min(entry.find('\n'), entry.size());
-        const std::string_view line = WithoutBlanksAround(entry.substr(0, end));
-        entry.remove_prefix(std::min(end + 1, entry.size()));
+    while (!file.empty()) {
+        const std::string_view line = WithoutBlanksAround(TakeUpTo('\n', file));
         const std::size_t sign = line.find('=');
         if (line.starts_with('[')) {
-            inGroup = line == "[Desktop Entry]";
+            inGroup = line == group;
         } else if (inGroup && sign != std::string_view::npos &&
                    WithoutBlanksAround(line.substr(0, sign)) == key) {
             return WithoutBlanksAround(line.substr(sign + 1));
@@ -127,12 +132,30 @@ std::string CommandReader::ReadFieldCode() {
 } // namespace
 
 std::optional<EntryCommand> CommandOn(std::string_view entry, const std::string& path) {
-    const std::string line = Unescaped(ValueOf(entry, "Exec"));
-    EntryCommand command{CommandReader(line, path).Read(), ValueOf(entry, "Terminal") == "true"};
-    if (command.Arguments.empty() || command.Arguments.front().empty()) {
+    constexpr std::string_view kGroup = "[Desktop Entry]";
+    const std::string line = Unescaped(ValueOf(entry, kGroup, "Exec"));
+    EntryCommand command{CommandReader(line, path).Read(), ValueOf(entry, kGroup, "Terminal") == "true"};
+    if (command.Arguments.empty() || command.Arguments.front().empty() ||
+        ValueOf(entry, kGroup, "Hidden") == "true") {
         return std::nullopt;
     }
     return command;
+}
+
+std::vector<std::string> ApplicationsFor(std::string_view mimeType, const std::vector<std::string>& lists) {
+    std::vector<std::string> names;
+    for (const char* group : {"[Default Applications]", "[Added Associations]", "[MIME Cache]"}) {
+        for (const std::string& list : lists) {
+            std::string_view value = ValueOf(list, group, mimeType);
+            while (!value.empty()) {
+                const std::string name(WithoutBlanksAround(TakeUpTo(';', value)));
+                if (!name.empty() && std::find(names.begin(), names.end(), name) == names.end()) {
+                    names.push_back(name);
+                }
+            }
+        }
+    }
+    return names;
 }
 
 } // namespace plenair

@@ -24,4 +24,15 @@ void RequireRegularFile(const std::string& path, const struct stat& status) {
     }
 }
 
+void WriteAll(const Descriptor& file, const std::string& path, std::string_view content) {
+    while (!content.empty()) {
+        const ssize_t count = ::write(file.Number(), content.data(), content.size());
+        if (count > 0) {
+            content.remove_prefix(static_cast<std::size_t>(count));
+        } else if (count == 0 || errno != EINTR) {
+            Fail(path, count == 0 ? EIO : errno);
+        }
+    }
+}
+
 } // namespace plenair

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include <sys/stat.h>
@@ -19,10 +20,13 @@ void RequireRegularFile(const std::string& path, const struct stat& status);
 // An open file of the system, closed at the end of its scope.
 class Descriptor {
   public:
-    explicit Descriptor(int number) : m_number(number) {}
+    explicit Descriptor(int number = -1) : m_number(number) {}
     ~Descriptor() { Close(); }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
+    Descriptor(Descriptor&& other) noexcept : m_number(std::exchange(other.m_number, -1)) {}
+    Descriptor& operator=(Descriptor&& other) noexcept {
+        std::swap(m_number, other.m_number);
+        return *this;
+    }
 
     bool IsOpen() const { return m_number >= 0; }
     int Number() const { return m_number; }
@@ -33,5 +37,8 @@ class Descriptor {
   private:
     int m_number;
 };
+
+// Writes all of `content`. Throws a FileFailure that names `path`.
+void WriteAll(const Descriptor& file, const std::string& path, std::string_view content);
 
 } // namespace plenair

@@ -1,7 +1,9 @@
 #include "platform/files/Folders.h"
 
+#include "platform/files/Descriptor.h"
 #include "platform/files/FileFailure.h"
 
+#include <cerrno>
 #include <filesystem>
 #include <system_error>
 
@@ -21,6 +23,20 @@ void EnterFolder(const std::string& folder) {
 
 std::string InCurrentFolder(const std::string& name) {
     return (std::filesystem::path(CurrentFolder()) / name).string();
+}
+
+void MakePrivateFolder(const std::string& folder) {
+    std::error_code unknown;
+    if (folder.empty() || fs::exists(folder, unknown)) {
+        return;
+    }
+    const std::string above = fs::path(folder).parent_path().string();
+    if (above != folder) {
+        MakePrivateFolder(above);
+    }
+    if (::mkdir(folder.c_str(), 0700) != 0 && errno != EEXIST) {
+        Fail(folder, errno);
+    }
 }
 
 std::optional<std::string> FirstFileWithExtension(const std::string& folder, std::string_view extension) {

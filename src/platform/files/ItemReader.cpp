@@ -35,7 +35,9 @@ struct ItemReader::State {
     void SkipBlanks();
     void SkipSeparator();
     void FailAtEnd();
+    [[noreturn]] void FailAsTooLong() const { throw ContentFailure(Path + ": Item too long"); }
     void Append(std::string& item);
+    std::uint64_t Position() const { return m_readSoFar - (m_filled - m_next); }
 
     const std::string Path;
     const Quotes Inner;
@@ -45,6 +47,7 @@ struct ItemReader::State {
     std::array<char, 8192> m_buffer;
     std::size_t m_next = 0;
     std::size_t m_filled = 0;
+    std::uint64_t m_readSoFar = 0; // up to the end of the buffer
 };
 
 // Without O_NONBLOCK the opening of a pipe that nobody writes to would never return.
@@ -68,6 +71,7 @@ int ItemReader::State::Peek() {
         }
         m_next = 0;
         m_filled = static_cast<std::size_t>(count);
+        m_readSoFar += m_filled;
     }
     return m_next < m_filled ? static_cast<unsigned char>(m_buffer[m_next]) : kEnd;
 }
@@ -83,7 +87,7 @@ bool ItemReader::State::SkipIf(char byte) {
 void ItemReader::State::SkipBlanks() {
     for (std::size_t count = 0; IsBlank(Peek()); ++count) {
         if (count == kLongestItem) {
-            Fail(Path, "Item too long");
+            FailAsTooLong();
         }
         Skip();
     }
@@ -101,14 +105,14 @@ void ItemReader::State::SkipSeparator() {
 
 void ItemReader::State::FailAtEnd() {
     if (Peek() == kEnd) {
-        Fail(Path, "Unexpected end of file");
+        throw ContentFailure(Path + ": Unexpected end of file");
     }
 }
 
 // Moves the next byte to the end of `item`.
 void ItemReader::State::Append(std::string& item) {
     if (item.size() == kLongestItem) {
-        Fail(Path, "Item too long");
+        FailAsTooLong();
     }
     item.push_back(static_cast<char>(Peek()));
     Skip();
@@ -121,6 +125,10 @@ ItemReader::~ItemReader() = default;
 
 bool ItemReader::AtEnd() {
     return m_state->Peek() == State::kEnd;
+}
+
+std::uint64_t ItemReader::Position() const {
+    return m_state->Position();
 }
 
 std::string ItemReader::ReadText() {

@@ -2,6 +2,7 @@
 
 #include "platform/files/FileFailure.h"
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -28,13 +29,16 @@ class ItemReader {
     // Whether nothing at all is left to read.
     bool AtEnd();
 
+    // How many bytes have been taken so far.
+    std::uint64_t Position() const;
+
     // The next text item, without the blanks around it. In double quotes it ends at the closing quote and may
     // hold commas and line ends; otherwise at a comma or a line end. A quote that is never closed ends with
-    // the file. An empty line is an empty item. Throws FileFailure at the end of the file.
+    // the file. An empty line is an empty item. Throws ContentFailure at the end of the file.
     std::string ReadText();
 
     // The next number item as text: without the blanks before it, up to a comma, a blank or a line end. An
-    // empty line gives empty text. Throws FileFailure at the end of the file.
+    // empty line gives empty text. Throws ContentFailure at the end of the file.
     std::string ReadNumberText();
 
   private:

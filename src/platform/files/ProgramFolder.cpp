@@ -1,13 +1,11 @@
 #include "platform/files/ProgramFolder.h"
 
-#include "platform/files/Descriptor.h"
+#include "platform/files/Folders.h"
 
-#include <cerrno>
 #include <filesystem>
 #include <system_error>
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace plenair {
@@ -34,17 +32,6 @@ bool IsThere(const fs::path& path) {
 
 bool MayWriteInto(const std::string& folder) {
     return ::faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
-}
-
-// Folders above it that are missing are made too, all for the user alone.
-void MakeFolder(const fs::path& folder) {
-    if (folder.empty() || IsThere(folder)) {
-        return;
-    }
-    MakeFolder(folder.parent_path());
-    if (::mkdir(folder.c_str(), 0700) != 0 && errno != EEXIST) {
-        Fail(folder.string(), errno);
-    }
 }
 
 } // namespace
@@ -80,7 +67,7 @@ std::string DeliveredPath(const std::string& name) {
 }
 
 void MakeProgramFolder() {
-    MakeFolder(ProgramFolder());
+    MakePrivateFolder(ProgramFolder());
 }
 
 bool ProgramFolderTakesFiles() {

@@ -1,9 +1,12 @@
 #include "platform/files/RegistryStore.h"
 
+#include "platform/files/Descriptor.h"
+#include "platform/files/Folders.h"
 #include "platform/files/ItemReader.h"
 #include "platform/files/WholeFiles.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <charconv>
 #include <cstddef>
 #include <filesystem>
@@ -11,6 +14,9 @@
 #include <string_view>
 #include <system_error>
 #include <utility>
+
+#include <fcntl.h>
+#include <sys/file.h>
 
 // The file holds items, in rows of three kinds:
 //
@@ -77,7 +83,7 @@ std::string HexOf(const std::string& data) {
 
 void RequireWhole(bool isWhole) {
     if (!isWhole) {
-        throw FileFailure(RegistryFile() + ": Damaged");
+        throw ContentFailure(RegistryFile() + ": Damaged");
     }
 }
 
@@ -123,7 +129,8 @@ Store ParseStore(ItemReader& reader) {
     return store;
 }
 
-// What the file holds; a missing or damaged one is an empty store. Throws FileFailure if it can't be opened.
+// What the file holds; a missing or damaged one is an empty store. Throws FileFailure if it can't be read:
+// what it holds may be whole, and must not be lost at the next write.
 Store LoadStore() {
     std::error_code error;
     if (fs::status(RegistryFile(), error).type() == fs::file_type::not_found) {
@@ -135,7 +142,7 @@ Store LoadStore() {
     }
     try {
         return ParseStore(reader);
-    } catch (const FileFailure&) {
+    } catch (const ContentFailure&) {
         return EmptyStore();
     }
 }
@@ -154,10 +161,32 @@ void SaveStore(const Store& store) {
     if (content.size() > kLargestStore) {
         throw FileFailure(RegistryFile() + ": Full");
     }
-    std::error_code error; // the write fails where the folder is still missing
-    fs::create_directories(fs::path(RegistryFile()).parent_path(), error);
     WriteWholeFile(RegistryFile(), content);
 }
+
+// Keeps other programs from changing the store until the end of a scope, so that of two that read it, change
+// it and write it, none overwrites what the other has set. The folder is locked, since each write makes a new
+// file. A file system without locks is no reason not to write, nor is a program that was stopped while it
+// held the lock.
+class StoreLock {
+  public:
+    StoreLock() {
+        const std::string folder = fs::path(RegistryFile()).parent_path().string();
+        MakePrivateFolder(folder);
+        m_folder = Descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+        for (int tries = 0; tries < kPatience && IsTaken(); ++tries) {
+            ::usleep(10'000);
+        }
+    }
+
+  private:
+    bool IsTaken() const {
+        return ::flock(m_folder.Number(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    }
+
+    static constexpr int kPatience = 500; // hundredths of a second
+    Descriptor m_folder;
+};
 
 // Runs an operation on the store; whatever the file's trouble is, the caller sees one code.
 template <typename Operation>
@@ -240,6 +269,7 @@ RegistryStatus RegCreateKeyExA(RegistryKey root, const std::string& subKey, std:
         return ERROR_ACCESS_DENIED;
     }
     return OnStore([&] {
+        const StoreLock lock;
         Store store = LoadStore();
         const std::size_t oldCount = store.size();
         const std::vector<std::string> paths = PathsDown(*rootPath, subKey);
@@ -286,6 +316,7 @@ RegistryStatus RegSetValueExA(RegistryKey key, const std::string& valueName, std
         return ERROR_ACCESS_DENIED;
     }
     return OnStore([&] {
+        const StoreLock lock;
         Store store = LoadStore();
         // The key may have gone with a damaged file since it was opened.
         AddMissing(store, PathsDown("", *path));

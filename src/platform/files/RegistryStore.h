@@ -5,7 +5,8 @@
 #include <vector>
 
 // The per-user registry: keys below a root, each with named values of a type. Where the system has none of
-// its own, one per-user text file holds them; a missing or damaged file is an empty store. The five
+// its own, one per-user text file holds them; a missing or damaged file is an empty store, one that can't be
+// read is an error. The five
 // operations and their status codes are those that the program is written against. A backslash parts the
 // names of a sub-key, and the case of ASCII letters makes no difference in names.
 namespace plenair {

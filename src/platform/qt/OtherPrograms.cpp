@@ -1,9 +1,12 @@
 #include "platform/qt/OtherPrograms.h"
 
+#include "platform/desktop/Desktop.h"
 #include "platform/desktop/DesktopEntry.h"
 #include "platform/qt/Twips.h"
 
+#include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 #include <QStandardPaths>
 
@@ -13,15 +16,20 @@ namespace plenair {
 
 namespace {
 
-// Detached: the system looks after its end, so that it leaves nothing behind here.
-bool Start(QStringList command) {
-    QProcess process;
+// False if there is no such program to start.
+bool Prepare(QProcess& process, QStringList command) {
     process.setProgram(QStandardPaths::findExecutable(command.takeFirst()));
     process.setArguments(command);
     process.setStandardInputFile(QProcess::nullDevice());
     process.setStandardOutputFile(QProcess::nullDevice());
     process.setStandardErrorFile(QProcess::nullDevice());
-    return !process.program().isEmpty() && process.startDetached();
+    return !process.program().isEmpty();
+}
+
+// Detached: the system looks after its end, so that it leaves nothing behind here.
+bool Start(const QStringList& command) {
+    QProcess process;
+    return Prepare(process, command) && process.startDetached();
 }
 
 // Starts the first of these commands that can be.
@@ -29,19 +37,79 @@ bool StartFirst(const QList<QStringList>& commands) {
     return std::any_of(commands.begin(), commands.end(), Start);
 }
 
-// Content of the desktop entry of the user's application for plain text; empty if the desktop names none.
-QByteArray TextEditorEntry() {
-    constexpr int kPatience = 3000;
-    QProcess query;
-    query.start("xdg-mime", {"query", "default", "text/plain"}, QIODevice::ReadOnly);
-    if (!query.waitForFinished(kPatience)) {
-        query.kill();
-        query.waitForFinished(kPatience);
-        return {};
+// A sound that still plays ends with the program, without a word.
+class Player : public QProcess {
+  public:
+    Player() : QProcess(QCoreApplication::instance()) {}
+    ~Player() override {
+        disconnect();
+        kill();
+        waitForFinished();
     }
-    const QString name = QString::fromUtf8(query.readAllStandardOutput()).trimmed();
-    QFile entry(QStandardPaths::locate(QStandardPaths::ApplicationsLocation, name));
-    return !entry.fileName().isEmpty() && entry.open(QIODevice::ReadOnly) ? entry.readAll() : QByteArray();
+    Player(const Player&) = delete;
+    Player& operator=(const Player&) = delete;
+};
+
+// Starts the first of these players, and the next one once it turns out that it failed.
+void PlayByFirst(QList<QStringList> commands) {
+    if (commands.isEmpty()) {
+        return;
+    }
+    auto* player = new Player;
+    const bool isThere = Prepare(*player, commands.takeFirst());
+    const auto giveWay = [player, commands] {
+        player->deleteLater();
+        PlayByFirst(commands);
+    };
+    if (!isThere) {
+        giveWay();
+        return;
+    }
+    QObject::connect(player, &QProcess::finished, player, [=](int code, QProcess::ExitStatus status) {
+        code == 0 && status == QProcess::NormalExit ? player->deleteLater() : giveWay();
+    });
+    QObject::connect(player, &QProcess::errorOccurred, player, [=](QProcess::ProcessError error) {
+        if (error == QProcess::FailedToStart) {
+            giveWay();
+        }
+    });
+    player->start();
+}
+
+// A pipe of that name would keep the program waiting.
+std::string ContentOf(const QString& path) {
+    QFile file(path);
+    return QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : "";
+}
+
+std::vector<std::string> ContentsOf(const QStringList& folders, const QStringList& names) {
+    std::vector<std::string> contents;
+    for (const QString& folder : folders) {
+        for (const QString& name : names) {
+            contents.push_back(ContentOf(folder + "/" + name));
+        }
+    }
+    return contents;
+}
+
+// The lists that say which application a user, an administrator or the desktop wants for a type of files.
+// They are read here: a program that tells of them may hang, and a click would wait for it.
+std::vector<std::string> ListsOfDefaults() {
+    QStringList names;
+    for (const QString& desktop :
+         qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(':', Qt::SkipEmptyParts)) {
+        names.append(desktop.toLower() + "-mimeapps.list");
+    }
+    names.append("mimeapps.list");
+    return ContentsOf(QStandardPaths::standardLocations(QStandardPaths::GenericConfigLocation) +
+                          QStandardPaths::standardLocations(QStandardPaths::ApplicationsLocation),
+                      names);
+}
+
+// What the applications that are installed say of themselves.
+std::vector<std::string> ListsOfInstalled() {
+    return ContentsOf(QStandardPaths::standardLocations(QStandardPaths::ApplicationsLocation),
+                      {"mimeinfo.cache"});
 }
 
 bool StartEntry(const EntryCommand& command) {
@@ -56,27 +124,36 @@ bool StartEntry(const EntryCommand& command) {
                        QStringList({"x-terminal-emulator", "-e"}) + arguments});
 }
 
+// Starts the first application for plain text that these lists name and that can be started.
+bool StartFromLists(const std::vector<std::string>& lists, const std::string& path) {
+    const std::vector<std::string> names = ApplicationsFor("text/plain", lists);
+    return std::any_of(names.begin(), names.end(), [&](const std::string& name) {
+        const QString entry = QStandardPaths::locate(QStandardPaths::ApplicationsLocation, ToQt(name));
+        const auto command = CommandOn(ContentOf(entry), path);
+        return command && StartEntry(*command);
+    });
+}
+
 } // namespace
 
 void PlayByOtherProgram(const std::string& path) {
-    // The players of the sound servers first: one that has the device to itself may find it taken.
     const QString sound = ToQt(path);
-    StartFirst({{"paplay", sound}, {"pw-play", sound}, {"aplay", "--quiet", "--nonblock", sound}});
+    if (!QFileInfo(sound).isReadable()) {
+        Beep();
+        return;
+    }
+    // The players of the sound servers first: one that has the device to itself may find it taken.
+    PlayByFirst({{"paplay", sound}, {"pw-play", sound}, {"aplay", "--quiet", "--nonblock", sound}});
 }
 
 bool EditByOtherProgram(const std::string& path) {
-    const QByteArray entry = TextEditorEntry();
-    const auto command =
-        CommandOn(std::string_view(entry.data(), static_cast<std::size_t>(entry.size())), path);
-    if (command && StartEntry(*command)) {
-        return true;
-    }
     QList<QStringList> editors;
     for (const char* editor : {"gnome-text-editor", "gedit", "kate", "kwrite", "mousepad", "xed", "pluma",
                                "featherpad", "leafpad", "geany", "gvim", "emacs"}) {
         editors.append({editor, ToQt(path)});
     }
-    return StartFirst(editors);
+    return StartFromLists(ListsOfDefaults(), path) || StartFirst(editors) ||
+           StartFromLists(ListsOfInstalled(), path);
 }
 
 } // namespace plenair

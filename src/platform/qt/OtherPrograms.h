@@ -3,14 +3,15 @@
 #include <string>
 
 // Programs of the desktop that do a thing for this one. They run on their own: nothing waits for them, and
-// what they have to say is not heard.
+// what they have to say is not heard. None is started through a shell.
 namespace plenair {
 
-// Plays a sound file through the desktop's sound system, in silence where there is none.
+// Plays a sound file by the first of the desktop's players that can, in silence where none can. Without the
+// file it is the desktop's own alert sound.
 void PlayByOtherProgram(const std::string& path);
 
-// Shows a text file in the user's default application for plain text, else in one of the common editors.
-// False if there is neither.
+// Shows a text file in the user's default application for plain text, else in one of the common editors, else
+// in any application that takes plain text. False if there is none.
 bool EditByOtherProgram(const std::string& path);
 
 } // namespace plenair

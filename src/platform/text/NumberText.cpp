@@ -6,6 +6,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <limits>
 #include <system_error>
 #include <type_traits>
 #include <vector>
@@ -198,6 +199,12 @@ Decimal ToDecimal(Number value, std::size_t digitCount) {
     std::from_chars(exponent + 1, text.data() + text.size(), decimal.Exponent);
     if (*exponent == '-') {
         decimal.Exponent = -decimal.Exponent;
+    }
+    // The largest values, rounded up to so few digits, would be texts too large to be read back.
+    Number readBack = 0;
+    if (decimal.Exponent == std::numeric_limits<Number>::max_exponent10 &&
+        std::from_chars(text.data(), text.data() + text.size(), readBack).ec != std::errc()) {
+        --decimal.Digits.back();
     }
     return decimal;
 }

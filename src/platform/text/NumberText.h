@@ -48,7 +48,8 @@ std::string Format(double value, std::string_view pattern, Mark mark = Mark::Loc
 // The shortest text of up to 15 significant digits (7 for a 32-bit float): no trailing zeros, no group
 // marks, a zero ahead of the decimal mark. The exponent form, as in 1.671168E+07, is taken where the whole
 // part would have more digits than that, or the number would need more than 15 decimals (7 for a float).
-// Never "-0". `value` must be finite.
+// Never "-0". `value` must be finite. It can always be read back: a value that would be rounded up beyond its
+// format is rounded down.
 std::string ShortestText(double value, Mark mark = Mark::Locale);
 std::string ShortestText(float value, Mark mark = Mark::Locale);
 

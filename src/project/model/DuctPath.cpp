@@ -16,7 +16,6 @@ std::int16_t PathCount = 0;
 
 namespace {
 
-constexpr std::size_t kLongestQuote = 24;
 constexpr std::string_view kDigits = "0123456789";
 
 std::string NumbersThereAre() {
@@ -31,15 +30,7 @@ std::string NumbersThereAre() {
 }
 
 [[noreturn]] void Fail(std::string_view piece, const std::string& problem) {
-    std::string quoted(piece);
-    if (quoted.size() > kLongestQuote) {
-        std::size_t end = kLongestQuote;
-        while (IsContinuation(quoted[end])) {
-            --end;
-        }
-        quoted = quoted.substr(0, end) + "...";
-    }
-    throw PathFailure("\"" + quoted + "\" " + problem + "  " + NumbersThereAre());
+    throw PathFailure("\"" + Shortened(piece) + "\" " + problem + "  " + NumbersThereAre());
 }
 
 // Length of the character at the start of `text`, which is UTF-8.

@@ -12,7 +12,8 @@ namespace {
 
 constexpr char kMarker = '\xA4';
 constexpr std::string_view kLineEnd = "\r\n";
-constexpr std::size_t kUsualBlock = 160; // bytes, for the reservation
+constexpr std::uint64_t kFarthestMarker = 1'048'576; // bytes; a file that has none within so many has no more
+constexpr std::size_t kUsualBlock = 160;             // bytes, for the reservation
 
 // Calls `field` for each number of an element, in the order of the file.
 template <typename Record, typename Field>
@@ -83,14 +84,14 @@ void ReadNumber(ItemReader& reader, Number& field) {
     const std::string text = reader.ReadNumberText();
     const std::optional<Number> number = Parse(text, field);
     if (!number && IsWrittenAsNumber(text)) {
-        throw FileFailure("number too large: " + text);
+        throw ContentFailure("number too large: " + text);
     }
     field = number.value_or(Number{0});
 }
 
 void ReadBlock(ItemReader& reader) {
     if (DuctCount == kMostDucts) {
-        throw FileFailure("more ducts than a project can hold");
+        throw ContentFailure("more ducts than a project can hold");
     }
     ++DuctCount;
     FitDucts();
@@ -113,9 +114,11 @@ std::string ProjectText() {
 void ReadProjectText(const std::string& path) {
     ItemReader reader(path);
     std::string item = reader.ReadText();
-    while (!reader.AtEnd()) {
+    std::uint64_t endOfBlock = 0;
+    while (!reader.AtEnd() && reader.Position() - endOfBlock <= kFarthestMarker) {
         if (!item.empty() && item.front() == kMarker) {
             ReadBlock(reader);
+            endOfBlock = reader.Position();
         }
         if (!reader.AtEnd()) {
             item = reader.ReadText();
