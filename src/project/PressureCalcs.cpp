@@ -6,7 +6,7 @@
 #include "platform/desktop/InputBox.h"
 #include "platform/desktop/MessageBox.h"
 #include "platform/text/NumberText.h"
-#include "project/PathPlot.h"
+#include "project/PlotDrawing.h"
 #include "project/model/DuctPath.h"
 #include "project/model/DuctRecord.h"
 

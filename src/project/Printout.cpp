@@ -1,7 +1,7 @@
 #include "project/Printout.h"
 
 #include "platform/desktop/MessageBox.h"
-#include "project/PathPlot.h"
+#include "project/PlotDrawing.h"
 #include "project/ProjectGrid.h"
 
 #include <functional>
@@ -99,7 +99,7 @@ void PrintProject(CommonDialog& dialog, Printer& printer) {
 void PrintPathPlot(CommonDialog& dialog, Printer& printer) {
     PrintCopies(dialog, printer, [&] {
         SetUpPicturePage(printer);
-        DrawPathPlot(printer, kPaperPlot);
+        DrawPlot(printer, kPaperPlot);
     });
 }
 

@@ -8,10 +8,6 @@ constexpr double kEndMark = 50; // half a side
 constexpr int kGridLineWidth = 1;
 constexpr int kHighlightLineWidth = 4;
 
-void DrawLine(DrawingSurface& surface, Point start, Point end, ColourNumber colour) {
-    surface.Line(start.X, start.Y, end.X, end.Y, colour);
-}
-
 // The lines' places are summed up in 32 bits.
 float Next(float place, double pitch) {
     return static_cast<float>(static_cast<double>(place) + pitch);
@@ -20,41 +16,39 @@ float Next(float place, double pitch) {
 } // namespace
 
 void DrawGridLines(DrawingSurface& surface, ColourNumber colour) {
-    const double width = surface.Width();
-    const double height = surface.Height();
+    const auto [width, height] = surface.Size();
     surface.SetLineWidth(kGridLineWidth);
     const double across = GridPitch(width, Axis::X);
     float x = Next(0, across);
     for (int line = 1; line < kCellsAcross; ++line, x = Next(x, across)) {
         const double at = static_cast<double>(x);
-        surface.Line(at, 0, at, height, colour);
+        surface.Line({at, 0}, {at, height}, colour);
     }
     const double down = GridPitch(height, Axis::Y);
     float y = Next(0, down);
     for (int line = 1; line < kCellsDown; ++line, y = Next(y, down)) {
         const double at = static_cast<double>(y);
-        surface.Line(0, at, width, at, colour);
+        surface.Line({0, at}, {width, at}, colour);
     }
 }
 
 void DrawEndMark(DrawingSurface& surface, Point at) {
-    surface.Box(at.X - kEndMark, at.Y - kEndMark, at.X + kEndMark, at.Y + kEndMark, kBlackColour);
+    surface.Box({at.X - kEndMark, at.Y - kEndMark}, {at.X + kEndMark, at.Y + kEndMark}, kBlackColour);
 }
 
 void DrawDucts(DrawingSurface& surface) {
     for (int number = 1; number <= DuctCount; ++number) {
         const DuctRecord& duct = Duct(number);
-        const Point start = StartOf(duct, surface.Width(), surface.Height());
-        const Point end = EndOf(duct, surface.Width(), surface.Height());
+        const Point start = StartOf(duct, surface.Size());
+        const Point end = EndOf(duct, surface.Size());
         DrawEndMark(surface, start);
         DrawEndMark(surface, end);
-        DrawLine(surface, start, end, DrawnColour(duct.Colour));
+        surface.Line(start, end, DrawnColour(duct.Colour));
     }
 }
 
 void PrintLabel(DrawingSurface& surface, std::int16_t duct) {
-    const Point place = LabelPlace(Duct(duct), surface.Width(), surface.Height());
-    surface.SetPosition(place.X, place.Y);
+    surface.SetPosition(LabelPlace(Duct(duct), surface.Size()));
     surface.Print(DuctLabel(duct));
 }
 
@@ -67,13 +61,12 @@ void PrintLabels(DrawingSurface& surface) {
 void DrawHighlight(DrawingSurface& surface, std::int16_t duct) {
     const DuctRecord& record = Duct(duct);
     surface.SetLineWidth(kHighlightLineWidth);
-    DrawLine(surface, StartOf(record, surface.Width(), surface.Height()),
-             EndOf(record, surface.Width(), surface.Height()), kGreenColour);
+    surface.Line(StartOf(record, surface.Size()), EndOf(record, surface.Size()), kGreenColour);
     surface.SetLineWidth(kNetworkLineWidth);
 }
 
 void GridPicture::ShowNetwork(ColourNumber gridColour, bool labels) {
-    const Network wanted{NetworkRevision, Width(), Height(), gridColour, labels};
+    const Network wanted{NetworkRevision, Size(), gridColour, labels};
     if (wanted == m_shown && Cuts() == m_cuts) {
         CutBackTo(m_networkItems);
     } else {

@@ -36,8 +36,7 @@ class GridPicture : public RecordedSurface {
   private:
     struct Network {
         std::uint64_t Revision;
-        double Width;
-        double Height;
+        Extent Size;
         ColourNumber GridColour;
         bool Labels;
         bool operator==(const Network&) const = default;

@@ -19,8 +19,9 @@ int NumberInCaption(const std::string& caption) {
     return number;
 }
 
-void HoldPoint(SolverWindow& solver, float x, float y) {
-    solver.Last = {Whole(static_cast<double>(x)), Whole(static_cast<double>(y))};
+void HoldPoint(SolverWindow& solver, Point point) {
+    solver.LastX = static_cast<int>(Whole(point.X));
+    solver.LastY = static_cast<int>(Whole(point.Y));
 }
 
 } // namespace
@@ -68,18 +69,18 @@ void ClickGrid(const ProjectWindows& windows, MouseButton button, float x, float
     SolverWindow& solver = windows.Solver;
     GridPicture& grid = solver.PicGrid();
     grid.SetLineWidth(kNetworkLineWidth);
-    x = SnapToGrid(x, grid.Width(), Axis::X);
-    y = SnapToGrid(y, grid.Height(), Axis::Y);
-    const Point point{static_cast<double>(x), static_cast<double>(y)};
+    const Point point{static_cast<double>(SnapToGrid(x, grid.Size().Width, Axis::X)),
+                      static_cast<double>(SnapToGrid(y, grid.Size().Height, Axis::Y))};
     DrawEndMark(grid, point);
     if (DrawPending == kFlagClear) {
         DrawPending = kFlagSet;
-        HoldPoint(solver, x, y);
+        HoldPoint(solver, point);
         return;
     }
-    grid.Line(solver.Last.X, solver.Last.Y, point.X, point.Y, DrawnColour(DrawColour));
-    AddDuct(solver.Last.X, solver.Last.Y, x, y, grid.Width(), grid.Height());
-    HoldPoint(solver, x, y);
+    const Point last{static_cast<double>(solver.LastX), static_cast<double>(solver.LastY)};
+    grid.Line(last, point, DrawnColour(DrawColour));
+    AddDuct(last, point, grid.Size());
+    HoldPoint(solver, point);
     windows.Sheet.SetScrollMaximum(DuctCount);
     LabelDuct(windows, DuctCount);
 }

@@ -17,7 +17,8 @@ class SolverWindow {
     virtual ~SolverWindow() = default;
 
     // The start point held for the next click, in the grid's units.
-    Point Last;
+    int LastX = 0;
+    int LastY = 0;
 
     // Puts the window over the whole screen, cmdClose at its right and picGrid below, and gives PicGrid its
     // size.

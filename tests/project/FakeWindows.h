@@ -19,7 +19,7 @@ class FakeSolver : public SolverWindow {
   public:
     FakeSolver() { dialog.CancelError = true; }
 
-    void LayOut() override { picGrid.SetSize(width, height); }
+    void LayOut() override { picGrid.SetSize({width, height}); }
     GridPicture& PicGrid() override { return picGrid; }
     ColourNumber BackColour() const override { return 15790320; }
     bool LabelsTicked() const override { return labels; }
@@ -121,11 +121,11 @@ inline std::vector<std::string> Described(const RecordedSurface& surface, std::s
         const DrawnItem& item = surface.Items()[index];
         std::ostringstream text; // of six digits, as the sums are a bit off
         if (item.Kind == DrawnItem::Shape::Text) {
-            text << "text " << item.Text << ": " << item.X1 << ',' << item.Y1;
+            text << "text " << item.Text << ": " << item.Start.X << ',' << item.Start.Y;
         } else {
             text << item.LineWidth << (item.Style == LineStyle::Dashed ? "-" : "")
                  << (item.Kind == DrawnItem::Shape::Line ? " line " : " box ") << item.Colour << ": "
-                 << item.X1 << ',' << item.Y1 << ' ' << item.X2 << ',' << item.Y2;
+                 << item.Start.X << ',' << item.Start.Y << ' ' << item.End.X << ',' << item.End.Y;
         }
         all.push_back(text.str());
     }

@@ -43,7 +43,9 @@ TEST(History, EveryStateComesBackBitForBit) {
     std::mt19937 random(1);
     const auto below = [&](int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); };
     const std::function<void()> actions[] = {
-        [&] { AddDuct(below(40), below(30), static_cast<float>(below(40)), 1, 40, 30); },
+        [&] {
+            AddDuct({below(40) * 1.0, below(30) * 1.0}, {below(40) * 1.0, 1}, {40, 30});
+        },
         [&] { // a value, and what follows it
             const auto duct = static_cast<std::int16_t>(below(DuctCount + 1));
             Duct(duct).Flow = below(3) / 3.0;
@@ -102,7 +104,7 @@ TEST(History, NamesTheFirstDuctThatChangedAndTheButton) {
     NoteStep(false);
     ClearProject();
     NoteStep(true); // as if a solution had shown it in between
-    AddDuct(0, 0, 1, 1, 40, 30);
+    AddDuct({0, 0}, {1, 1}, {40, 30});
     ProjectName = "saved.gsp";
     NoteName();
     NoteStep(true);

@@ -30,14 +30,14 @@ TEST(ProjectGeometry, SnapsToTheNearestLine) {
 
 TEST(ProjectGeometry, EndsAndLabelAreWholeHalvesToEven) {
     const DuctRecord duct{.StartX = 0.25, .EndX = 0.35, .EndY = 0.5};
-    EXPECT_EQ(StartOf(duct, 10, 1).X, 2);
-    EXPECT_EQ(EndOf(duct, 10, 1).X, 4);
-    EXPECT_EQ(EndOf(duct, 10, 1).Y, 0);
-    EXPECT_EQ(LabelPlace(duct, 10, 6).X, 3);
-    EXPECT_EQ(LabelPlace(duct, 10, 6).Y, 2);
+    EXPECT_EQ(StartOf(duct, {10, 1}).X, 2);
+    EXPECT_EQ(EndOf(duct, {10, 1}).X, 4);
+    EXPECT_EQ(EndOf(duct, {10, 1}).Y, 0);
+    EXPECT_EQ(LabelPlace(duct, {10, 6}).X, 3);
+    EXPECT_EQ(LabelPlace(duct, {10, 6}).Y, 2);
     const DuctRecord damaged{.StartX = 1E308, .EndX = -1E308};
-    EXPECT_EQ(StartOf(damaged, 15000, 10000).X, 1E7);
-    EXPECT_TRUE(std::isfinite(LabelPlace(damaged, 15000, 10000).X));
+    EXPECT_EQ(StartOf(damaged, {15000, 10000}).X, 1E7);
+    EXPECT_TRUE(std::isfinite(LabelPlace(damaged, {15000, 10000}).X));
     EXPECT_EQ(DrawnColour(3E38F), kBlackColour);
 }
 

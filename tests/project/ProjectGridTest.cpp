@@ -53,7 +53,7 @@ TEST_F(ProjectTest, RedrawShowsWhatIsThereNow) {
     const auto expectAnew = [&](const char* change) {
         RedrawProject(windows);
         GridPicture anew;
-        anew.SetSize(solver.width, solver.height);
+        anew.SetSize({solver.width, solver.height});
         anew.ShowNetwork(solver.BackColour(), solver.labels);
         EXPECT_EQ(Described(solver.picGrid), Described(anew)) << change;
     };
@@ -66,7 +66,7 @@ TEST_F(ProjectTest, RedrawShowsWhatIsThereNow) {
     solver.labels = false;
     expectAnew("labels off");
     solver.picGrid.Clear();
-    solver.picGrid.Line(0, 0, 1, 1, 0);
+    solver.picGrid.Line({0, 0}, {1, 1}, 0);
     expectAnew("another picture");
     solver.height = 20000;
     expectAnew("another size");

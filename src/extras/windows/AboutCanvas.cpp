@@ -15,11 +15,11 @@ namespace {
 
 // Pixels that the line between two points in twips may touch: a chain of small rectangles, since one around
 // the whole of a slanting line is mostly empty.
-QRegion PixelsAlong(double x1, double y1, double x2, double y2) {
+QRegion PixelsAlong(Point start, Point end) {
     constexpr double kPiece = 32;
     constexpr int kMargin = 2; // half the line's width, and what smoothing adds
-    const QPointF from(x1 / TwipsPerPixelX(), y1 / TwipsPerPixelY());
-    const QPointF way = QPointF(x2 / TwipsPerPixelX(), y2 / TwipsPerPixelY()) - from;
+    const QPointF from(start.X / TwipsPerPixelX(), start.Y / TwipsPerPixelY());
+    const QPointF way = QPointF(end.X / TwipsPerPixelX(), end.Y / TwipsPerPixelY()) - from;
     const int pieces = static_cast<int>(std::max(std::abs(way.x()), std::abs(way.y())) / kPiece) + 1;
     QRegion region;
     for (int i = 0; i < pieces; ++i) {
@@ -31,12 +31,12 @@ QRegion PixelsAlong(double x1, double y1, double x2, double y2) {
 
 QRegion PixelsOf(const DrawnItem& item) {
     if (item.Kind == DrawnItem::Shape::Box) {
-        return PixelsAlong(item.X1, item.Y1, item.X2, item.Y1) +
-               PixelsAlong(item.X2, item.Y1, item.X2, item.Y2) +
-               PixelsAlong(item.X2, item.Y2, item.X1, item.Y2) +
-               PixelsAlong(item.X1, item.Y2, item.X1, item.Y1);
+        const Point right{item.End.X, item.Start.Y};
+        const Point below{item.Start.X, item.End.Y};
+        return PixelsAlong(item.Start, right) + PixelsAlong(right, item.End) + PixelsAlong(item.End, below) +
+               PixelsAlong(below, item.Start);
     }
-    return PixelsAlong(item.X1, item.Y1, item.X2, item.Y2);
+    return PixelsAlong(item.Start, item.End);
 }
 
 } // namespace
@@ -47,7 +47,7 @@ AboutCanvas::AboutCanvas(const QString& name, QWidget* parent) : QWidget(parent)
 }
 
 void AboutCanvas::resizeEvent(QResizeEvent*) {
-    m_surface.SetSize(width() * TwipsPerPixelX(), height() * TwipsPerPixelY());
+    m_surface.SetSize({width() * TwipsPerPixelX(), height() * TwipsPerPixelY()});
     m_picture = QImage((QSizeF(size()) * devicePixelRatio()).toSize(), QImage::Format_RGB32);
     m_picture.setDevicePixelRatio(devicePixelRatio());
     m_picture.fill(Qt::black);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/drawing/Point.h"
+
 #include <cstdint>
 #include <string>
 
@@ -19,8 +21,7 @@ class DrawingSurface {
     virtual ~DrawingSurface() = default;
 
     // Read afresh at each use: a window or a page may have changed its size since.
-    virtual double Width() const = 0;
-    virtual double Height() const = 0;
+    virtual Extent Size() const = 0;
 
     // Both hold for the lines and boxes from here on. A width counts pixels on the screen (of a screen of 96
     // per inch, so that it grows with the scale factor), and thirds of a point on paper. The first width is
@@ -28,13 +29,13 @@ class DrawingSurface {
     virtual void SetLineWidth(int width) = 0;
     virtual void SetLineStyle(LineStyle style) = 0;
 
-    virtual void Line(double x1, double y1, double x2, double y2, ColourNumber colour) = 0;
+    virtual void Line(Point start, Point end, ColourNumber colour) = 0;
 
     // Outline of the rectangle between two opposite corners.
-    virtual void Box(double x1, double y1, double x2, double y2, ColourNumber colour) = 0;
+    virtual void Box(Point corner, Point opposite, ColourNumber colour) = 0;
 
     // Where the top left corner of the next text stands.
-    virtual void SetPosition(double x, double y) = 0;
+    virtual void SetPosition(Point place) = 0;
 
     // Prints one line of UTF-8 text at the position, in the surface's text colour.
     virtual void Print(const std::string& text) = 0;

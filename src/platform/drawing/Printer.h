@@ -15,7 +15,7 @@ struct PrinterFailure : std::runtime_error {
 };
 
 // The printer that the print dialog chose. A document begins by itself with the first thing drawn and ends
-// with EndDoc; the next one is a print job, or a file, of its own. Width and Height are those of the paper in
+// with EndDoc; the next one is a print job, or a file, of its own. Its Size is that of the paper in
 // its present orientation. Every operation but KillDoc may throw PrinterFailure.
 class Printer : public DrawingSurface {
   public:

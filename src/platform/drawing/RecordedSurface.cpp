@@ -5,26 +5,16 @@
 
 namespace plenair {
 
-void RecordedSurface::SetSize(double width, double height) {
-    m_width = width;
-    m_height = height;
+void RecordedSurface::Line(Point start, Point end, ColourNumber colour) {
+    Add(DrawnItem::Shape::Line, start, end, colour);
 }
 
-void RecordedSurface::Line(double x1, double y1, double x2, double y2, ColourNumber colour) {
-    Add(DrawnItem::Shape::Line, x1, y1, x2, y2, colour);
-}
-
-void RecordedSurface::Box(double x1, double y1, double x2, double y2, ColourNumber colour) {
-    Add(DrawnItem::Shape::Box, x1, y1, x2, y2, colour);
-}
-
-void RecordedSurface::SetPosition(double x, double y) {
-    m_x = x;
-    m_y = y;
+void RecordedSurface::Box(Point corner, Point opposite, ColourNumber colour) {
+    Add(DrawnItem::Shape::Box, corner, opposite, colour);
 }
 
 void RecordedSurface::Print(const std::string& text) {
-    Add(DrawnItem::Shape::Text, m_x, m_y, m_x, m_y, kBlackColour);
+    Add(DrawnItem::Shape::Text, m_position, m_position, kBlackColour);
     m_items.back().Text = text;
 }
 
@@ -41,9 +31,8 @@ std::size_t RecordedSurface::TakeItemsKept() {
     return std::exchange(m_kept, m_items.size());
 }
 
-void RecordedSurface::Add(DrawnItem::Shape kind, double x1, double y1, double x2, double y2,
-                          ColourNumber colour) {
-    m_items.push_back({kind, m_style, m_lineWidth, colour, x1, y1, x2, y2, {}});
+void RecordedSurface::Add(DrawnItem::Shape kind, Point start, Point end, ColourNumber colour) {
+    m_items.push_back({kind, m_style, m_lineWidth, colour, start, end, {}});
     TellChange();
 }
 

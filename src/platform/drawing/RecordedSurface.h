@@ -15,10 +15,8 @@ struct DrawnItem {
     LineStyle Style = LineStyle::Solid;
     int LineWidth = 1;
     ColourNumber Colour = kBlackColour;
-    double X1 = 0; // of a text: its top left corner
-    double Y1 = 0;
-    double X2 = 0;
-    double Y2 = 0;
+    Point Start; // of a text: its top left corner
+    Point End;
     std::string Text;
 };
 
@@ -29,17 +27,16 @@ struct DrawnItem {
 // gives no less than the number it has.
 class RecordedSurface : public DrawingSurface {
   public:
-    double Width() const override { return m_width; }
-    double Height() const override { return m_height; }
+    Extent Size() const override { return m_size; }
 
     // What was drawn stays where it is.
-    void SetSize(double width, double height);
+    void SetSize(Extent size) { m_size = size; }
 
     void SetLineWidth(int width) override { m_lineWidth = width; }
     void SetLineStyle(LineStyle style) override { m_style = style; }
-    void Line(double x1, double y1, double x2, double y2, ColourNumber colour) override;
-    void Box(double x1, double y1, double x2, double y2, ColourNumber colour) override;
-    void SetPosition(double x, double y) override;
+    void Line(Point start, Point end, ColourNumber colour) override;
+    void Box(Point corner, Point opposite, ColourNumber colour) override;
+    void SetPosition(Point place) override { m_position = place; }
     void Print(const std::string& text) override;
 
     void Clear() { CutBackTo(0); }
@@ -58,15 +55,13 @@ class RecordedSurface : public DrawingSurface {
     void WhenChanged(std::function<void()> changed) { m_changed = std::move(changed); }
 
   private:
-    void Add(DrawnItem::Shape kind, double x1, double y1, double x2, double y2, ColourNumber colour);
+    void Add(DrawnItem::Shape kind, Point start, Point end, ColourNumber colour);
     void TellChange() const;
 
-    double m_width = 0;
-    double m_height = 0;
+    Extent m_size;
     int m_lineWidth = 1;
     LineStyle m_style = LineStyle::Solid;
-    double m_x = 0;
-    double m_y = 0;
+    Point m_position;
     std::vector<DrawnItem> m_items;
     std::size_t m_cuts = 0;
     std::size_t m_kept = 0;

@@ -65,24 +65,28 @@ class DesktopPrinter : public Printer {
   public:
     ~DesktopPrinter() override { Abandon(); }
 
-    double Width() const override { return PaperSize().width(); }
-    double Height() const override { return PaperSize().height(); }
+    Extent Size() const override {
+        const QSizeF portrait =
+            Chosen().Printer.pageLayout().pageSize().size(QPageSize::Point) * kTwipsPerPoint;
+        const QSizeF size = m_orientation == PageOrientation::Landscape ? portrait.transposed() : portrait;
+        return {size.width(), size.height()};
+    }
 
     void SetLineWidth(int width) override { m_lineWidth = width; }
     void SetLineStyle(LineStyle style) override { m_lineStyle = style; }
 
-    void Line(double x1, double y1, double x2, double y2, ColourNumber colour) override {
+    void Line(Point start, Point end, ColourNumber colour) override {
         Page().setPen(PenOf(colour));
-        Page().drawLine(QPointF(x1, y1), QPointF(x2, y2));
+        Page().drawLine(QPointF(start.X, start.Y), QPointF(end.X, end.Y));
     }
 
-    void Box(double x1, double y1, double x2, double y2, ColourNumber colour) override {
+    void Box(Point corner, Point opposite, ColourNumber colour) override {
         Page().setPen(PenOf(colour));
         Page().setBrush(Qt::NoBrush);
-        Page().drawRect(QRectF(QPointF(x1, y1), QPointF(x2, y2)).normalized());
+        Page().drawRect(QRectF(QPointF(corner.X, corner.Y), QPointF(opposite.X, opposite.Y)).normalized());
     }
 
-    void SetPosition(double x, double y) override { m_position = QPointF(x, y); }
+    void SetPosition(Point place) override { m_position = QPointF(place.X, place.Y); }
 
     void Print(const std::string& text) override {
         QPainter& page = Page();
@@ -145,12 +149,6 @@ class DesktopPrinter : public Printer {
     void KillDoc() override { Abandon(); }
 
   private:
-    QSizeF PaperSize() const {
-        const QSizeF portrait =
-            Chosen().Printer.pageLayout().pageSize().size(QPageSize::Point) * kTwipsPerPoint;
-        return m_orientation == PageOrientation::Landscape ? portrait.transposed() : portrait;
-    }
-
     QPen PenOf(ColourNumber colour) const {
         QPen pen(ToColour(colour), m_lineWidth * kLineWidthUnit,
                  m_lineStyle == LineStyle::Solid ? Qt::SolidLine : Qt::CustomDashLine, Qt::RoundCap,

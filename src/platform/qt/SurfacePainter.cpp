@@ -51,8 +51,8 @@ void SurfacePainter::PaintAlongAxis(double x1, double y1, double x2, double y2, 
 }
 
 SurfacePainter::Ends SurfacePainter::EndsInPixels(const DrawnItem& item) const {
-    return {item.X1 * m_pixelsPerTwipX, item.Y1 * m_pixelsPerTwipY, item.X2 * m_pixelsPerTwipX,
-            item.Y2 * m_pixelsPerTwipY};
+    return {item.Start.X * m_pixelsPerTwipX, item.Start.Y * m_pixelsPerTwipY, item.End.X * m_pixelsPerTwipX,
+            item.End.Y * m_pixelsPerTwipY};
 }
 
 void SurfacePainter::PaintLine(const DrawnItem& item) {
@@ -84,7 +84,7 @@ void SurfacePainter::PaintBox(const DrawnItem& item) {
 }
 
 void SurfacePainter::PaintText(const DrawnItem& item) {
-    const QPointF place(item.X1 * m_pixelsPerTwipX, item.Y1 * m_pixelsPerTwipY);
+    const QPointF place(item.Start.X * m_pixelsPerTwipX, item.Start.Y * m_pixelsPerTwipY);
     QStaticText text(ToQt(item.Text)); // laid out once for all five
     text.setTextFormat(Qt::PlainText);
     m_painter.setPen(Qt::white);

@@ -10,8 +10,12 @@ namespace {
 constexpr double kFarOff = 1E7;
 constexpr double kHighestColour = 16777215.0;
 
-double WholeDrawable(double coordinate) {
-    return Whole(Drawable(coordinate));
+double Drawable(double coordinate) {
+    return std::isnan(coordinate) ? 0.0 : std::clamp(coordinate, -kFarOff, kFarOff);
+}
+
+Point WholeDrawable(Point place) {
+    return {Whole(Drawable(place.X)), Whole(Drawable(place.Y))};
 }
 
 } // namespace
@@ -32,17 +36,17 @@ float SnapToGrid(float value, double size, Axis axis) {
     return static_cast<float>(snapped);
 }
 
-Point StartOf(const DuctRecord& duct, double width, double height) {
-    return {WholeDrawable(width * duct.StartX), WholeDrawable(height * duct.StartY)};
+Point StartOf(const DuctRecord& duct, Extent surface) {
+    return WholeDrawable({surface.Width * duct.StartX, surface.Height * duct.StartY});
 }
 
-Point EndOf(const DuctRecord& duct, double width, double height) {
-    return {WholeDrawable(width * duct.EndX), WholeDrawable(height * duct.EndY)};
+Point EndOf(const DuctRecord& duct, Extent surface) {
+    return WholeDrawable({surface.Width * duct.EndX, surface.Height * duct.EndY});
 }
 
-Point LabelPlace(const DuctRecord& duct, double width, double height) {
-    return {WholeDrawable((width * duct.EndX + width * duct.StartX) / 2),
-            WholeDrawable((height * duct.EndY + height * duct.StartY) / 2)};
+Point LabelPlace(const DuctRecord& duct, Extent surface) {
+    return WholeDrawable({(surface.Width * duct.EndX + surface.Width * duct.StartX) / 2,
+                          (surface.Height * duct.EndY + surface.Height * duct.StartY) / 2});
 }
 
 bool IsColourNumber(float colour) {
@@ -55,8 +59,8 @@ ColourNumber DrawnColour(float colour) {
                                   : kBlackColour;
 }
 
-double Drawable(double coordinate) {
-    return std::isnan(coordinate) ? 0.0 : std::clamp(coordinate, -kFarOff, kFarOff);
+Point Drawable(Point place) {
+    return {Drawable(place.X), Drawable(place.Y)};
 }
 
 double Whole(double value) {

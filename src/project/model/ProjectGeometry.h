@@ -19,24 +19,19 @@ double GridPitch(double size, Axis axis);
 // surface.
 float SnapToGrid(float value, double size, Axis axis);
 
-struct Point {
-    double X = 0;
-    double Y = 0;
-};
-
 // A duct's ends, or the place of its label in the middle between them, on a surface of that size, as whole
 // numbers.
-Point StartOf(const DuctRecord& duct, double width, double height);
-Point EndOf(const DuctRecord& duct, double width, double height);
-Point LabelPlace(const DuctRecord& duct, double width, double height);
+Point StartOf(const DuctRecord& duct, Extent surface);
+Point EndOf(const DuctRecord& duct, Extent surface);
+Point LabelPlace(const DuctRecord& duct, Extent surface);
 
 // The colour number that a duct is drawn in: black where its Colour is no colour number.
 ColourNumber DrawnColour(float colour);
 bool IsColourNumber(float colour);
 
-// `coordinate` as it can be drawn. What lies 10 million units off any surface, or nowhere, as in a damaged
-// file, comes back to that distance, or to 0.
-double Drawable(double coordinate);
+// `place` as it can be drawn. What lies 10 million units off any surface, or nowhere, as in a damaged file,
+// comes back to that distance, or to 0.
+Point Drawable(Point place);
 
 // To the nearest whole number, halves to even.
 double Whole(double value);

@@ -20,15 +20,15 @@ bool IsDuct(int duct) {
     return duct >= 1 && duct <= DuctCount;
 }
 
-void AddDuct(double lastX, double lastY, float x, float y, double width, double height) {
+void AddDuct(Point last, Point snapped, Extent surface) {
     ++DuctCount;
     FitDucts();
     DuctRecord& duct = Ducts.back();
     duct = {};
-    duct.StartX = lastX / width;
-    duct.StartY = lastY / height;
-    duct.EndX = static_cast<double>(x) / width;
-    duct.EndY = static_cast<double>(y) / height;
+    duct.StartX = last.X / surface.Width;
+    duct.StartY = last.Y / surface.Height;
+    duct.EndX = snapped.X / surface.Width;
+    duct.EndY = snapped.Y / surface.Height;
     duct.Colour = DrawColour;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/drawing/Point.h"
 #include "project/model/DuctRecord.h"
 #include "project/model/SheetBoxes.h"
 
@@ -40,9 +41,9 @@ bool IsDuct(int duct);
 // The record of an element, 0 to DuctCount.
 DuctRecord& Duct(int number);
 
-// Adds a duct from (lastX, lastY) to (x, y) on a surface of that size, in DrawColour, all its values 0. There
-// must be fewer than MostDucts.
-void AddDuct(double lastX, double lastY, float x, float y, double width, double height);
+// Adds a duct from `last` to `snapped` on a surface of that size, in DrawColour, all its values 0. There must
+// be fewer than kMostDucts.
+void AddDuct(Point last, Point snapped, Extent surface);
 
 // Cuts or extends Ducts to DuctCount, keeping what stays.
 void FitDucts();

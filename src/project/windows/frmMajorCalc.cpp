@@ -109,8 +109,8 @@ double frmMajorCalc::GridTop() const {
 void frmMajorCalc::LayOut() {
     FillScreen();
     Place(cmdClose, ScreenWidth() - kCloseWidth - 100, kButtonTop, kCloseWidth, kButtonHeight);
-    m_picture.SetSize(ScreenWidth() - 200, ScreenHeight() - 1050);
-    Place(picGrid, kGridLeft, kGridTop, m_picture.Width(), m_picture.Height());
+    m_picture.SetSize({ScreenWidth() - 200, ScreenHeight() - 1050});
+    Place(picGrid, kGridLeft, kGridTop, m_picture.Size().Width, m_picture.Size().Height);
 }
 
 ColourNumber frmMajorCalc::BackColour() const {

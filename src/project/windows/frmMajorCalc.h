@@ -23,7 +23,7 @@ class frmMajorCalc : public Form, public SolverWindow {
     // `loadSheet` loads the other window, once this one has its size.
     void Form_Load(const std::function<void()>& loadSheet);
 
-    double GridWidth() const { return m_picture.Width(); }
+    double GridWidth() const { return m_picture.Size().Width; }
     double GridTop() const;
 
     // Takes the sheet off the screen, as a click on its button does.

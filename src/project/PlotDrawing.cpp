@@ -1,0 +1,53 @@
+#include "project/PlotDrawing.h"
+
+namespace plenair {
+
+namespace {
+
+constexpr int kFrameLineWidth = 1;
+
+void Draw(DrawingSurface& surface, const PlotGeometry& plot, int pathLineWidth) {
+    surface.SetLineStyle(LineStyle::Solid);
+    surface.SetLineWidth(kFrameLineWidth);
+    surface.Box(plot.NearCorner, plot.FarCorner, kBlackColour);
+    surface.SetLineStyle(LineStyle::Dashed);
+    for (const PlotLine& guide : plot.Guides) {
+        surface.Line(guide.Start, guide.End, kBlackColour);
+    }
+    surface.SetLineStyle(LineStyle::Solid);
+    surface.SetLineWidth(pathLineWidth);
+    for (const PlotLine& line : plot.Path) {
+        surface.Line(line.Start, line.End, DrawnColour(line.Colour));
+    }
+    for (const PlotLabel& label : plot.Labels) {
+        surface.SetPosition(label.Place);
+        surface.Print(label.Text);
+    }
+}
+
+} // namespace
+
+std::string WhyNoPlot() {
+    const PathSums sums = SumsOfPath();
+    if (sums.Length == 0.0) {
+        return "There is nothing to plot, since the ducts of this path have no length.";
+    }
+    if (sums.Drop == 0.0) {
+        return "There is nothing to plot, since the pressure does not drop along this path.";
+    }
+    return "";
+}
+
+void DrawPlot(DrawingSurface& surface, const PlotFigures& figures) {
+    Draw(surface, LayOutPlot(surface.Size(), figures), figures.PathLineWidth);
+}
+
+void PlotPath(const ProjectWindows& windows) {
+    GridPicture& grid = windows.Solver.PicGrid();
+    const PlotGeometry plot = LayOutPlot(grid.Size(), kGridPlot);
+    grid.Clear();
+    Draw(grid, plot, kGridPlot.PathLineWidth);
+    PlotShowing = kFlagSet;
+}
+
+} // namespace plenair

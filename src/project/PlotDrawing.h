@@ -1,0 +1,22 @@
+#pragma once
+
+#include "project/ProjectWindows.h"
+#include "project/model/PlotGeometry.h"
+
+#include <string>
+
+// The plot of the last path, on the grid and on paper alike.
+namespace plenair {
+
+// Why PathElements can't be plotted, for the user; empty if they can.
+std::string WhyNoPlot();
+
+// Draws the plot of PathElements on an empty surface. Throws CalcFailure, before anything is drawn, where
+// there is nothing to plot.
+void DrawPlot(DrawingSurface& surface, const PlotFigures& figures);
+
+// Puts the plot of PathElements on the grid in place of what stands there. Throws like DrawPlot; then the
+// picture stays.
+void PlotPath(const ProjectWindows& windows);
+
+} // namespace plenair
