@@ -26,18 +26,18 @@ void Attempt(Step step) {
     }
 }
 
-void RunBasis(LiteView& view, double inputA, double inputB, double value, std::int16_t basis) {
+void RunBasis(LiteWindow& window, double inputA, double inputB, double value, std::int16_t basis) {
     switch (basis) {
     case 0:
-        return CalcLossPerMetre(view, inputA, inputB);
+        return CalcLossPerMetre(window, inputA, inputB);
     case 1:
-        return CalcVelocity(view, inputA, inputB);
+        return CalcVelocity(window, inputA, inputB);
     case 2:
-        return CalcCapped(view, inputA, inputB);
+        return CalcCapped(window, inputA, inputB);
     case 3:
-        return CalcAnalyseFlow(view, inputA, inputB, value);
+        return CalcAnalyseFlow(window, inputA, inputB, value);
     case 4:
-        return CalcAnalyseVelocity(view, inputA, inputB, value);
+        return CalcAnalyseVelocity(window, inputA, inputB, value);
     default:
         ShowMessage({"Error in Calculation.  Calculation basis not yet available.", "Plenair"});
     }
@@ -45,12 +45,12 @@ void RunBasis(LiteView& view, double inputA, double inputB, double value, std::i
 
 // Five rows around the height given, one size step apart; `size` gives the duct for a height in m.
 template <typename Size>
-void FillRows(LiteView& view, double inputA, double inputB, Size size) {
+void FillRows(LiteWindow& window, double inputA, double inputB, Size size) {
     const double flow = inputA / 1000;
     double height = inputB - ToInt16(2.0 * Settings.RoundOff);
     for (std::int16_t row = 0; row <= 4; ++row) {
         const SizedDuct duct = size(flow, height / 1000);
-        FillGrids(view, ToSingle(duct.Width * 1000), ToSingle(height), ToSingle(duct.Velocity),
+        FillGrids(window, ToSingle(duct.Width * 1000), ToSingle(height), ToSingle(duct.Velocity),
                   ToSingle(duct.Loss), duct.Equivalent, flow, row);
         height += Settings.RoundOff;
     }
@@ -68,55 +68,55 @@ double FrictionOf(double flow, double equivalent) {
 
 } // namespace
 
-void CalculateBasis(LiteView& view, double inputA, double inputB, double value, std::int16_t basis) {
+void CalculateBasis(LiteWindow& window, double inputA, double inputB, double value, std::int16_t basis) {
     Attempt([] { MonthlyReminder(); });
-    Attempt([&] { RunBasis(view, inputA, inputB, value, basis); });
+    Attempt([&] { RunBasis(window, inputA, inputB, value, basis); });
 }
 
-void CalcLossPerMetre(LiteView& view, double inputA, double inputB) {
-    FillRows(view, inputA, inputB, [&](double flow, double height) {
-        const float target = SingleOf(view.BasisText(0));
+void CalcLossPerMetre(LiteWindow& window, double inputA, double inputB) {
+    FillRows(window, inputA, inputB, [&](double flow, double height) {
+        const float target = SingleOf(window.BasisText(0));
         return SizeForLoss(flow, height, target, Settings.SurfaceRoughness1, Settings.MaxLPM);
     });
 }
 
-void CalcVelocity(LiteView& view, double inputA, double inputB) {
-    FillRows(view, inputA, inputB, [&](double flow, double height) {
-        const float target = SingleOf(view.BasisText(1));
+void CalcVelocity(LiteWindow& window, double inputA, double inputB) {
+    FillRows(window, inputA, inputB, [&](double flow, double height) {
+        const float target = SingleOf(window.BasisText(1));
         return SizeForVelocity(flow, height, target, Settings.SurfaceRoughness1, Settings.MaxVelocity);
     });
 }
 
-void CalcCapped(LiteView& view, double inputA, double inputB) {
-    FillRows(view, inputA, inputB, [&](double flow, double height) {
-        const float lossCap = SingleOf(view.BasisText(2));
-        const float velocityCap = SingleOf(view.BasisText(9));
+void CalcCapped(LiteWindow& window, double inputA, double inputB) {
+    FillRows(window, inputA, inputB, [&](double flow, double height) {
+        const float lossCap = SingleOf(window.BasisText(2));
+        const float velocityCap = SingleOf(window.BasisText(9));
         return SizeWithinCaps(flow, height, lossCap, velocityCap, Settings.SurfaceRoughness1,
                               Settings.MaxVelocity);
     });
 }
 
-void CalcAnalyseFlow(LiteView& view, double inputA, double inputB, double value) {
+void CalcAnalyseFlow(LiteWindow& window, double inputA, double inputB, double value) {
     const double equivalent = EquivalentDiameter(inputA / 1000, inputB / 1000);
     const double flow = value / 1000;
     const double velocity = RoundDuctVelocity(flow, equivalent);
     const double friction = FrictionOf(flow, equivalent);
     const double loss = LossGradient(friction, equivalent, velocity, Density(Settings.FluidTemp));
     const double rounded = RoundedUpSize(equivalent);
-    FillGrids(view, ToSingle(inputA), ToSingle(inputB), ToSingle(velocity), ToSingle(loss), rounded, flow,
+    FillGrids(window, ToSingle(inputA), ToSingle(inputB), ToSingle(velocity), ToSingle(loss), rounded, flow,
               kAnalysisRow);
 }
 
-void CalcAnalyseVelocity(LiteView& view, double inputA, double inputB, double value) {
+void CalcAnalyseVelocity(LiteWindow& window, double inputA, double inputB, double value) {
     const double equivalent = EquivalentDiameter(inputA / 1000, inputB / 1000);
     const double flow = RoundDuctFlow(value, equivalent);
     const double friction = FrictionOf(flow, equivalent);
     const double loss = LossGradient(friction, equivalent, value, Density(Settings.FluidTemp));
     const double rounded = RoundedUpSize(equivalent);
-    FillGrids(view, ToSingle(inputA), ToSingle(inputB), ToSingle(value), ToSingle(loss), rounded, flow,
+    FillGrids(window, ToSingle(inputA), ToSingle(inputB), ToSingle(value), ToSingle(loss), rounded, flow,
               kAnalysisRow);
-    view.SetMinorCell(3, 1, "( " + Format(Checked(flow * 1000), "0"));
-    view.SetMinorCell(3, 2, "L/s )");
+    window.SetMinorCell(3, 1, "( " + Format(Checked(flow * 1000), "0"));
+    window.SetMinorCell(3, 2, "L/s )");
 }
 
 } // namespace plenair

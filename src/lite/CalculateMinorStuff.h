@@ -1,6 +1,6 @@
 #pragma once
 
-#include "lite/LiteView.h"
+#include "lite/LiteWindow.h"
 
 #include <cstdint>
 
@@ -13,25 +13,25 @@ namespace plenair {
 // and without meaning otherwise. Targets of the sizing bases are read from the boxes at each row. A
 // CalcFailure ends the basis without a word: rows finished by then stay. A basis outside 0 to 4 shows a
 // message.
-void CalculateBasis(LiteView& view, double inputA, double inputB, double value, std::int16_t basis);
+void CalculateBasis(LiteWindow& window, double inputA, double inputB, double value, std::int16_t basis);
 
 // The routines behind it. Each throws CalcFailure where its arithmetic has no result, and where a search has
 // taken 500,000 steps of 0.01 without an end.
 
 // Basis 0: loss per metre of txtCalcBasis(0). Leaves Settings.MaxLPM at the last working value.
-void CalcLossPerMetre(LiteView& view, double inputA, double inputB);
+void CalcLossPerMetre(LiteWindow& window, double inputA, double inputB);
 
 // Basis 1: velocity of txtCalcBasis(1). Leaves Settings.MaxVelocity at the last working value.
-void CalcVelocity(LiteView& view, double inputA, double inputB);
+void CalcVelocity(LiteWindow& window, double inputA, double inputB);
 
 // Basis 2: the loss of txtCalcBasis(2) and the velocity of txtCalcBasis(9), neither to be exceeded. Leaves
 // Settings.MaxVelocity at the last working value.
-void CalcCapped(LiteView& view, double inputA, double inputB);
+void CalcCapped(LiteWindow& window, double inputA, double inputB);
 
 // Basis 3: a duct at a flow.
-void CalcAnalyseFlow(LiteView& view, double inputA, double inputB, double value);
+void CalcAnalyseFlow(LiteWindow& window, double inputA, double inputB, double value);
 
 // Basis 4: a duct at a velocity; its flow stands below the row.
-void CalcAnalyseVelocity(LiteView& view, double inputA, double inputB, double value);
+void CalcAnalyseVelocity(LiteWindow& window, double inputA, double inputB, double value);
 
 } // namespace plenair

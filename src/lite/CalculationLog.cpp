@@ -30,7 +30,7 @@ float RatioOf(float width, float height) {
 }
 
 // Throws CalcFailure where the row holds something else than numbers.
-LogRecord ReadRow(const LogWindow& window, int row) {
+LogRecord ReadRow(const LiteWindow& window, int row) {
     LogRecord record;
     record.Flow = SingleOf(window.InputA());
     record.Width = SingleOf(window.MinorCell(row, 0));
@@ -60,8 +60,8 @@ std::string LogText() {
     return text;
 }
 
-CommonDialog& PreparedDialog(LogWindow& window) {
-    CommonDialog& dialog = window.DlgMinor();
+CommonDialog& PreparedDialog(LiteWindow& window) {
+    CommonDialog& dialog = window.Dialog();
     dialog.DefaultExt = "pnl";
     dialog.InitDir = Settings.DefPath;
     dialog.FileName.clear();
@@ -71,12 +71,12 @@ CommonDialog& PreparedDialog(LogWindow& window) {
 
 } // namespace
 
-void ResetLog(LogWindow& window) {
+void ResetLog(LiteWindow& window) {
     LogCount = 0;
     window.EnableRecordLog(false);
 }
 
-void RecordRow(LogWindow& window, int row) {
+void RecordRow(LiteWindow& window, int row) {
     if (window.CurrentCell().empty() || window.InputB().empty() || window.InputA().empty()) {
         return;
     }
@@ -98,7 +98,7 @@ void RecordRow(LogWindow& window, int row) {
     window.FocusInputA();
 }
 
-void RecordLog(LogWindow& window) {
+void RecordLog(LiteWindow& window) {
     CommonDialog& dialog = PreparedDialog(window);
     dialog.Flags = kOverwritePrompt;
     dialog.ShowSave();
@@ -117,7 +117,7 @@ void RecordLog(LogWindow& window) {
                  MessageButtons::Ok, MessageIcon::Exclamation});
 }
 
-void OpenLog(LogWindow& window) {
+void OpenLog(LiteWindow& window) {
     CommonDialog& dialog = PreparedDialog(window);
     dialog.ShowOpen();
     if (!dialog.FileName.empty() && OpenInEditor(dialog.FileName)) {

@@ -1,9 +1,8 @@
 #pragma once
 
-#include "platform/desktop/CommonDialog.h"
+#include "lite/LiteWindow.h"
 
 #include <cstdint>
-#include <string>
 #include <vector>
 
 // The calculation log: rows of the result table collected in memory and written to a text file. A log file is
@@ -25,37 +24,19 @@ struct LogRecord {
 extern std::vector<LogRecord> LogRows;
 extern std::int16_t LogCount;
 
-// What the log needs of the Lite window.
-class LogWindow {
-  public:
-    virtual ~LogWindow() = default;
-
-    virtual std::string InputA() const = 0;
-    virtual std::string InputB() const = 0;
-    virtual void FocusInputA() = 0; // selects its text
-
-    // A cell of grdMinorCalc, and its current cell, which stays where it is put.
-    virtual std::string MinorCell(int row, int column) const = 0;
-    virtual std::string CurrentCell() const = 0;
-    virtual void SetCurrentCell(int row, int column) = 0;
-
-    virtual void EnableRecordLog(bool enabled) = 0; // mnuFileLog
-    virtual CommonDialog& DlgMinor() = 0;
-};
-
 // Makes the log empty, without a word about records that were not saved.
-void ResetLog(LogWindow& window);
+void ResetLog(LiteWindow& window);
 
 // Records row `row` of the table and moves the current cell to its last column. Does nothing while the
 // current cell or an input is empty, nor with a row that isn't four numbers, both sizes other than 0. A full
 // log beeps.
-void RecordRow(LogWindow& window, int row);
+void RecordRow(LiteWindow& window, int row);
 
 // Asks for a file, writes the log to it and empties the log. A cancel or a file that can't be written leaves
 // everything as it was, silently.
-void RecordLog(LogWindow& window);
+void RecordLog(LiteWindow& window);
 
 // Asks for a file and shows it in the text editor. Silent like RecordLog.
-void OpenLog(LogWindow& window);
+void OpenLog(LiteWindow& window);
 
 } // namespace plenair

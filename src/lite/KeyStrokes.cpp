@@ -8,7 +8,7 @@
 
 namespace plenair {
 
-void HandleKeyStroke(LiteInputs& window, std::int16_t key, const std::string& controlName) {
+void HandleKeyStroke(LiteWindow& window, std::int16_t key, const std::string& controlName) {
     if (Settings.CalcBasis == 3 || Settings.CalcBasis == 4 || (key != kKeyUpArrow && key != kKeyDownArrow)) {
         return;
     }
@@ -22,13 +22,13 @@ void HandleKeyStroke(LiteInputs& window, std::int16_t key, const std::string& co
     }
 }
 
-void CalculateTexts(LiteView& view, const std::string& inputA, const std::string& inputB,
+void CalculateTexts(LiteWindow& window, const std::string& inputA, const std::string& inputB,
                     const std::string& value) {
     try {
         const double a = NumberOf(inputA);
         const double b = NumberOf(inputB);
         const double c = NumberOf(value);
-        CalculateBasis(view, a, b, c, Settings.CalcBasis);
+        CalculateBasis(window, a, b, c, Settings.CalcBasis);
     } catch (const CalcFailure&) {
         // Nothing is said: the grids stay blank.
     }

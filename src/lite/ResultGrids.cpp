@@ -20,20 +20,20 @@ Lamp LampFor(double width, double height) {
     return ratio > 4.0F ? Lamp::Yellow : Lamp::Green;
 }
 
-void FillGrids(LiteView& view, float width, float height, float velocity, float loss, double equivalent,
+void FillGrids(LiteWindow& window, float width, float height, float velocity, float loss, double equivalent,
                double flow, std::int16_t row) {
-    view.SetMinorCell(row, 0, Format(width, "0"));
-    const double shownWidth = NumberOf(view.MinorCell(row, 0));
-    view.SetMinorCell(row, 1, Format(height, "0"));
-    const double shownHeight = NumberOf(view.MinorCell(row, 1));
-    view.SetMinorCell(row, 2, Format(velocity, "0.00"));
-    view.SetMinorCell(row, 3, Format(loss, "0.00"));
+    window.SetMinorCell(row, 0, Format(width, "0"));
+    const double shownWidth = NumberOf(window.MinorCell(row, 0));
+    window.SetMinorCell(row, 1, Format(height, "0"));
+    const double shownHeight = NumberOf(window.MinorCell(row, 1));
+    window.SetMinorCell(row, 2, Format(velocity, "0.00"));
+    window.SetMinorCell(row, 3, Format(loss, "0.00"));
     if (row == 2) {
-        view.SetOtherCell(0, Format(Checked(equivalent * 1000), "0"));
-        view.SetOtherCell(2, Format(RoundDuctVelocity(flow, equivalent), "0.00"));
-        view.SetOtherCell(3, Format(loss, "0.00"));
+        window.SetOtherCell(0, Format(Checked(equivalent * 1000), "0"));
+        window.SetOtherCell(2, Format(RoundDuctVelocity(flow, equivalent), "0.00"));
+        window.SetOtherCell(3, Format(loss, "0.00"));
     }
-    view.LightLamp(row, LampFor(shownWidth, shownHeight));
+    window.LightLamp(row, LampFor(shownWidth, shownHeight));
 }
 
 } // namespace plenair

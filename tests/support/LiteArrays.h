@@ -1,6 +1,6 @@
 #pragma once
 
-#include "lite/KeyStrokes.h"
+#include "lite/LiteWindow.h"
 
 #include <array>
 #include <map>
@@ -11,7 +11,7 @@
 namespace plenair {
 
 // The Lite window as arrays: what a calculation reads and writes, without a window.
-class LiteArrays : public LiteInputs {
+class LiteArrays : public LiteWindow {
   public:
     std::string BasisText(int index) const override { return boxes.at(index); }
     std::string MinorCell(int row, int column) const override { return Cell(row, column); }
@@ -21,7 +21,15 @@ class LiteArrays : public LiteInputs {
     std::string InputA() const override { return inputA; }
     std::string InputB() const override { return inputB; }
     void SetInputB(const std::string& text) override { inputB = text; }
-    void FocusInputB() override { inputBFocused = true; }
+    void FocusInputA() override { focused = "txtInputA"; }
+    void FocusInputB() override { focused = "txtInputB"; }
+    std::string CurrentCell() const override { return Cell(currentRow, currentColumn); }
+    void SetCurrentCell(int row, int column) override {
+        currentRow = row;
+        currentColumn = column;
+    }
+    void EnableRecordLog(bool enabled) override { canRecordLog = enabled; }
+    CommonDialog& Dialog() override { return dialog; }
 
     // The cells of a row with blanks between; empty for an empty row.
     std::string Row(int row) const { return Joined(cells.at(At(row))); }
@@ -33,7 +41,11 @@ class LiteArrays : public LiteInputs {
     std::array<std::optional<Lamp>, 5> lamps;
     std::string inputA;
     std::string inputB;
-    bool inputBFocused = false;
+    std::string focused;
+    int currentRow = 0;
+    int currentColumn = 0;
+    bool canRecordLog = false;
+    CommonDialog dialog;
 
   private:
     static std::size_t At(int index) { return static_cast<std::size_t>(index); }

@@ -1,5 +1,7 @@
 #include "windows/WindowTest.h"
 
+#include "lite/CalculationLog.h"
+
 #include <QPixmap>
 
 namespace plenair {
@@ -66,14 +68,18 @@ TEST_F(Basis, AccessKeysSelectReachAndRecord) {
         EXPECT_EQ(Focused(), "txtInputA");
         Unfold();
     }
+    Press(Qt::Key_P, Qt::AltModifier);
+    FillTable();
     std::string recorded;
-    Window().RecordRow = [&](int row) { recorded += std::to_string(row); };
     for (int row = 0; row < 5; ++row) {
         Press(Qt::Key_1 + row, Qt::AltModifier);
         Click("cmdLog(" + std::to_string(row) + ")");
     }
-    EXPECT_EQ(recorded, "0011223344");
-    EXPECT_EQ(Text("txtInputA"), "") << "Alt+1 types nothing";
+    for (std::int16_t record = 0; record < LogCount; ++record) {
+        recorded += std::to_string(int(LogRows[static_cast<std::size_t>(record)].Height)) + " ";
+    }
+    EXPECT_EQ(recorded, "250 250 275 275 300 300 325 325 350 350 ");
+    EXPECT_EQ(Text("txtInputA"), "500") << "Alt+1 types nothing";
 }
 
 TEST_F(Basis, FoldingShowsAndHidesThePanel) {

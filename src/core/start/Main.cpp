@@ -5,7 +5,6 @@
 #include "core/windows/frmInputs.h"
 #include "extras/Misc.h"
 #include "extras/windows/frmAbout.h"
-#include "lite/CalculationLog.h"
 #include "lite/windows/frmMinorCalc.h"
 #include "platform/text/NumberText.h"
 #include "project/windows/ProjectSolver.h"
@@ -17,7 +16,7 @@
 
 // Who calls whom. Main loads the settings and shows frmMinorCalc; from then on everything begins in a handler
 // of a window. Enter there runs CalculateBasis, which reads the window's boxes and fills its grids through
-// LiteView, with the searches of flow; the row buttons and the File menu lead to the log. ShowProjectSolver
+// LiteWindow, with the searches of flow; the row buttons and the File menu lead to the log. ShowProjectSolver
 // opens frmMajorCalc, the grid, and frmMajorParam, the sheet; their handlers call the functions of project,
 // which reach both windows through ProjectWindows: ClickGrid adds ducts, StoreBox takes over what was typed,
 // SolveProject saves, solves through the sheet and writes the report, AskForPath adds up a path and plots it,
@@ -27,7 +26,7 @@ namespace plenair {
 
 namespace {
 
-std::unique_ptr<frmMinorCalc>& LiteWindow() {
+std::unique_ptr<frmMinorCalc>& Lite() {
     static std::unique_ptr<frmMinorCalc> s_window;
     return s_window;
 }
@@ -37,7 +36,7 @@ QPointer<frmAbout> s_about;
 
 // Brings the Lite window up to date with the settings, if it is on the screen.
 void UpdateLiteWindow() {
-    frmMinorCalc& lite = *LiteWindow();
+    frmMinorCalc& lite = *Lite();
     if (!lite.isVisible()) {
         return;
     }
@@ -93,7 +92,7 @@ void ShowAboutPlainly() {
 void OpenProjectSolver() {
     ProjectSolverLinks links;
     links.ShowOptions = ShowOptions;
-    links.Closed = [] { LiteWindow()->show(); };
+    links.Closed = [] { Lite()->show(); };
     ShowProjectSolver(links);
 }
 
@@ -102,16 +101,13 @@ void OpenProjectSolver() {
 void Main() {
     ShowAboutAfterReminder = ShowAboutPlainly;
     LoadSettings();
-    LiteWindow() = std::make_unique<frmMinorCalc>();
-    LiteWindow()->OpenProjectSolver = OpenProjectSolver;
-    LiteWindow()->RecordRow = [](int row) { RecordRow(*LiteWindow(), row); };
-    LiteWindow()->RecordLog = [] { RecordLog(*LiteWindow()); };
-    LiteWindow()->OpenLog = [] { OpenLog(*LiteWindow()); };
-    LiteWindow()->ShowOptions = ShowOptions;
-    LiteWindow()->ShowAbout = ShowAbout;
-    LiteWindow()->EndProgram = [] { QApplication::exit(); };
-    FocusLiteWindow = [] { LiteWindow()->activateWindow(); };
-    LiteWindow()->show();
+    Lite() = std::make_unique<frmMinorCalc>();
+    Lite()->OpenProjectSolver = OpenProjectSolver;
+    Lite()->ShowOptions = ShowOptions;
+    Lite()->ShowAbout = ShowAbout;
+    Lite()->EndProgram = [] { QApplication::exit(); };
+    FocusLiteWindow = [] { Lite()->activateWindow(); };
+    Lite()->show();
 }
 
 void Unload() {
@@ -119,7 +115,7 @@ void Unload() {
     delete s_about;
     ShowAboutAfterReminder = {};
     FocusLiteWindow = {};
-    LiteWindow().reset();
+    Lite().reset();
 }
 
 } // namespace plenair

@@ -2,7 +2,8 @@
 
 #include "core/Settings.h"
 #include "extras/Misc.h"
-#include "flow/CalcFailure.h"
+#include "lite/CalculationLog.h"
+#include "lite/KeyStrokes.h"
 #include "lite/windows/MinorCalcPictures.h"
 #include "platform/desktop/KeyCodes.h"
 #include "platform/desktop/MessageBox.h"
@@ -298,7 +299,7 @@ void frmMinorCalc::cmdMoreInfo_Click() {
 }
 
 void frmMinorCalc::cmdLog_Click(int index) {
-    RecordRow(index);
+    RecordRow(*this, index);
 }
 
 void frmMinorCalc::mnuFileMajor_Click() {
@@ -307,11 +308,11 @@ void frmMinorCalc::mnuFileMajor_Click() {
 }
 
 void frmMinorCalc::mnuFileLog_Click() {
-    RecordLog();
+    RecordLog(*this);
 }
 
 void frmMinorCalc::mnuFileLogOpen_Click() {
-    OpenLog();
+    OpenLog(*this);
 }
 
 void frmMinorCalc::mnuFileExit_Click() {

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "lite/CalculationLog.h"
-#include "lite/KeyStrokes.h"
+#include "lite/LiteWindow.h"
 #include "platform/qt/Controls.h"
 #include "platform/qt/Form.h"
 #include "platform/qt/MSFlexGrid.h"
@@ -20,8 +19,8 @@ namespace plenair {
 // Plenair Lite, the first window: sizes one duct at a time. Two inputs, five calculation bases, Enter. Folded
 // it ends below cmdMoreInfo; the bases then lie below its bottom edge and are as alive as ever.
 //
-// The text boxes are the live store of the targets: the calculation reads them here, through LiteView.
-class frmMinorCalc : public Form, public LiteInputs, public LogWindow {
+// The text boxes are the live store of the targets: the calculation reads them here, through LiteWindow.
+class frmMinorCalc : public Form, public LiteWindow {
     Q_OBJECT
 
   public:
@@ -32,12 +31,9 @@ class frmMinorCalc : public Form, public LiteInputs, public LogWindow {
 
     // What the rest of the program does for this window; the start routine sets them.
     std::function<void()> OpenProjectSolver = [] {};
-    std::function<void()> RecordLog = [] {};
-    std::function<void()> OpenLog = [] {};
     std::function<void()> ShowOptions = [] {};
     std::function<void()> ShowAbout = [] {};
     std::function<void()> EndProgram = [] {};
-    std::function<void(int row)> RecordRow = [](int) {};
 
     // For the options dialog and the reminder, which bring this window up to date.
     void SelectBasis(int index) { OptCalcBasis(index)->SetOn(); }
@@ -47,7 +43,7 @@ class frmMinorCalc : public Form, public LiteInputs, public LogWindow {
     std::string CurrentCell() const override { return grdMinorCalc->Text(); }
     void SetCurrentCell(int row, int column) override;
     void EnableRecordLog(bool enabled) override { mnuFileLog->setEnabled(enabled); }
-    CommonDialog& DlgMinor() override { return dlgMinor; }
+    CommonDialog& Dialog() override { return dlgMinor; }
 
     std::string BasisText(int index) const override;
     std::string MinorCell(int row, int column) const override;
