@@ -58,14 +58,15 @@ void ShowOptions() {
 }
 
 frmAbout* NewAboutBox() {
-    s_about = new frmAbout;
+    auto* box = new frmAbout;
+    s_about = box;
     // The box may be on its way out of a handler when it is closed.
-    QObject::connect(s_about, &Form::CloseRequested, s_about, [] {
-        s_about->hide();
-        s_about->deleteLater();
+    QObject::connect(box, &Form::CloseRequested, box, [box] {
+        box->hide();
+        box->deleteLater();
         s_about = nullptr;
     });
-    return s_about;
+    return box;
 }
 
 bool BringAboutBoxToFront() {
@@ -96,6 +97,21 @@ void OpenProjectSolver() {
     ShowProjectSolver(links);
 }
 
+// The end of the desktop's session, or another's wish, and nobody there to answer: windows are neither asked
+// nor do they ask, and what waits for an answer is taken as cancelled.
+class QuitWatcher : public QObject {
+  public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() != QEvent::Quit) {
+            return false;
+        }
+        QApplication::exit();
+        return true;
+    }
+};
+
 } // namespace
 
 void Main() {
@@ -107,6 +123,7 @@ void Main() {
     Lite()->ShowAbout = ShowAbout;
     Lite()->EndProgram = [] { QApplication::exit(); };
     FocusLiteWindow = [] { Lite()->activateWindow(); };
+    qApp->installEventFilter(new QuitWatcher(Lite().get()));
     Lite()->show();
 }
 

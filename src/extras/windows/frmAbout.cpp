@@ -117,8 +117,7 @@ void frmAbout::Form_Activate() {
         return;
     }
     m_showRuns = true;
-    WaitUntilOnScreen();
-    if (!isVisible()) {
+    if (!WaitUntilOnScreen()) {
         return; // closed before it was seen
     }
     DoSomething();

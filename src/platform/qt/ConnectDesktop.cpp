@@ -7,6 +7,7 @@
 #include "platform/qt/FileDialogs.h"
 #include "platform/qt/FocusEvents.h"
 #include "platform/qt/FormFont.h"
+#include "platform/qt/MessageBoxes.h"
 #include "platform/qt/OtherPrograms.h"
 #include "platform/qt/ProgressDialog.h"
 #include "platform/qt/Twips.h"
@@ -15,9 +16,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
-#include <QInputDialog>
 #include <QLocale>
-#include <QMessageBox>
 #include <QStandardPaths>
 
 namespace plenair {
@@ -40,76 +39,9 @@ NumberLocale DesktopNumbers() {
     return numbers;
 }
 
-QMessageBox::Icon IconOf(MessageIcon icon) {
-    switch (icon) {
-    case MessageIcon::Critical:
-        return QMessageBox::Critical;
-    case MessageIcon::Question:
-        return QMessageBox::Question;
-    case MessageIcon::Exclamation:
-        return QMessageBox::Warning;
-    case MessageIcon::Information:
-        return QMessageBox::Information;
-    case MessageIcon::None:
-        break;
-    }
-    return QMessageBox::NoIcon;
-}
-
-QMessageBox::StandardButtons ButtonsOf(MessageButtons buttons) {
-    switch (buttons) {
-    case MessageButtons::OkCancel:
-        return QMessageBox::Ok | QMessageBox::Cancel;
-    case MessageButtons::YesNoCancel:
-        return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
-    case MessageButtons::YesNo:
-        return QMessageBox::Yes | QMessageBox::No;
-    case MessageButtons::RetryCancel:
-        return QMessageBox::Retry | QMessageBox::Cancel;
-    case MessageButtons::Ok:
-        break;
-    }
-    return QMessageBox::Ok;
-}
-
-MessageAnswer AskByMessageBox(const MessageRequest& request) {
-    QMessageBox box(WindowInUse());
-    box.setWindowTitle(ToQt(request.Title));
-    box.setTextFormat(Qt::PlainText);
-    box.setText(ToQt(request.Text));
-    box.setIcon(IconOf(request.Icon));
-    box.setStandardButtons(ButtonsOf(request.Buttons));
-    switch (box.exec()) {
-    case QMessageBox::Ok:
-        return MessageAnswer::Ok;
-    case QMessageBox::Yes:
-        return MessageAnswer::Yes;
-    case QMessageBox::No:
-        return MessageAnswer::No;
-    case QMessageBox::Retry:
-        return MessageAnswer::Retry;
-    case QMessageBox::Cancel:
-        return MessageAnswer::Cancel;
-    default:
-        return AnswerWhenClosed(request.Buttons);
-    }
-}
-
-std::string AskByInputBox(const InputRequest& request) {
-    return FromQt(QInputDialog::getText(WindowInUse(), ToQt(request.Title), ToQt(request.Prompt)));
-}
-
 bool ShowCommonDialog(DialogKind kind, CommonDialog& dialog) {
+    const PointerForTheUser pointer;
     return kind == DialogKind::Printer ? ShowPrintDialog(dialog) : ShowFileDialog(kind, dialog);
-}
-
-void ShowMousePointer(MousePointer pointer) {
-    while (QApplication::overrideCursor() != nullptr) {
-        QApplication::restoreOverrideCursor();
-    }
-    if (pointer == MousePointer::Hourglass) {
-        QApplication::setOverrideCursor(Qt::WaitCursor);
-    }
 }
 
 } // namespace

@@ -18,6 +18,21 @@ namespace plenair {
 
 namespace {
 
+bool IsInput(const QEvent* event) {
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::Wheel:
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::ShortcutOverride:
+        return true;
+    default:
+        return false;
+    }
+}
+
 // What the desktop's frame adds to a window, once one has been seen.
 QSize s_frame(0, 0);
 
@@ -141,16 +156,35 @@ void Form::ShowModal() {
     }
 }
 
-void Form::WaitUntilOnScreen() {
-    const QDeadlineTimer limit(1000);
-    while (isVisible() && !windowHandle()->isExposed() && !limit.hasExpired()) {
+bool Form::WaitUntilOnScreen() {
+    const QPointer<Form> self(this);
+    const QDeadlineTimer limit(30000);
+    while (self != nullptr && isVisible() && !windowHandle()->isExposed() && !limit.hasExpired()) {
         QApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents, 20);
     }
+    return self != nullptr && isVisible();
+}
+
+bool Form::event(QEvent* event) {
+    if (event->type() == QEvent::WinIdChange && windowHandle() != nullptr) {
+        windowHandle()->installEventFilter(this);
+    }
+    return QWidget::event(event);
+}
+
+// The native window's events. What the user did may have queued up until the window is gone from the screen;
+// then it is meant for nobody.
+bool Form::eventFilter(QObject* watched, QEvent* event) {
+    return (watched == windowHandle() && !isVisible() && IsInput(event)) ||
+           QWidget::eventFilter(watched, event);
 }
 
 void Form::closeEvent(QCloseEvent* event) {
     event->ignore();
-    emit CloseRequested();
+    const QWidget* modal = QApplication::activeModalWidget();
+    if (isVisible() && (modal == nullptr || modal == this)) {
+        emit CloseRequested();
+    }
 }
 
 void Form::hideEvent(QHideEvent* event) {

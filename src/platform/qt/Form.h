@@ -51,18 +51,21 @@ class Form : public QWidget {
     // the program takes input; afterwards the one that was active is so again.
     void ShowModal();
 
-    // Waits until the window, shown before, can be seen, but not longer than a second. The user's input waits
-    // too.
-    void WaitUntilOnScreen();
+    // Waits until the window, shown before, can be seen; false if it is hidden or ends meanwhile. The user's
+    // input waits too. A desktop that shows it nowhere, as on a locked screen, is not waited for for ever.
+    bool WaitUntilOnScreen();
 
   signals:
-    // The user closes the window by its frame. It stays open unless a handler does something about it.
+    // The user closes the window by its frame. It stays open unless a handler does something about it. Not
+    // for a window that is hidden, or that waits for a dialog.
     void CloseRequested();
 
     // The program takes the window off the screen.
     void Hidden();
 
   protected:
+    bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void paintEvent(QPaintEvent* event) override;

@@ -175,7 +175,7 @@ void frmMajorCalc::cmdCalcPressure_Click() {
 }
 
 void frmMajorCalc::cmdClose_Click() {
-    if (AskBeforeClosing(m_windows)) {
+    if (isVisible() && AskBeforeClosing(m_windows)) {
         CloseSolver();
     }
 }
