@@ -4,7 +4,7 @@
 #include "core/modRegistry.h"
 #include "platform/files/ProgramFolder.h"
 #include "platform/text/NumberText.h"
-#include "support/Scripted.h"
+#include "support/ScriptedDesktop.h"
 
 #include <gtest/gtest.h>
 
@@ -73,19 +73,19 @@ class SettingsFile : public testing::Test {
     // Loads the file, which must lead to the defaults, saved and told.
     void ExpectDefaultsTaken() {
         Disturb();
-        m_messages.Expect(MessageAnswer::Ok);
+        desktop.ExpectMessage(MessageAnswer::Ok);
         LoadSettings();
         EXPECT_EQ(Loaded(), Defaults());
         EXPECT_EQ(Settings.ConfigFile, "User.cfg");
         EXPECT_EQ(ReadFile(File("User.cfg")),
                   "\"" + m_environment.Folder().Path() +
                       "\"\r\n0\r\n0.8\r\n5\r\n500\r\n25\r\n26\r\n0.00015\r\n0.002\r\n");
-        EXPECT_EQ(m_messages.LastText(),
+        EXPECT_EQ(desktop.LastText(),
                   "Configuration File Missing.  Default Values Set and Saved as User.cfg.");
     }
 
     ProgramEnvironment m_environment;
-    ScriptedMessages m_messages;
+    ScriptedDesktop desktop;
 };
 
 TEST_F(SettingsFile, AFirstStartMakesTheFileAndNotesTheMonth) {
@@ -155,11 +155,11 @@ TEST_F(SettingsFile, DefaultsThatCannotBeSavedHoldForTheRun) {
         SCOPED_TRACE(reason);
         Disturb();
         *reason == 'd' ? void(fs::create_directory(File("User.cfg"))) : UseAFileAsTheFolder();
-        m_messages.Expect(MessageAnswer::Ok);
+        desktop.ExpectMessage(MessageAnswer::Ok);
         LoadSettings();
         EXPECT_EQ(Loaded(), Defaults());
         EXPECT_EQ(Reminder(), RegistryValue());
-        const std::string text = m_messages.LastText();
+        const std::string text = desktop.LastText();
         for (const std::string& part : {ProgramFolder(), std::string(reason)}) {
             EXPECT_NE(text.find(part), std::string::npos) << text;
         }
@@ -168,10 +168,10 @@ TEST_F(SettingsFile, DefaultsThatCannotBeSavedHoldForTheRun) {
 
 TEST_F(SettingsFile, WithNoPlaceForAFileSettingsHoldForTheRun) {
     UseAFileAsTheFolder();
-    m_messages.Expect(MessageAnswer::Ok);
+    desktop.ExpectMessage(MessageAnswer::Ok);
     LoadSettings();
     LoadSettings(); // tells nothing a second time
-    m_messages.Expect(MessageAnswer::Ok);
+    desktop.ExpectMessage(MessageAnswer::Ok);
     for (const double loss : {1.5, 2.5}) {
         Settings.MaxLPM = loss;
         SaveSettings(); // tells it once
@@ -199,7 +199,7 @@ TEST_F(SettingsFile, AnInstalledProgramKeepsItsFileWithTheUser) {
         ChooseProgramFolder(installed, users, "/documents");
         Disturb();
         if (!byAdministrator) {
-            m_messages.Expect(MessageAnswer::Ok);
+            desktop.ExpectMessage(MessageAnswer::Ok);
         }
         LoadSettings();
         EXPECT_EQ(Loaded(), byAdministrator ? OtherLoaded : "/documents 0 0.8 5 500 25 26 0.00015 0.002");

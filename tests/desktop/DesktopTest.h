@@ -1,7 +1,7 @@
 #pragma once
 
 #include "desktop/Screen.h"
-#include "support/Scripted.h"
+#include "support/ScriptedDesktop.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 
 #include "core/modRegistry.h"
 #include "platform/desktop/Desktop.h"
-#include "support/Scripted.h"
+#include "support/ScriptedDesktop.h"
 
 #include <gtest/gtest.h>
 
@@ -27,29 +27,29 @@ class Misc : public testing::Test {
     }
 
     ProgramEnvironment m_environment;
-    ScriptedMessages m_messages;
+    ScriptedDesktop desktop;
     std::string m_events;
 };
 
 TEST_F(Misc, TheReminderComesOnceAMonth) {
     m_environment.NoteReminder();
     MonthlyReminder();
-    EXPECT_TRUE(m_messages.Asked().empty());
+    EXPECT_TRUE(desktop.Messages().empty());
 
     m_environment.SetToday(2026, 12, 1);
-    m_messages.Expect(MessageAnswer::Yes);
+    desktop.ExpectMessage(MessageAnswer::Yes);
     MonthlyReminder();
     MonthlyReminder();
-    ASSERT_EQ(m_messages.Asked().size(), 1U) << "Yes needs no second box";
-    EXPECT_EQ(m_messages.Asked()[0].Title, "Plenair's harmless self advertising");
-    EXPECT_EQ(m_messages.Asked()[0].Buttons, MessageButtons::YesNo);
+    ASSERT_EQ(desktop.Messages().size(), 1U) << "Yes needs no second box";
+    EXPECT_EQ(desktop.Messages()[0].Title, "Plenair's harmless self advertising");
+    EXPECT_EQ(desktop.Messages()[0].Buttons, MessageButtons::YesNo);
     EXPECT_EQ(m_events, "about after 122026, focus, ");
 
     m_environment.SetToday(2027, 1, 31);
-    m_messages.Expect(MessageAnswer::No);
-    m_messages.Expect(MessageAnswer::Ok);
+    desktop.ExpectMessage(MessageAnswer::No);
+    desktop.ExpectMessage(MessageAnswer::Ok);
     MonthlyReminder();
-    EXPECT_EQ(m_messages.LastText(), "Liar!");
+    EXPECT_EQ(desktop.LastText(), "Liar!");
     EXPECT_EQ(m_events, "about after 122026, focus, about after 012027, focus, ");
 }
 
@@ -63,7 +63,7 @@ TEST_F(Misc, TheMonthIsComparedForDifference) {
         RegWriteValue(HKEY_CURRENT_USER, kReminderSubKey, kReminderValueName, noted,
                       isNumber ? REG_DWORD : REG_SZ);
         if (due) {
-            m_messages.Expect(MessageAnswer::Yes);
+            desktop.ExpectMessage(MessageAnswer::Yes);
         }
         MonthlyReminder();
         EXPECT_EQ(Noted().substr(0, 6), "112026");

@@ -3,7 +3,7 @@
 #include "core/Settings.h"
 #include "platform/text/NumberText.h"
 #include "support/LiteArrays.h"
-#include "support/Scripted.h"
+#include "support/ScriptedDesktop.h"
 
 #include <gtest/gtest.h>
 
@@ -51,7 +51,7 @@ class CalculationBases : public testing::Test {
     }
 
     ProgramEnvironment m_environment;
-    ScriptedMessages m_messages;
+    ScriptedDesktop desktop;
     WatchedArrays m_view;
 };
 
@@ -113,9 +113,9 @@ TEST_F(CalculationBases, AnalyseOneDuct) {
 }
 
 TEST_F(CalculationBases, AnUnknownBasisSaysSo) {
-    m_messages.Expect(MessageAnswer::Ok);
+    desktop.ExpectMessage(MessageAnswer::Ok);
     Calculate(5, 500, 300);
-    EXPECT_EQ(m_messages.LastText(), "Error in Calculation.  Calculation basis not yet available.");
+    EXPECT_EQ(desktop.LastText(), "Error in Calculation.  Calculation basis not yet available.");
     EXPECT_EQ(m_view.Rows(), Texts(5));
 }
 

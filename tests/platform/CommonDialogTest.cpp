@@ -1,36 +1,20 @@
 #include "platform/desktop/CommonDialog.h"
-#include "platform/desktop/Desktop.h"
 #include "platform/files/Folders.h"
-#include "support/TemporaryFolder.h"
+#include "support/ScriptedDesktop.h"
 
 #include <gtest/gtest.h>
 
 namespace plenair {
 
-class CommonDialogTest : public ::testing::Test {
-  protected:
-    CommonDialogTest() {
-        Desktop().ShowDialog = [this](DialogKind, CommonDialog& shown) {
-            shown.FileName = answer;
-            return !answer.empty();
-        };
-        dialog.DefaultExt = "gsp";
-    }
-    ~CommonDialogTest() override {
-        Desktop().ShowDialog = {};
-        EnterFolder(start);
-    }
-
-    const std::string start = CurrentFolder();
-    TemporaryFolder folder;
+TEST(CommonDialogTest, AcceptedFile) {
+    const TemporaryFolder folder;
+    ScriptedDesktop desktop;
     CommonDialog dialog;
-    std::string answer;
-};
-
-TEST_F(CommonDialogTest, AcceptedFile) {
-    answer = folder.File("Lüftung");
+    dialog.DefaultExt = "gsp";
+    const std::string bare = folder.File("Lüftung");
+    desktop.ExpectFile(bare);
     dialog.ShowSave();
-    EXPECT_EQ(dialog.FileName, answer + ".gsp");
+    EXPECT_EQ(dialog.FileName, bare + ".gsp");
     EXPECT_EQ(dialog.FileTitle, "Lüftung.gsp");
     EXPECT_EQ(InCurrentFolder("x.Gus"), folder.File("x.Gus"));
     const std::pair<const char*, const char*> names[] = {
@@ -40,12 +24,12 @@ TEST_F(CommonDialogTest, AcceptedFile) {
         dialog.FileName = typed;
         EXPECT_EQ(WithDefaultExt(dialog), saved);
     }
-    WriteFile(answer, "");
-    dialog.ShowOpen(); // the file that is there is meant
-    EXPECT_EQ(dialog.FileName, answer);
-    answer = folder.File("missing/plant.d");
-    dialog.ShowOpen();
-    EXPECT_EQ(dialog.FileName, answer);
+    WriteFile(bare, ""); // then it is meant
+    for (const std::string& path : {bare, folder.File("missing/plant.d")}) {
+        desktop.ExpectFile(path);
+        dialog.ShowOpen();
+        EXPECT_EQ(dialog.FileName, path);
+    }
     EXPECT_EQ(CurrentFolder(), folder.Path());
     EnterFolder(TemporaryFolder().Path()); // which is gone
     EXPECT_EQ(CurrentFolder(), "");

@@ -5,8 +5,7 @@
 #include "project/DuctSheet.h"
 #include "project/ProjectGrid.h"
 #include "project/ProjectWindows.h"
-#include "project/ScriptedDesktop.h"
-#include "support/Scripted.h"
+#include "support/ScriptedDesktop.h"
 
 #include <gtest/gtest.h>
 

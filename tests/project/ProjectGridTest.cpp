@@ -40,10 +40,10 @@ TEST_F(ProjectTest, NoDuctBeyondTheLast) {
     DuctCount = kMostDucts;
     FitDucts();
     Click(P, Q);
-    EXPECT_EQ(desktop.Beeps(), 0); // a start point may still be set
+    EXPECT_EQ(desktop.Times("beep"), 0); // a start point may still be set
     const Lines drawn = Described(solver.picGrid);
     Click(2 * P, Q);
-    EXPECT_EQ(desktop.Beeps(), 1);
+    EXPECT_EQ(desktop.Times("beep"), 1);
     EXPECT_EQ(DuctCount, kMostDucts);
     EXPECT_EQ(Described(solver.picGrid), drawn);
 }

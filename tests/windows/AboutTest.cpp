@@ -43,10 +43,7 @@ class Spectator : public QObject {
 class About : public WindowTest {
   protected:
     About() { qApp->installEventFilter(&m_spectator); }
-    ~About() override {
-        qApp->removeEventFilter(&m_spectator);
-        Desktop().PlaySound = {};
-    }
+    ~About() override { qApp->removeEventFilter(&m_spectator); }
     void SetUp() override {
         Start();
         Desktop().PlaySound = [this](const std::string&, unsigned) {
@@ -123,7 +120,7 @@ TEST_F(About, ControlsAndCallComeAfterTheShowWhichPlaysOnce) {
 
 TEST_F(About, AfterAReminderItStandsBesideTheWindow) {
     SetRegistryFile(m_environment.Folder().File("no store yet"));
-    m_messages.Expect(MessageAnswer::Yes);
+    desktop.ExpectMessage(MessageAnswer::Yes);
     FillTable();
     ASSERT_NE(AboutBox(), nullptr);
     EXPECT_EQ(m_calls, 1) << "the show is over";

@@ -34,12 +34,12 @@ TEST_F(Menus, EntriesLeadOutOfTheWindow) {
 }
 
 TEST_F(Menus, HelpIsAnInformationBox) {
-    m_messages.Expect(MessageAnswer::Ok);
-    m_messages.Expect(MessageAnswer::Ok);
+    desktop.ExpectMessage(MessageAnswer::Ok);
+    desktop.ExpectMessage(MessageAnswer::Ok);
     Press(Qt::Key_F1);
     ChooseFromMenu("mnuHelp", "mnuHelpManual");
-    ASSERT_EQ(m_messages.Asked().size(), 2U);
-    for (const MessageRequest& asked : m_messages.Asked()) {
+    ASSERT_EQ(desktop.Messages().size(), 2U);
+    for (const MessageRequest& asked : desktop.Messages()) {
         EXPECT_TRUE(asked.Text.starts_with("For help with Plenair")) << asked.Text;
         EXPECT_EQ(asked.Icon, MessageIcon::Information);
     }

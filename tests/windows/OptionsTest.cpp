@@ -145,10 +145,10 @@ TEST_F(Options, WhatIsNoNumberOrCannotBeWrittenIsRefused) {
             SCOPED_TRACE(kBoxes[i]);
             const std::string good = box.Text();
             EnterOption(kBoxes[i], texts[i]);
-            m_messages.Expect(MessageAnswer::Ok);
+            desktop.ExpectMessage(MessageAnswer::Ok);
             ClickOption("cmdOK");
             for (const std::string& part : {box.accessibleName().toStdString(), "\"" + box.Text() + "\""}) {
-                EXPECT_NE(m_messages.LastText().find(part), std::string::npos) << part;
+                EXPECT_NE(desktop.LastText().find(part), std::string::npos) << part;
             }
             EXPECT_EQ(Focused(), kBoxes[i]);
             EXPECT_EQ(box.selectedText().toStdString(), texts[i]);
@@ -158,9 +158,9 @@ TEST_F(Options, WhatIsNoNumberOrCannotBeWrittenIsRefused) {
         EXPECT_EQ(File(), before);
         std::filesystem::remove(path);
         std::filesystem::create_directory(path);
-        m_messages.Expect(MessageAnswer::Ok);
+        desktop.ExpectMessage(MessageAnswer::Ok);
         ClickOption("cmdOK");
-        EXPECT_NE(m_messages.LastText().find(path), std::string::npos);
+        EXPECT_NE(desktop.LastText().find(path), std::string::npos);
         EXPECT_TRUE(m_options->isVisible());
         EXPECT_EQ(Settings.DefPath, m_environment.Folder().Path()) << "nothing at all is stored";
         std::filesystem::remove(path);

@@ -2,7 +2,6 @@
 
 #include "platform/qt/PictureBox.h"
 #include "platform/text/NumberText.h"
-#include "project/ScriptedDesktop.h"
 #include "project/model/ProjectModel.h"
 #include "project/windows/frmMajorCalc.h"
 #include "project/windows/frmMajorParam.h"
@@ -64,8 +63,6 @@ class SolverTest : public WindowTest {
     static std::string ColourAt(const QImage& image, int x, int y);
 
     std::string File(const std::string& name) const { return m_environment.Folder().File(name); }
-
-    ScriptedDesktop desktop;
 
   private:
     void ClickAt(const QWidget& control, QPoint place, Qt::MouseButton button = Qt::LeftButton) const;

@@ -15,8 +15,6 @@ namespace {
 
 class StartOfTheProgram : public WindowTest {
   protected:
-    ~StartOfTheProgram() override { Desktop().PlaySound = {}; }
-
     std::string SettingsFile() const { return m_environment.Folder().File("User.cfg"); }
 };
 

@@ -2,7 +2,7 @@
 
 #include "core/Settings.h"
 #include "lite/windows/frmMinorCalc.h"
-#include "support/Scripted.h"
+#include "support/ScriptedDesktop.h"
 
 #include <gtest/gtest.h>
 
@@ -64,7 +64,7 @@ class WindowTest : public testing::Test {
     testing::AssertionResult HasFocusSelected(const std::string& box) const;
 
     ProgramEnvironment m_environment;
-    ScriptedMessages m_messages;
+    ScriptedDesktop desktop;
 };
 
 // What FillTable shows.

@@ -1,0 +1,142 @@
+#include "lite/CalculationLog.h"
+
+#include "core/Settings.h"
+#include "platform/text/DateText.h"
+#include "platform/text/NumberText.h"
+#include "support/LiteArrays.h"
+#include "support/ScriptedDesktop.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+namespace plenair {
+namespace {
+
+class Log : public testing::Test {
+  protected:
+    Log() {
+        window.cells = {{{"450", "250", "4.74", "0.72"},
+                         {},
+                         {"375", "300", "4.68", "0.69"},
+                         {"", "( 512", "L/s )", ""},
+                         {"0", "300", "4.50", "0.69"}}};
+        window.inputA = "500";
+        window.inputB = "300";
+        ResetLog(window);
+    }
+    ~Log() override { SetDateLocale({}); }
+
+    std::string File(const std::string& name) const { return environment.Folder().File(name); }
+
+    std::string Save() {
+        desktop.ExpectFile(File("log.pnl"));
+        desktop.ExpectMessage(MessageAnswer::Ok);
+        RecordLog(window);
+        return ReadFile(File("log.pnl"));
+    }
+
+    ProgramEnvironment environment;
+    ScriptedDesktop desktop;
+    LiteArrays window;
+};
+
+TEST_F(Log, ClicksThatRecordAndThatDoNot) {
+    const struct {
+        const char *name, *inputA, *inputB;
+        int currentRow, currentColumn, clicked;
+        bool records;
+    } rows[] = {
+        {"after a calculation", "500", "300", 0, 0, 2, true},
+        {"after a recording", "500", "300", 2, 3, 0, true},
+        {"the same row again", "500", "300", 2, 3, 2, true},
+        {"no flow", "", "300", 0, 0, 2, false},
+        {"no height", "500", "", 0, 0, 2, false},
+        {"an input that is no number", "5oo", "300", 0, 0, 2, false},
+        {"a height that is no number", "500", "3oo", 0, 0, 2, true},
+        {"the current cell is blank, the row is not", "500", "300", 1, 0, 2, false},
+        {"the row is blank, the current cell is not", "500", "300", 2, 3, 1, false},
+        {"the row holds the flow of an analysis", "500", "300", 2, 3, 3, false},
+        {"a width of 0", "500", "300", 2, 3, 4, false},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        ResetLog(window);
+        window.inputA = row.inputA;
+        window.inputB = row.inputB;
+        window.focused.clear();
+        window.SetCurrentCell(row.currentRow, row.currentColumn);
+        RecordRow(window, row.clicked);
+        EXPECT_EQ(LogCount, row.records ? 1 : 0);
+        EXPECT_EQ(window.canRecordLog, row.records);
+        EXPECT_EQ(window.focused, row.records ? "txtInputA" : "");
+        EXPECT_EQ(window.currentRow, row.records ? row.clicked : row.currentRow);
+        EXPECT_EQ(window.currentColumn, row.records ? 3 : row.currentColumn);
+    }
+}
+
+TEST_F(Log, FileInTwoLocales) {
+    const std::string headings = "Flow\tWidth\tHeight\tRatio\tVel\tPa/m\tCalculation Basis\r\n";
+    Desktop().Clock = [] { return LocalTime{2026, 11, 8, 17, 7, 59, 0}; };
+    RecordRow(window, 0);
+    window.inputA = "1234567.8";
+    window.cells[2] = {"300", "1000", "12.50", "0.00"};
+    Settings.CalcBasis = 3;
+    RecordRow(window, 2);
+    RecordRow(window, 2);
+    EXPECT_EQ(Save(), "Plenair Minor Calculation Log\r\n08-Nov-26\r\n05:07 PM\r\n" + headings +
+                          "500\t450\t250\t1.8\t4.74\t0.72\t0\r\n"
+                          "1234568\t300\t1000\t3.3\t12.5\t0\t3\r\n"
+                          "1234568\t300\t1000\t3.3\t12.5\t0\t3\r\n");
+    EXPECT_EQ(desktop.LastText(), "Plenair Minor Calculation Log Saved.\nThe Log has been reset");
+    EXPECT_EQ(desktop.LastDialog().InitDir, environment.Folder().Path());
+    EXPECT_EQ(desktop.LastDialog().Flags, kOverwritePrompt);
+    EXPECT_EQ(LogCount, 0);
+    EXPECT_FALSE(window.canRecordLog);
+
+    SetNumberLocale({.DecimalMark = ",", .GroupMark = "."});
+    DateLocale dates;
+    dates.Order = DateOrder::YearMonthDay;
+    dates.ShortMonths[10] = "nov.";
+    SetDateLocale(dates);
+    window.inputA = "0,05";
+    window.cells[0] = {"250", "450", "4,74", "0,72"};
+    Settings.CalcBasis = 0;
+    RecordRow(window, 0);
+    EXPECT_EQ(Save(), "Plenair Minor Calculation Log\r\n26-nov.-08\r\n05:07 PM\r\n" + headings +
+                          "0,05\t250\t450\t1,8\t4,74\t0,72\t0\r\n");
+}
+
+TEST_F(Log, FullLogBeepsAndStaysUsable) {
+    RecordRow(window, 0);
+    LogCount = 32766;
+    LogRows.resize(32766, LogRows[0]);
+    RecordRow(window, 2);
+    RecordRow(window, 0);
+    EXPECT_EQ(LogCount, 32767);
+    EXPECT_EQ(desktop.Log, std::vector<std::string>{"beep"});
+    const std::string text = Save();
+    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 4 + 32767);
+    EXPECT_TRUE(text.ends_with("500\t375\t300\t1.3\t4.68\t0.69\t0\r\n"));
+}
+
+TEST_F(Log, WhatCannotBeSavedOrOpenedChangesNothing) {
+    RecordRow(window, 2);
+    Settings.DefPath = "/where it was";
+    std::filesystem::create_directory(File("folder.pnl"));
+    for (const std::string& path : {std::string(), File("missing/log.pnl"), File("folder.pnl")}) {
+        desktop.ExpectFile(path);
+        RecordLog(window);
+        EXPECT_EQ(LogCount, 1);
+        EXPECT_TRUE(window.canRecordLog);
+    }
+    desktop.ExpectCancel();
+    OpenLog(window);
+    Desktop().StartEditor = [](const std::string&) { return false; };
+    desktop.ExpectFile(File("log.pnl"));
+    OpenLog(window);
+    EXPECT_EQ(Settings.DefPath, "/where it was") << "no file, no editor";
+}
+
+} // namespace
+} // namespace plenair

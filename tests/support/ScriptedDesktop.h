@@ -1,0 +1,69 @@
+#pragma once
+
+#include "platform/desktop/Desktop.h"
+#include "support/TemporaryFolder.h"
+
+#include <algorithm>
+#include <deque>
+#include <string>
+#include <vector>
+
+namespace plenair {
+
+// Stands in for the desktop: answers messages, dialogs and input boxes from scripts, and notes all that
+// reaches it in one log. What the script doesn't expect fails the test and is cancelled; a leftover fails it
+// too. At the end the desktop, and the current folder, are what they were.
+class ScriptedDesktop {
+  public:
+    ScriptedDesktop();
+    ~ScriptedDesktop();
+
+    void ExpectMessage(MessageAnswer answer) { m_answers.push_back(answer); }
+    void ExpectInput(const std::string& text) { m_inputs.push_back(text); }
+    void ExpectFile(const std::string& path) { m_dialogs.push_back(path); }
+    void ExpectPrinter(int copies) { m_dialogs.push_back(std::to_string(copies)); }
+    void ExpectCancel() { m_dialogs.emplace_back(); } // of a dialog
+
+    const std::vector<MessageRequest>& Messages() const { return m_messages; }
+    std::string LastText() const { return m_messages.empty() ? "" : m_messages.back().Text; }
+    const CommonDialog& LastDialog() const { return m_lastDialog; } // as it stood when it was shown
+
+    // What has reached the desktop: "message: TEXT", "input: PROMPT", "dialog", "editor PATH", "call",
+    // "beep", "hourglass", "default pointer"; tests of windows add their own.
+    std::vector<std::string> Log;
+    auto Times(const std::string& event) const { return std::count(Log.begin(), Log.end(), event); }
+
+  private:
+    template <typename Item>
+    Item Next(std::deque<Item>& script, Item otherwise);
+    bool Show(DialogKind kind, CommonDialog& dialog);
+
+    const ScopedDesktop m_before;
+    const std::string m_folder;
+    std::deque<MessageAnswer> m_answers;
+    std::deque<std::string> m_inputs;
+    std::deque<std::string> m_dialogs;
+    std::vector<MessageRequest> m_messages;
+    CommonDialog m_lastDialog;
+};
+
+// A program's folder, a registry store and a clock (24 November 2026, 10:20:30) of the test's own; default
+// Settings.
+class ProgramEnvironment {
+  public:
+    ProgramEnvironment();
+    ~ProgramEnvironment();
+
+    const TemporaryFolder& Folder() const { return m_folder; }
+    const std::string& RegistryFolder() const { return m_registry.Path(); }
+    void SetToday(int year, int month, int day);
+
+    // Notes the current month as reminded, so that no reminder comes up.
+    void NoteReminder() const;
+
+  private:
+    TemporaryFolder m_folder;
+    TemporaryFolder m_registry;
+};
+
+} // namespace plenair
