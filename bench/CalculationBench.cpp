@@ -20,18 +20,14 @@ namespace {
 
 void BenchFrictionFactor(benchmark::State& state) {
     for (auto _ : state) {
-        double friction = 1.0;
-        double change = 1.0;
-        benchmark::DoNotOptimize(FrictionFactor(0.5, 0.4, 0.00015, friction, change));
+        benchmark::DoNotOptimize(FrictionFactor(0.5, 0.4, 0.00015, 1.0));
     }
 }
 BENCHMARK(BenchFrictionFactor)->Name("FrictionFactor");
 
 void BenchOtherSide(benchmark::State& state) {
     for (auto _ : state) {
-        double other = 1E+50;
-        double change = 1.0;
-        benchmark::DoNotOptimize(OtherSide(0.3, 0.36, other, change));
+        benchmark::DoNotOptimize(OtherSide(0.3, 0.36, 1E+50));
     }
 }
 BENCHMARK(BenchOtherSide)->Name("OtherSide, far start");

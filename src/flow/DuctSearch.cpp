@@ -5,31 +5,107 @@
 #include "flow/FluidProperties.h"
 #include "flow/GeneralCalcs.h"
 #include "flow/Sizing.h"
+#include "flow/Units.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
 
+// Why a search may leap. The plain walk takes every step of 0.01 and settles the round duct at each. What one
+// step hands on to the next is the friction factor alone, and each pass of its formula leaves a third or less
+// of what two factors differ by: some steps on, nothing shows any more where a walk came from, down to the
+// last bit. And the loss only falls with the velocity, and only rises with the working loss: where it is
+// clearly short of passing the test, no step before has passed. So a walk that has not ended after its first
+// steps looks for the last step that is clearly short, by halving, and goes to some steps before that. From
+// there it walks twice, from a factor below the settled one and from one above it, between which the plain
+// walk lies. Once the two have the same bits the plain walk has them too, and a few steps more leave no
+// doubt. From there on each step is tested as ever. Where the two have not met, where there is nothing to
+// save, and where a factor, a roughness, a flow or a width is far from practice, the plain walk decides.
 namespace plenair {
 
 namespace {
 
-constexpr int kSteps = 500000;
-constexpr int kDiameterPasses = 10000;
+constexpr int kMostSteps = 500000;
+constexpr int kDiameterPasses = 10000; // for one working value
+constexpr int kMostPasses = 10000000;  // some seconds at most; a usual step takes two to five
 constexpr double kStep = 0.01;
+constexpr double kFarStart = 1E+50;     // of a width, where the height says nothing about it
+constexpr double kLeastWidth = 0.0005;  // m, what still rounds to 1 mm
+constexpr double kCountableWidth = 2E6; // m, about what can be counted in mm
 
-// Where a search for a width starts when the height says nothing about it.
-constexpr double kFarStart = 1E+50;
+enum class Working { Loss, Velocity };
+
+// Of a leap, in steps: when it is tried, and how many at least it must save. It ends in a run-up, by some
+// steps before whose end the two walks must have met; a step of the working loss settles in more passes. The
+// factors of any two walks differ by less than the slack.
+constexpr int LeapAfter(Working kind) {
+    return kind == Working::Loss ? 20 : 3;
+}
+constexpr int RunUp(Working kind) {
+    return kind == Working::Loss ? 6 : 12;
+}
+constexpr int kMetBefore = 2;
+constexpr int kWorthALeap = 8;
+constexpr double kFrictionSlack = 2E-5;
+
+// The search for one duct. D and Friction, the round duct of the last working value, carry over to the next,
+// which is part of the result.
+struct Search {
+    Working Kind;
+    double Q;         // m³/s
+    double H;         // m
+    double Roughness; // m
+    double AirDensity;
+    float Target = 0;  // of the loss, which a search for a loss steps up to
+    float LossCap = 0; // what a search for a velocity steps down to
+
+    double D = 1.0;
+    double PreviousD = 0;
+    double Friction = 1.0;
+    int Passes = 0; // to settle them, in all
+
+    double W = 0;            // width on the size step
+    double DuctVelocity = 0; // in the round duct
+    double EquivDiameter = 0;
+    bool AtCap = false; // the velocity cap itself has been passed
+    bool Final = false; // the loss has reached its target
+
+    // Of the last step, to save working it out again; no result depends on these.
+    double LastWidth = 0;
+    double LastW = -1;
+};
+
+Search StartSearch(Working kind, double flow, double height, double roughness) {
+    return {kind, flow, height, roughness, Density(Settings.FluidTemp)};
+}
 
 void CountStep(int& steps) {
-    if (++steps > kSteps) {
+    if (++steps > kMostSteps) {
         throw CalcFailure("a search without an end");
     }
+}
+
+void Settle(Search& search, double working) {
+    int passes = 0;
+    do {
+        if (++passes > kDiameterPasses || ++search.Passes > kMostPasses) {
+            throw CalcFailure("the diameter does not settle");
+        }
+        search.PreviousD = search.D;
+        if (search.Kind == Working::Loss) {
+            search.D = DiameterForLoss(search.Friction, working, search.Q, search.AirDensity);
+        } else if (passes == 1) { // the same at each pass
+            search.D = DiameterForVelocity(working, search.Q);
+        }
+        search.Friction = FrictionFactor(search.Q, search.D, search.Roughness, search.Friction);
+    } while (!(std::fabs(search.PreviousD - search.D) < 0.0000000001));
+    search.DuctVelocity = RoundDuctVelocity(search.Q, search.D);
 }
 
 // The width that OtherSide leads to, in m, without its dozens of passes: Newton's method on the same
 // equation, from a `start` near it. Nothing where it lies outside of practice; then OtherSide has to tell.
 std::optional<double> QuickWidth(double height, double diameter, double start) {
-    constexpr double kMostWidth = 1000; // m
+    constexpr double kMostWidth = 5E5; // m; beyond, doubles lie too far apart for OtherSide to settle
     constexpr int kPasses = 12;
     if (!(height > 0.0) || !(diameter > 0.0)) {
         return std::nullopt;
@@ -49,148 +125,262 @@ std::optional<double> QuickWidth(double height, double diameter, double start) {
     return width;
 }
 
+// What RoundUpSize makes of a size of so many whole millimetres, in m.
+double OnSizeStep(double millimetres) {
+    const std::int64_t step = Settings.RoundOff;
+    const auto whole = static_cast<std::int64_t>(millimetres);
+    const std::int64_t remainder = whole % step;
+    return ToMetres(static_cast<double>(remainder == 0 ? whole : whole - remainder + step));
+}
+
 // What RoundUpSize makes of a width that is known but for a hair. All that it keeps is the whole millimetre
 // that the width rounds to: clear of the middle between two of them the hair can't be seen in a single bit.
 // Nothing otherwise.
 std::optional<double> RoundedWhereClear(double width) {
     constexpr double kClearOfMiddle = 1E-4; // mm
-    const std::int64_t step = Settings.RoundOff;
-    const double millimetres = width * 1000;
+    const double millimetres = ToMillimetres(width);
     const double below = std::floor(millimetres);
-    if (step <= 0 || std::fabs(millimetres - below - 0.5) < kClearOfMiddle) {
+    if (Settings.RoundOff == 0 || std::fabs(millimetres - below - 0.5) < kClearOfMiddle) {
         return std::nullopt;
     }
-    const auto whole = static_cast<std::int64_t>(millimetres - below < 0.5 ? below : below + 1);
-    return static_cast<double>((whole + step - 1) / step * step) / 1000;
+    return OnSizeStep(millimetres - below < 0.5 ? below : below + 1);
 }
 
-// The round duct of a working value. Diameter and friction factor carry over from one working value to the
-// next, which is part of the result.
-class RoundDuctSearch {
-  public:
-    RoundDuctSearch(double flow, double roughness)
-        : m_flow(flow), m_roughness(roughness), m_density(Density(Settings.FluidTemp)) {}
-
-    double Diameter = 1.0;
-    double Friction = 1.0;
-
-    void SettleForLoss(double loss) {
-        Settle([&] { return DiameterForLoss(Friction, loss, m_flow, m_density); });
-    }
-
-    void SettleForVelocity(double velocity) {
-        Settle([&] { return DiameterForVelocity(velocity, m_flow); });
-    }
-
-    // Width of the rectangle of `height` that stands for the round duct, on the size step. The search for it
-    // starts at `start`.
-    double RoundedWidth(double height, double start) {
-        if (const auto quick = QuickWidth(height, Diameter, m_lastWidth)) {
-            m_lastWidth = *quick;
-            if (const auto rounded = RoundedWhereClear(*quick)) {
-                return *rounded;
-            }
+// Gives the search the width of the rectangle that stands for the round duct, on the size step. The plain way
+// to it starts at `start`.
+void RoundWidth(Search& search, double start) {
+    if (const auto quick = QuickWidth(search.H, search.D, search.LastWidth)) {
+        search.LastWidth = *quick;
+        if (const auto rounded = RoundedWhereClear(*quick)) {
+            search.W = *rounded;
+            return;
         }
-        double change = 1.0;
-        return RoundedUpSize(OtherSide(height, Diameter, start, change));
     }
+    search.W = RoundedUpSize(OtherSide(search.H, search.D, start));
+}
 
-    double Velocity() const { return RoundDuctVelocity(m_flow, Diameter); }
+// Loss of the rectangle at the velocity of the round duct: what a search compares with its bound.
+double TestedLoss(Search& search) {
+    if (search.W != search.LastW) { // from one working value to the next it is mostly the same
+        search.EquivDiameter = EquivalentDiameter(search.W, search.H);
+        search.LastW = search.W;
+    }
+    return LossGradient(search.Friction, search.EquivDiameter, search.DuctVelocity, search.AirDensity);
+}
 
-    // Loss of the rectangle at the velocity of the round duct: what a search compares with its target.
-    double TestedLoss(double width, double height, double velocity) {
-        if (width != m_testedWidth) { // from one working value to the next it is mostly the same
-            m_testedEquivalent = EquivalentDiameter(width, height);
-            m_testedWidth = width;
+// The duct as chosen. The friction factor stays that of the last round duct.
+SizedDuct Close(const Search& search) {
+    const double diameter = EquivalentDiameter(search.W, search.H);
+    const double velocity = RoundDuctVelocity(search.Q, diameter);
+    const double loss = LossGradient(search.Friction, diameter, velocity, search.AirDensity);
+    return {search.W, velocity, loss, RoundedUpSize(diameter)};
+}
+
+double StepOf(const Search& search) {
+    return search.Kind == Working::Loss ? kStep : -kStep;
+}
+
+// `value` after `count` additions of `step`, bit for bit. Between two powers of two each of them is rounded
+// by the same amount, so that they can be done at once.
+double Stepped(double value, double step, int count) {
+    while (count > 0) {
+        const double next = value + step;
+        const double moved = next - value;
+        const double power = std::exp2(std::ilogb(value));
+        const double room = moved > 0 ? 2 * power - value : value - power;
+        const int alike = static_cast<int>(std::min(room / std::fabs(moved) - 1, 1.0 * count));
+        value = alike > 1 ? value + alike * moved : next;
+        count -= std::max(alike, 1);
+    }
+    return value;
+}
+
+// How far the step at `working` is from passing its test, as a ratio: above 1 it is clearly short. 0 where
+// anything about it is far from practice. `probe` is any walk; it comes to stand there. The width is taken as
+// near to passing as any way to round it could, and the factor as any walk.
+double Shortness(Search& probe, double working) {
+    try {
+        Settle(probe, working);
+        const double reynolds =
+            ReynoldsNumber(probe.DuctVelocity, probe.D, probe.AirDensity, Viscosity(Settings.FluidTemp));
+        const auto width = QuickWidth(probe.H, probe.D, probe.LastWidth);
+        if (!width || !(probe.Friction < 0.1) || !(probe.Roughness >= 0.0) || !(probe.Roughness < probe.D) ||
+            !(reynolds > 100.0)) {
+            return 0;
         }
-        return LossGradient(Friction, m_testedEquivalent, velocity, m_density);
+        probe.LastWidth = *width;
+        const double slack = 1 + kFrictionSlack / probe.Friction;
+        if (probe.Kind == Working::Loss) {
+            probe.W = OnSizeStep(std::floor(ToMillimetres(*width) + 0.499));
+            return Divide(probe.Target, TestedLoss(probe) * slack);
+        }
+        probe.W = OnSizeStep(std::floor(ToMillimetres(*width) + 0.501)) + ToMetres(1);
+        return Divide(TestedLoss(probe), probe.LossCap * slack);
+    } catch (const CalcFailure&) {
+        return 0;
     }
+}
 
-    // The duct as chosen. The friction factor stays that of the last round duct.
-    SizedDuct Close(double width, double height) const {
-        SizedDuct duct;
-        duct.Width = width;
-        const double equivalent = EquivalentDiameter(width, height);
-        duct.Velocity = RoundDuctVelocity(m_flow, equivalent);
-        duct.Loss = LossGradient(Friction, equivalent, duct.Velocity, m_density);
-        duct.Equivalent = RoundedUpSize(equivalent);
-        return duct;
+// How many steps on from `working`, at most `most`, all steps are clearly short; fewer than `least` are none.
+// By halving, and first around where that ends if the loss goes with a power of the working value.
+int StepsClearlyShort(Search probe, double working, int least, int most) {
+    constexpr int kGuesses = 8;
+    const double power = probe.Kind == Working::Loss ? 1 : -1 / 2.4;
+    const auto shortness = [&](int steps) {
+        return Shortness(probe, Stepped(working, StepOf(probe), steps));
+    };
+    int at = 0;
+    double ratio = shortness(at);
+    if (!(ratio > 1.0) || !(shortness(least) > 1.0)) {
+        return 0;
     }
+    int clear = least;
+    int unclear = most + 1;
+    for (int guesses = 0; unclear - clear > 1; ++guesses) {
+        const double there = at * StepOf(probe) + working;
+        const double beyond = ratio > 1.0 ? 1 : -1; // so that it is closed in upon from both sides
+        const double guess = at + (std::pow(ratio, power) - 1) * there / StepOf(probe) + beyond;
+        const bool isGuess = guesses < kGuesses && guess > clear && guess < unclear;
+        at = isGuess ? static_cast<int>(guess) : clear + (unclear - clear) / 2;
+        ratio = shortness(at);
+        (ratio > 1.0 ? clear : unclear) = at;
+    }
+    return clear;
+}
 
-  private:
-    template <typename DiameterOf>
-    void Settle(DiameterOf diameterOf) {
-        double previous = 0;
-        int passes = 0;
-        do {
-            if (++passes > kDiameterPasses) {
-                throw CalcFailure("the diameter does not settle");
+// Takes a walk that is about to settle at `working` to a later step, if it is certain how it stands there.
+void Leap(Search& search, double& working, int& steps) {
+    const double step = StepOf(search);
+    const int runUp = RunUp(search.Kind);
+    if (Settings.RoundOff <= 0) {
+        return; // sizes rounded by a step below 0 go up and down
+    }
+    const double stepsToZero = search.Kind == Working::Velocity ? working / kStep - 1 : kMostSteps;
+    const int most = static_cast<int>(std::min<double>(kMostSteps - steps, stepsToZero));
+    const int ahead = StepsClearlyShort(search, working, runUp + kWorthALeap, most);
+    if (ahead == 0) {
+        return;
+    }
+    double there = Stepped(working, step, ahead - runUp - 1);
+    Search low = search;
+    Settle(low, there);
+    Search high = low;
+    low.Friction -= kFrictionSlack;
+    high.Friction += kFrictionSlack;
+    bool met = false;
+    for (int i = 0; i < runUp; ++i) {
+        there += step;
+        Settle(low, there);
+        if (!met) {
+            if (i == runUp - kMetBefore) {
+                return;
             }
-            previous = Diameter;
-            Diameter = diameterOf();
-            double change = 1.0;
-            FrictionFactor(m_flow, Diameter, m_roughness, Friction, change);
-        } while (!(std::fabs(previous - Diameter) < 0.0000000001));
+            Settle(high, there);
+            met = low.Friction == high.Friction && low.D == high.D;
+        }
     }
+    search = low;
+    working = there + step;
+    steps += ahead;
+}
 
-    double m_flow;
-    double m_roughness;
-    double m_density;
-    double m_lastWidth = 0; // before it was rounded
-    double m_testedWidth = -1;
-    double m_testedEquivalent = 0;
-};
+SizedDuct WalkDown(Search search, double& working) {
+    for (int steps = 0;;) {
+        if (working <= 0.0) {
+            throw CalcFailure("no velocity keeps the loss within its cap");
+        }
+        Settle(search, working);
+        RoundWidth(search, kFarStart);
+        if (search.AtCap && !(ToSingle(TestedLoss(search)) > search.LossCap)) {
+            return Close(search);
+        }
+        search.AtCap = true;
+        CountStep(steps);
+        working -= kStep;
+        if (steps == LeapAfter(search.Kind)) {
+            Leap(search, working, steps);
+        }
+    }
+}
+
+// Width in m of the duct that `velocity` asks for, before it is rounded; nothing where it can't be
+// calculated.
+std::optional<double> WidthAt(double flow, double height, double velocity) {
+    try {
+        return OtherSide(height, DiameterForVelocity(velocity, flow), kFarStart);
+    } catch (const CalcFailure&) {
+        return std::nullopt;
+    }
+}
+
+NoDuct ReasonAt(double working, double flow, double height, float velocityCap) {
+    if (flow < 0.0) {
+        return NoDuct::NegativeFlow;
+    }
+    if (height < 0.0) {
+        return NoDuct::NegativeHeight;
+    }
+    if (velocityCap <= static_cast<float>(kStep)) {
+        return NoDuct::NoVelocity;
+    }
+    const std::optional<double> width = WidthAt(flow, height, working);
+    if (width && *width < kLeastWidth) {
+        return NoDuct::NoWidth;
+    }
+    // What is left of the velocity after many steps can be a hair above 0, and so the width beyond all
+    // bounds.
+    if (working < kStep / 2 || (width && *width > kCountableWidth)) {
+        return NoDuct::LossTooHigh;
+    }
+    return NoDuct::OutOfReach;
+}
 
 } // namespace
 
 SizedDuct SizeForLoss(double flow, double height, float target, double roughness, double& working) {
     working = static_cast<double>(target);
-    RoundDuctSearch duct(flow, roughness);
-    bool last = false;
+    Search search = StartSearch(Working::Loss, flow, height, roughness);
+    search.Target = target;
     for (int steps = 0;;) {
-        duct.SettleForLoss(working);
-        const double width = duct.RoundedWidth(height, height);
-        const double loss = duct.TestedLoss(width, height, duct.Velocity());
-        if (last) {
-            return duct.Close(width, height);
+        Settle(search, working);
+        RoundWidth(search, height);
+        const double loss = TestedLoss(search);
+        if (search.Final) {
+            return Close(search);
         }
         CountStep(steps);
-        if (ToSingle(loss) < target) {
-            working += kStep;
-        } else {
+        if (!(ToSingle(loss) < search.Target)) {
             working -= kStep;
-            last = true;
+            search.Final = true;
+            continue;
+        }
+        working += kStep;
+        if (steps == LeapAfter(search.Kind)) {
+            Leap(search, working, steps);
         }
     }
 }
 
 SizedDuct SizeForVelocity(double flow, double height, float target, double roughness, double& working) {
     working = static_cast<double>(target);
-    RoundDuctSearch duct(flow, roughness);
-    duct.SettleForVelocity(working);
-    duct.RoundedWidth(height, kFarStart); // may fail for the target itself, though its width is not taken
+    Search search = StartSearch(Working::Velocity, flow, height, roughness);
+    Settle(search, working);
+    RoundWidth(search, kFarStart); // may fail for the target itself, though its width is not taken
     working -= kStep;
-    duct.SettleForVelocity(working);
-    return duct.Close(duct.RoundedWidth(height, kFarStart), height);
+    Settle(search, working);
+    RoundWidth(search, kFarStart);
+    return Close(search);
 }
 
 SizedDuct SizeWithinCaps(double flow, double height, float lossCap, float velocityCap, double roughness,
                          double& working) {
     working = static_cast<double>(velocityCap);
-    RoundDuctSearch duct(flow, roughness);
-    for (int steps = 0;;) {
-        if (working <= 0.0) {
-            throw CapsNotMet("no velocity keeps the loss within its cap");
-        }
-        duct.SettleForVelocity(working);
-        const double width = duct.RoundedWidth(height, kFarStart);
-        const double velocity = duct.Velocity();
-        const bool capItself = steps == 0;
-        if (!capItself && !(ToSingle(duct.TestedLoss(width, height, velocity)) > lossCap)) {
-            return duct.Close(width, height);
-        }
-        CountStep(steps);
-        working -= kStep;
+    Search search = StartSearch(Working::Velocity, flow, height, roughness);
+    search.LossCap = lossCap;
+    try {
+        return WalkDown(search, working);
+    } catch (const CalcFailure& failure) {
+        throw DuctNotFound(failure, ReasonAt(working, flow, height, velocityCap), working);
     }
 }
 

@@ -7,9 +7,9 @@
 // first one at which the rounded duct passes its test.
 //
 // Units: flow m³/s, height and roughness m, targets Pa/m and m/s. The targets and the losses compared with
-// them are 32-bit floats. `working` belongs to the caller: it holds the working value at every moment, and
-// after a failure the one that failed. Each search throws CalcFailure where its arithmetic has no result, and
-// when it has taken 500,000 steps.
+// them are 32-bit floats. `working` belongs to the caller: it holds the last working value, after a failure
+// the one that failed. Each search throws CalcFailure where its arithmetic has no result, after 500,000
+// steps, and where the round ducts of its steps take millions of passes to settle.
 namespace plenair {
 
 struct SizedDuct {
@@ -19,20 +19,33 @@ struct SizedDuct {
     double Equivalent = 0; // m, equivalent round diameter rounded up to the size step
 };
 
-// No working velocity above 0 keeps the loss within its cap.
-struct CapsNotMet : CalcFailure {
-    using CalcFailure::CalcFailure;
+// Why no duct was found within caps.
+enum class NoDuct {
+    NegativeFlow,
+    NegativeHeight,
+    NoVelocity,  // the velocity cap leaves none to try
+    NoWidth,     // so little is needed at that velocity that the width rounds to nothing
+    LossTooHigh, // at every velocity down to 0
+    OutOfReach   // of what can be calculated, or of the steps that a search may take
 };
 
-// Steps the working loss up from `target` until the rounded duct reaches the target, and takes the step
-// before.
+// Throws this where it finds none; `Velocity` is the last that was tried.
+struct DuctNotFound : CalcFailure {
+    DuctNotFound(const CalcFailure& cause, NoDuct why, double lastVelocity)
+        : CalcFailure(cause), Reason(why), Velocity(lastVelocity) {}
+
+    NoDuct Reason;
+    double Velocity; // m/s
+};
+
+// Steps the working loss up from `target` until the rounded duct reaches it, and takes the step before.
 SizedDuct SizeForLoss(double flow, double height, float target, double roughness, double& working);
 
 // Takes the duct for `target` less 0.01.
 SizedDuct SizeForVelocity(double flow, double height, float target, double roughness, double& working);
 
 // Steps the working velocity down from `velocityCap`, which itself is never tried, until the loss of the
-// rounded duct is at most `lossCap`. Throws CapsNotMet when the working velocity arrives at 0 or below.
+// rounded duct is at most `lossCap`. Throws DuctNotFound.
 SizedDuct SizeWithinCaps(double flow, double height, float lossCap, float velocityCap, double roughness,
                          double& working);
 

@@ -28,15 +28,18 @@ double ReynoldsNumber(double velocity, double diameter, double density, double v
     return Divide((velocity * diameter) * density, viscosity);
 }
 
-double FrictionFactor(double flow, double diameter, double roughness, double& friction, double& change) {
+double FrictionFactor(double flow, double diameter, double roughness, double start) {
     const double velocity = RoundDuctVelocity(flow, diameter);
     const double reynolds =
         ReynoldsNumber(velocity, diameter, Density(Settings.FluidTemp), Viscosity(Settings.FluidTemp));
+    const double rough = Divide(roughness, diameter) / 3.7;
+    double friction = start;
+    double change = 1.0;
     for (int pass = 0; change > 0.00001; ++pass) {
         if (pass == kFrictionPasses) {
             throw CalcFailure("the friction factor does not settle");
         }
-        const double x = Divide(2.51, SquareRoot(friction) * reynolds) + Divide(roughness, diameter) / 3.7;
+        const double x = Divide(2.51, SquareRoot(friction) * reynolds) + rough;
         const double log = Log10(x);
         const double next = Divide(0.25, log * log);
         change = std::fabs(friction - next);
@@ -66,7 +69,9 @@ double EquivalentDiameter(double a, double b) {
     return Power(Divide(Power(a, 3) * 32 * Power(b, 3), kPi * kPi * (a + b)), 1.0 / 5);
 }
 
-double OtherSide(double side, double diameter, double& other, double& change) {
+double OtherSide(double side, double diameter, double start) {
+    double other = start;
+    double change = 1.0;
     for (int pass = 0; change > 0.0000000001; ++pass) {
         if (pass == kOtherSidePasses) {
             throw CalcFailure("the other side does not settle");

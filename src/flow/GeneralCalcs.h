@@ -17,11 +17,11 @@ double RoundDuctVelocity(double flow, double diameter);
 double ReynoldsNumber(double velocity, double diameter, double density, double viscosity);
 
 // Darcy friction factor of a round duct by Colebrook-White, by repeated substitution until it changes by at
-// most 0.00001. The air is that of Settings.FluidTemp. `roughness` is absolute, in m. `friction`, positive,
-// is the starting value and returns the result; `change` is that of the pass before, 1.0 at a first call.
-// No laminar branch: the formula holds at every Reynolds number. Fails at a flow or diameter of 0, at an x
-// whose logarithm has no use, and after 1,000 passes without settling (Reynolds numbers around 1).
-double FrictionFactor(double flow, double diameter, double roughness, double& friction, double& change);
+// most 0.00001. The air is that of Settings.FluidTemp. `roughness` is absolute, in m; `start`, positive, is
+// the factor of the first pass, of which there is always one. No laminar branch: the formula holds at every
+// Reynolds number. Fails at a flow or diameter of 0, at an x whose logarithm has no use, and after 1,000
+// passes without settling (Reynolds numbers around 1).
+double FrictionFactor(double flow, double diameter, double roughness, double start);
 
 // Pressure loss in Pa per metre by Darcy-Weisbach, `friction` being the Darcy factor.
 double LossGradient(double friction, double diameter, double velocity, double density);
@@ -41,10 +41,9 @@ double RoundDuctFlow(double velocity, double diameter);
 double EquivalentDiameter(double a, double b);
 
 // Second side of the rectangle of one `side` whose equivalent diameter is `diameter`, by Huebscher's formula
-// 1.3 (a b)^0.625 / (a + b)^0.25, by repeated substitution until it changes by at most 1E-10. `other` is the
-// starting value and returns the result; `change` is 1.0 at a first call. Not the inverse of
-// EquivalentDiameter. Fails at a side of 0 or below, and after 100,000 passes without settling (some 20 to 40
-// are usual).
-double OtherSide(double side, double diameter, double& other, double& change);
+// 1.3 (a b)^0.625 / (a + b)^0.25, by repeated substitution from `start` until it changes by at most 1E-10.
+// Not the inverse of EquivalentDiameter. Fails at a side of 0 or below, and after 100,000 passes without
+// settling (some 20 to 40 are usual).
+double OtherSide(double side, double diameter, double start);
 
 } // namespace plenair

@@ -8,6 +8,7 @@
 #include "flow/FluidProperties.h"
 #include "flow/GeneralCalcs.h"
 #include "flow/Sizing.h"
+#include "flow/Units.h"
 #include "lite/ResultGrids.h"
 #include "platform/desktop/MessageBox.h"
 #include "platform/text/NumberText.h"
@@ -46,11 +47,11 @@ void RunBasis(LiteWindow& window, double inputA, double inputB, double value, st
 // Five rows around the height given, one size step apart; `size` gives the duct for a height in m.
 template <typename Size>
 void FillRows(LiteWindow& window, double inputA, double inputB, Size size) {
-    const double flow = inputA / 1000;
+    const double flow = ToCubicMetres(inputA);
     double height = inputB - ToInt16(2.0 * Settings.RoundOff);
     for (std::int16_t row = 0; row <= 4; ++row) {
-        const SizedDuct duct = size(flow, height / 1000);
-        FillGrids(window, ToSingle(duct.Width * 1000), ToSingle(height), ToSingle(duct.Velocity),
+        const SizedDuct duct = size(flow, ToMetres(height));
+        FillGrids(window, ToSingle(ToMillimetres(duct.Width)), ToSingle(height), ToSingle(duct.Velocity),
                   ToSingle(duct.Loss), duct.Equivalent, flow, row);
         height += Settings.RoundOff;
     }
@@ -61,9 +62,7 @@ constexpr std::int16_t kAnalysisRow = 2;
 
 // Friction factor of a duct that is given, from the usual start.
 double FrictionOf(double flow, double equivalent) {
-    double friction = 1.0;
-    double change = 1.0;
-    return FrictionFactor(flow, equivalent, Settings.SurfaceRoughness1, friction, change);
+    return FrictionFactor(flow, equivalent, Settings.SurfaceRoughness1, 1.0);
 }
 
 } // namespace
@@ -97,8 +96,8 @@ void CalcCapped(LiteWindow& window, double inputA, double inputB) {
 }
 
 void CalcAnalyseFlow(LiteWindow& window, double inputA, double inputB, double value) {
-    const double equivalent = EquivalentDiameter(inputA / 1000, inputB / 1000);
-    const double flow = value / 1000;
+    const double equivalent = EquivalentDiameter(ToMetres(inputA), ToMetres(inputB));
+    const double flow = ToCubicMetres(value);
     const double velocity = RoundDuctVelocity(flow, equivalent);
     const double friction = FrictionOf(flow, equivalent);
     const double loss = LossGradient(friction, equivalent, velocity, Density(Settings.FluidTemp));
@@ -108,14 +107,14 @@ void CalcAnalyseFlow(LiteWindow& window, double inputA, double inputB, double va
 }
 
 void CalcAnalyseVelocity(LiteWindow& window, double inputA, double inputB, double value) {
-    const double equivalent = EquivalentDiameter(inputA / 1000, inputB / 1000);
+    const double equivalent = EquivalentDiameter(ToMetres(inputA), ToMetres(inputB));
     const double flow = RoundDuctFlow(value, equivalent);
     const double friction = FrictionOf(flow, equivalent);
     const double loss = LossGradient(friction, equivalent, value, Density(Settings.FluidTemp));
     const double rounded = RoundedUpSize(equivalent);
     FillGrids(window, ToSingle(inputA), ToSingle(inputB), ToSingle(value), ToSingle(loss), rounded, flow,
               kAnalysisRow);
-    window.SetMinorCell(3, 1, "( " + Format(Checked(flow * 1000), "0"));
+    window.SetMinorCell(3, 1, "( " + Format(Checked(ToLitres(flow)), "0"));
     window.SetMinorCell(3, 2, "L/s )");
 }
 

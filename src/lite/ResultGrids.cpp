@@ -3,6 +3,7 @@
 #include "flow/Arithmetic.h"
 #include "flow/BoxNumbers.h"
 #include "flow/GeneralCalcs.h"
+#include "flow/Units.h"
 #include "platform/text/NumberText.h"
 
 namespace plenair {
@@ -29,7 +30,7 @@ void FillGrids(LiteWindow& window, float width, float height, float velocity, fl
     window.SetMinorCell(row, 2, Format(velocity, "0.00"));
     window.SetMinorCell(row, 3, Format(loss, "0.00"));
     if (row == 2) {
-        window.SetOtherCell(0, Format(Checked(equivalent * 1000), "0"));
+        window.SetOtherCell(0, Format(Checked(ToMillimetres(equivalent)), "0"));
         window.SetOtherCell(2, Format(RoundDuctVelocity(flow, equivalent), "0.00"));
         window.SetOtherCell(3, Format(loss, "0.00"));
     }

@@ -2,10 +2,9 @@
 
 #include "core/Settings.h"
 #include "extras/Misc.h"
-#include "flow/Arithmetic.h"
 #include "flow/BoxNumbers.h"
 #include "flow/DuctSearch.h"
-#include "flow/GeneralCalcs.h"
+#include "flow/Units.h"
 #include "platform/desktop/Desktop.h"
 #include "platform/desktop/MessageBox.h"
 #include "platform/text/NumberText.h"
@@ -18,9 +17,6 @@ namespace plenair {
 
 namespace {
 
-constexpr float kVelocityStep = 0.01F;
-constexpr double kLeastWidth = 0.0005; // m, what still rounds to 1 mm
-constexpr double kMostWidth = 2E6;     // m, about what can be counted in mm
 const std::string kOutOfReach = "its values, or those of the options, lie outside of what can be calculated.";
 
 // The hourglass over all windows, until the end of a scope.
@@ -44,8 +40,8 @@ struct DuctInput {
 
 DuctInput ReadInput(const SheetWindow& sheet) {
     DuctInput input;
-    input.Flow = NumberOf(sheet.BoxText(SheetBox::Flow)) / 1000;
-    input.Height = NumberOf(sheet.BoxText(SheetBox::Height)) / 1000;
+    input.Flow = ToCubicMetres(NumberOf(sheet.BoxText(SheetBox::Flow)));
+    input.Height = ToMetres(NumberOf(sheet.BoxText(SheetBox::Height)));
     input.LossCap = SingleOf(sheet.BoxText(SheetBox::LossPerMetre));
     input.VelocityCap = SingleOf(sheet.BoxText(SheetBox::Velocity));
     return input;
@@ -55,41 +51,26 @@ double RoughnessOf(float colour) {
     return TypeOf(colour) == ElementType::Rigid ? Settings.SurfaceRoughness1 : Settings.SurfaceRoughness2;
 }
 
-// Width in m of the duct that `velocity` asks for, before it is rounded; nothing where it can't be
-// calculated.
-std::optional<double> WidthAt(const DuctInput& input, double velocity) {
-    try {
-        double width = 1E+50;
-        double change = 1.0;
-        return OtherSide(input.Height, DiameterForVelocity(velocity, input.Flow), width, change);
-    } catch (const CalcFailure&) {
-        return std::nullopt;
-    }
-}
-
-// Why the search found no duct, in the user's words. It ended at the velocity in Settings.MaxVelocity.
-std::string ReasonNotSolved(const SheetWindow& sheet, const DuctInput& input, bool capsNotMet) {
-    const std::string height = Shortened(sheet.BoxText(SheetBox::Height)) + " mm";
-    if (input.Flow < 0.0) {
+// Why the search found no duct, in the user's words.
+std::string ReasonText(const DuctNotFound& failure, const SheetWindow& sheet) {
+    const auto typed = [&](SheetBox box) { return Shortened(sheet.BoxText(box)); };
+    switch (failure.Reason) {
+    case NoDuct::NegativeFlow:
         return "its flow is negative.";
-    }
-    if (input.Height < 0.0) {
+    case NoDuct::NegativeHeight:
         return "its height is negative.";
-    }
-    if (input.VelocityCap <= kVelocityStep) {
-        return "its velocity cap of " + Shortened(sheet.BoxText(SheetBox::Velocity)) +
+    case NoDuct::NoVelocity:
+        return "its velocity cap of " + typed(SheetBox::Velocity) +
                " m/s leaves no velocity to try. It has to be above 0.01 m/s.";
-    }
-    const std::optional<double> width = WidthAt(input, Settings.MaxVelocity);
-    if (width && *width < kLeastWidth) {
-        return "at a velocity of " + Format(Settings.MaxVelocity, "0.00") + " m/s and a height of " + height +
-               " no width is left. It needs more flow, a lower height or a lower velocity cap.";
-    }
-    // What is left of the velocity after many steps can be a hair above 0, and so the width beyond all
-    // bounds.
-    if (capsNotMet || Settings.MaxVelocity < kVelocityStep / 2 || (width && *width > kMostWidth)) {
-        return "no velocity down to 0.01 m/s keeps the loss within " +
-               Shortened(sheet.BoxText(SheetBox::LossPerMetre)) + " Pa/m at a height of " + height + ".";
+    case NoDuct::NoWidth:
+        return "at a velocity of " + Format(failure.Velocity, "0.00") + " m/s and a height of " +
+               typed(SheetBox::Height) +
+               " mm no width is left. It needs more flow, a lower height or a lower velocity cap.";
+    case NoDuct::LossTooHigh:
+        return "no velocity down to 0.01 m/s keeps the loss within " + typed(SheetBox::LossPerMetre) +
+               " Pa/m at a height of " + typed(SheetBox::Height) + " mm.";
+    case NoDuct::OutOfReach:
+        break;
     }
     return kOutOfReach;
 }
@@ -102,23 +83,22 @@ std::string NotSolved(std::int16_t duct, const std::string& reason) {
 // is no result.
 std::string SolveDuct(const ProjectWindows& windows, std::int16_t duct, float colour) {
     const SheetWindow& sheet = windows.Sheet;
-    std::optional<DuctInput> input;
     try {
-        input = ReadInput(sheet);
-        Settings.MaxVelocity = static_cast<double>(input->VelocityCap);
-        if (input->HasZero()) {
+        const DuctInput input = ReadInput(sheet);
+        Settings.MaxVelocity = static_cast<double>(input.VelocityCap);
+        if (input.HasZero()) {
             return "Unexpected zero value encountered.  Solution incomplete.";
         }
-        const SizedDuct sized = SizeWithinCaps(input->Flow, input->Height, input->LossCap, input->VelocityCap,
+        const SizedDuct sized = SizeWithinCaps(input.Flow, input.Height, input.LossCap, input.VelocityCap,
                                                RoughnessOf(colour), Settings.MaxVelocity);
-        ShowSolvedValues(windows, sized.Width * 1000, input->Height * 1000, sized.Velocity, sized.Loss,
-                         sized.Equivalent * 1000);
+        ShowSolvedValues(windows, ToMillimetres(sized.Width), ToMillimetres(input.Height), sized.Velocity,
+                         sized.Loss, ToMillimetres(sized.Equivalent));
         ReadDuctSheet(windows, duct);
         return "";
-    } catch (const CapsNotMet&) {
-        return NotSolved(duct, ReasonNotSolved(sheet, *input, true));
-    } catch (const CalcFailure&) {
-        return NotSolved(duct, input ? ReasonNotSolved(sheet, *input, false) : kOutOfReach);
+    } catch (const DuctNotFound& failure) {
+        return NotSolved(duct, ReasonText(failure, sheet));
+    } catch (const CalcFailure&) { // a text that is no number, or a result that can't be shown
+        return NotSolved(duct, kOutOfReach);
     }
 }
 

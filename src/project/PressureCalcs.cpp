@@ -3,6 +3,7 @@
 #include "core/Settings.h"
 #include "flow/Arithmetic.h"
 #include "flow/FluidProperties.h"
+#include "flow/Units.h"
 #include "platform/desktop/InputBox.h"
 #include "platform/desktop/MessageBox.h"
 #include "platform/text/NumberText.h"
@@ -29,7 +30,7 @@ double PressureDropOf(const PathElement& element) {
     switch (TypeOf(element.Colour)) {
     case ElementType::Rigid:
     case ElementType::Flexible:
-        return Checked(element.Length / 1000 * element.LossPerMetre);
+        return Checked(ToMetres(element.Length) * element.LossPerMetre);
     case ElementType::Connection:
         return Checked(static_cast<double>(element.ConnCoefficient) * VelocityPressure(element.Velocity));
     case ElementType::None:

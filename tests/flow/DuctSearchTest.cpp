@@ -1,71 +1,191 @@
-#include "flow/DuctSearch.h"
-#include "core/Settings.h"
-#include "flow/Arithmetic.h"
-#include "flow/FluidProperties.h"
-#include "flow/GeneralCalcs.h"
-#include "flow/Sizing.h"
+#include "flow/PlainSearch.h"
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <optional>
 #include <random>
+#include <utility>
 
 namespace plenair {
 namespace {
 
-// The search within caps in its plainest form, step by step, with every pass of every function.
-SizedDuct PlainSearch(double flow, double height, float lossCap, float velocityCap, double roughness,
-                      double& working) {
-    working = static_cast<double>(velocityCap);
-    const double density = Density(Settings.FluidTemp);
-    double diameter = 1.0;
-    double friction = 1.0;
-    for (bool capItself = true;; capItself = false, working -= 0.01) {
-        double previous = 0;
-        do {
-            previous = diameter;
-            diameter = DiameterForVelocity(working, flow);
-            double change = 1.0;
-            FrictionFactor(flow, diameter, roughness, friction, change);
-        } while (!(std::fabs(previous - diameter) < 0.0000000001));
-        double width = 1E+50;
-        double change = 1.0;
-        width = RoundedUpSize(OtherSide(height, diameter, width, change));
-        const double velocity = RoundDuctVelocity(flow, diameter);
-        const double equivalent = EquivalentDiameter(width, height);
-        const double tested = LossGradient(friction, equivalent, velocity, density);
-        if (!capItself && !(ToSingle(tested) > lossCap)) {
-            const double shown = RoundDuctVelocity(flow, equivalent);
-            return {width, shown, LossGradient(friction, equivalent, shown, density),
-                    RoundedUpSize(equivalent)};
+enum class By { Loss, Velocity, Caps };
+constexpr By kAll[] = {By::Loss, By::Velocity, By::Caps};
+
+struct Sought {
+    By Bound;
+    double Flow, Height;
+    float Loss, Velocity;
+    double Roughness = 0.00015;
+};
+
+// What a caller sees of a search, to the last bit; all 0 but the working value where it failed.
+struct Found {
+    double Width, Velocity, Loss, Equivalent, Working;
+    bool operator==(const Found&) const = default;
+};
+
+template <typename Search>
+Found Outcome(Search search) {
+    double working = 0;
+    try {
+        const SizedDuct duct = search(working);
+        return {duct.Width, duct.Velocity, duct.Loss, duct.Equivalent, working};
+    } catch (const CalcFailure&) {
+        return {0, 0, 0, 0, working};
+    }
+}
+
+Found Quick(const Sought& duct) {
+    return Outcome([&](double& working) {
+        switch (duct.Bound) {
+        case By::Loss:
+            return SizeForLoss(duct.Flow, duct.Height, duct.Loss, duct.Roughness, working);
+        case By::Velocity:
+            return SizeForVelocity(duct.Flow, duct.Height, duct.Velocity, duct.Roughness, working);
+        default:
+            return SizeWithinCaps(duct.Flow, duct.Height, duct.Loss, duct.Velocity, duct.Roughness, working);
+        }
+    });
+}
+
+// Leaves the search as it ended in `ended`.
+Found Plain(const Sought& duct, std::optional<PlainSearch>& ended) {
+    return Outcome([&](double& working) {
+        PlainSearch& search = ended.emplace(duct.Flow, duct.Height, duct.Roughness, working);
+        switch (duct.Bound) {
+        case By::Loss:
+            return search.ForLoss(duct.Loss);
+        case By::Velocity:
+            return search.ForVelocity(duct.Velocity);
+        default:
+            return search.WithinCaps(duct.Loss, duct.Velocity);
+        }
+    });
+}
+
+class DuctSearch : public testing::Test {
+  protected:
+    DuctSearch() { Settings = SettingsRecord(); }
+    ~DuctSearch() override { Settings = SettingsRecord(); }
+
+    double Between(double low, double high) { return std::uniform_real_distribution<>(low, high)(m_random); }
+    // Each order of magnitude as often as any other.
+    double Among(double low, double high) { return std::exp(Between(std::log(low), std::log(high))); }
+
+    Sought Practical(By bound) {
+        return {bound,
+                Between(0.02, 6),
+                Between(0.03, 1.5),
+                static_cast<float>(Between(0.2, 4)),
+                static_cast<float>(Between(2, 14)),
+                Between(0, 1) < 0.5 ? 0.00015 : 0.002};
+    }
+
+    void ExpectTheSame(const Sought& duct) {
+        const Found quick = Quick(duct);
+        const Found plain = Plain(duct, m_plain);
+        m_failed += plain.Width == 0 ? 1 : 0;
+        EXPECT_TRUE(quick == plain) << "bound " << static_cast<int>(duct.Bound) << std::hexfloat << ", flow "
+                                    << duct.Flow << ", height " << duct.Height << ", loss " << duct.Loss
+                                    << ", velocity " << duct.Velocity << ", roughness " << duct.Roughness
+                                    << ", step " << Settings.RoundOff << ", " << Settings.FluidTemp
+                                    << " deg C: " << quick.Width << " at " << quick.Working << ", not "
+                                    << plain.Width << " at " << plain.Working;
+    }
+
+    // Two flows side by side, the one with `isAbove` and the other without, out of those around the duct's.
+    template <typename IsAbove>
+    std::pair<double, double> Border(Sought duct, double around, IsAbove isAbove) {
+        double low = duct.Flow * (1 - around);
+        double high = duct.Flow * (1 + around);
+        for (double middle = 0; middle != (low + high) / 2;) {
+            middle = (low + high) / 2;
+            duct.Flow = middle;
+            (isAbove(Plain(duct, m_plain)) ? high : low) = middle;
+        }
+        return {low, high};
+    }
+
+    std::mt19937 m_random{20261124};
+    std::optional<PlainSearch> m_plain;
+    int m_failed = 0;
+};
+
+constexpr std::int16_t kSizeSteps[] = {1, 5, 10, 25, 30, 50, 100};
+
+// No short cut may show in a single bit.
+TEST_F(DuctSearch, GivesTheBitsOfThePlainSearch) {
+    for (int i = 0; i < 1050; ++i) {
+        Settings.RoundOff = kSizeSteps[i % 7];
+        ExpectTheSame(Practical(kAll[i % 3]));
+    }
+    EXPECT_EQ(m_failed, 0);
+    for (int i = 0; i < 600; ++i) {
+        const std::int16_t odd[] = {-25, 7, 32767, 25};
+        Settings.RoundOff = odd[i / 2 % 4];
+        Settings.FluidTemp = i % 4 == 0 ? Between(-366, 316) : 26;
+        const double roughness = i % 5 == 0 ? 0 : i % 5 == 1 ? Among(0.01, 10) : Among(1E-8, 0.01);
+        ExpectTheSame({kAll[i % 3], Among(1E-6, 1E5), Among(1E-3, 100), static_cast<float>(Among(1E-3, 10)),
+                       static_cast<float>(Among(0.01, 30)), i % 50 == 0 ? -roughness : roughness});
+    }
+    EXPECT_GT(m_failed, 80);
+    EXPECT_LT(m_failed, 300);
+}
+
+// The plain search would take too long here.
+TEST_F(DuctSearch, GivesUpAfterHalfAMillionSteps) {
+    double up = 100000;
+    double down = 6000;
+    for (int step = 0; step < 500000; ++step) {
+        up += 0.01;
+        down -= 0.01;
+    }
+    EXPECT_EQ(Quick({By::Loss, 0.5, 0.3, 100000, 0}).Working, up);
+    EXPECT_EQ(Quick({By::Caps, 0.5, 0.3, 0.5F, 6000}).Working, down);
+}
+
+// A loss that is the cap, or becomes it in 32 bits, is accepted; and so is one that is the target.
+TEST_F(DuctSearch, TakesALossAtItsBound) {
+    for (int i = 0; i < 60; ++i) {
+        Settings.RoundOff = kSizeSteps[i % 7];
+        Sought capped = Practical(By::Caps);
+        Plain(capped, m_plain);
+        capped.Loss = m_plain->CappedLoss;
+        ExpectTheSame(capped);
+        capped.Loss = std::nextafter(capped.Loss, 0.0F);
+        ExpectTheSame(capped);
+
+        Sought forLoss = Practical(By::Loss);
+        const double working = Plain(forLoss, m_plain).Working;
+        const auto [low, high] =
+            Border(forLoss, 0.01, [&](const Found& found) { return found.Working == working; });
+        for (const double flow : {low, high}) {
+            forLoss.Flow = flow;
+            ExpectTheSame(forLoss);
         }
     }
 }
 
-// The quick way to a width must not show in a single bit of a result, at any size step.
-TEST(DuctSearch, GivesTheBitsOfThePlainSearch) {
-    std::mt19937 random(20261124);
-    std::uniform_real_distribution<double> flow(0.02, 6);
-    std::uniform_real_distribution<double> height(0.03, 1.5);
-    std::uniform_real_distribution<float> lossCap(0.2F, 4.0F);
-    std::uniform_real_distribution<float> velocityCap(2.0F, 14.0F);
-    const std::int16_t steps[] = {1, 5, 10, 25, 30, 50, 100};
-    Settings = SettingsRecord();
-    for (int i = 0; i < 3000; ++i) {
-        Settings.RoundOff = steps[i % 7];
-        const double roughness = i % 2 == 0 ? Settings.SurfaceRoughness1 : Settings.SurfaceRoughness2;
-        const double q = flow(random);
-        const double h = height(random);
-        const float loss = lossCap(random);
-        const float velocity = velocityCap(random);
-        double working = 0, plainWorking = 0;
-        const SizedDuct duct = SizeWithinCaps(q, h, loss, velocity, roughness, working);
-        const SizedDuct plain = PlainSearch(q, h, loss, velocity, roughness, plainWorking);
-        ASSERT_TRUE(duct.Width == plain.Width && duct.Velocity == plain.Velocity && duct.Loss == plain.Loss &&
-                    duct.Equivalent == plain.Equivalent && working == plainWorking)
-            << "flow " << q << ", height " << h << ", caps " << loss << " and " << velocity << ", step "
-            << Settings.RoundOff;
+// Within a hair of the middle between two millimetres each bit of the width counts.
+TEST_F(DuctSearch, RoundsAWidthAtTheMiddleOfAMillimetre) {
+    int middles = 0;
+    for (int i = 0; i < 36; ++i) {
+        Sought duct = Practical(kAll[i % 3]);
+        Plain(duct, m_plain);
+        const double middle = std::floor(m_plain->ExactWidth * 40) / 40 + 0.0005; // 25 mm or 26
+        duct.Flow *= middle / m_plain->ExactWidth;
+        const auto border = Border(duct, 0.02, [&](const Found&) { return m_plain->ExactWidth > middle; });
+        duct.Flow = border.first;
+        Plain(duct, m_plain);
+        middles += std::fabs(m_plain->ExactWidth - middle) < 1E-12 ? 1 : 0;
+        for (int neighbour = -12; neighbour <= 12; ++neighbour) {
+            duct.Flow = border.first + neighbour * (border.second - border.first);
+            ExpectTheSame(duct);
+        }
     }
-    Settings = SettingsRecord();
+    EXPECT_GT(middles, 18);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "project/model/PlotGeometry.h"
 
 #include "flow/CalcFailure.h"
+#include "flow/Units.h"
 #include "platform/text/NumberText.h"
 #include "project/model/DuctPath.h"
 #include "project/model/ProjectGeometry.h"
@@ -52,7 +53,7 @@ void AddLengths(PlotGeometry& plot, const PlotScales& scales, const PlotFigures&
     for (std::size_t position = 1; position < PathElements.size(); ++position) {
         length += PathElements[position].Length;
         place.X += PathElements[position].Length / scales.LengthScale;
-        plot.Labels.push_back({Drawable(place), Format(length / 1000, "0.0")});
+        plot.Labels.push_back({Drawable(place), Format(ToMetres(length), "0.0")});
     }
 }
 
