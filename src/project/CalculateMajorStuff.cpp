@@ -131,23 +131,23 @@ void SolveDucts(const ProjectWindows& windows) {
     sheet.SetScrollValue(1);
 }
 
-void SolveProject(const ProjectWindows& windows) {
+bool SolveProject(const ProjectWindows& windows) {
     if (DuctCount < 1 || BeepIfSolved()) {
-        return;
+        return false;
     }
     RunFailed = kFlagSet;
     const MessageAnswer answer =
         ShowMessage({"Gus will begin by saving your project.", "Solve", MessageButtons::OkCancel});
     if (answer == MessageAnswer::Cancel) {
-        return;
+        return false;
     }
     SaveProject(windows);
     if (RunFailed != kFlagClear) {
-        return;
+        return false;
     }
     SolveDucts(windows);
     if (RunFailed != kFlagClear) {
-        return;
+        return false;
     }
     WriteSolutionReport();
     Solved = kFlagSet;
@@ -155,6 +155,7 @@ void SolveProject(const ProjectWindows& windows) {
     windows.Solver.SetPressureVisible(true);
     PlayCall();
     ShowMessage({"Plenair Solution Complete", "Plenair", MessageButtons::Ok, MessageIcon::Exclamation});
+    return true;
 }
 
 } // namespace plenair

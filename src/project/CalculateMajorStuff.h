@@ -6,8 +6,9 @@
 namespace plenair {
 
 // cmdGus_Click, the whole run: saves the project, solves its ducts, writes the report and closes the project
-// to changes. It stops in order where the user cancels, the file can't be written or a duct can't be solved.
-void SolveProject(const ProjectWindows& windows);
+// to changes. It stops in order where the user cancels, the file can't be written or a duct can't be solved,
+// and then gives false.
+bool SolveProject(const ProjectWindows& windows);
 
 // Solves the rigid and flexible ducts one after the other through the sheet, which shows each as it passes.
 // Sets RunFailed at the first that can't be solved, after a message that names it; the ducts before keep

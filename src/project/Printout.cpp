@@ -1,5 +1,6 @@
 #include "project/Printout.h"
 
+#include "flow/CalcFailure.h"
 #include "platform/desktop/MessageBox.h"
 #include "project/PlotDrawing.h"
 #include "project/ProjectGrid.h"
@@ -29,7 +30,9 @@ void PrintCopies(CommonDialog& dialog, Printer& printer, const std::function<voi
             printCopy();
             printer.EndDoc();
         }
-    } catch (const std::runtime_error&) {
+    } catch (const PrinterFailure&) {
+        printer.KillDoc();
+    } catch (const CalcFailure&) { // of a plot without a scale
         printer.KillDoc();
     }
 }

@@ -68,33 +68,38 @@ bool ReadChosenFile(const ProjectWindows& windows) {
         ProjectName = dialog.FileTitle;
         ReadProjectText(dialog.FileName);
         return true;
-    } catch (const std::runtime_error&) {
+    } catch (const DialogCancelled&) {
+        return false;
+    } catch (const FileFailure&) {
         return false;
     }
 }
 
 } // namespace
 
-void SaveProject(const ProjectWindows& windows) {
+bool SaveProject(const ProjectWindows& windows) {
     try {
         CommonDialog& dialog = SetUpDialog(windows, kOverwritePrompt, ProjectName);
         ChooseFileToSave(dialog);
         ProjectName = dialog.FileTitle;
         WriteWholeFile(dialog.FileName, ProjectText());
-    } catch (const std::runtime_error&) {
-        return;
+    } catch (const DialogCancelled&) {
+        return false;
+    } catch (const FileFailure&) {
+        return false;
     }
     Settings.DefPath = CurrentFolder();
     ShowMessage({"Plenair Project Saved", "Save", MessageButtons::Ok, MessageIcon::Exclamation});
     RunFailed = kFlagClear;
+    return true;
 }
 
-void LoadProject(const ProjectWindows& windows) {
+bool LoadProject(const ProjectWindows& windows) {
     if (DuctCount > 0) {
         const MessageAnswer answer = ShowMessage(
             {"Clear Existing Project?", "Load Project", MessageButtons::YesNo, MessageIcon::Question});
         if (answer != MessageAnswer::Yes) {
-            return;
+            return false;
         }
     }
     windows.Sheet.Hide();
@@ -103,10 +108,10 @@ void LoadProject(const ProjectWindows& windows) {
     const bool readToTheEnd = ReadChosenFile(windows);
     if (DuctCount < 0) {
         EmptyGrid(windows);
-        return;
+        return false;
     }
     if (!readToTheEnd) {
-        return;
+        return false;
     }
     Solved = kFlagClear;
     Settings.DefPath = CurrentFolder();
@@ -115,6 +120,7 @@ void LoadProject(const ProjectWindows& windows) {
     if (windows.Solver.SheetTicked()) {
         windows.Sheet.Show();
     }
+    return true;
 }
 
 void WriteSolutionReport() {
@@ -152,7 +158,7 @@ bool AskBeforeClosing(const ProjectWindows& windows) {
     const MessageAnswer answer = ShowMessage(
         {"Do you wish to save the current project?", "Close Project Solver", MessageButtons::YesNoCancel});
     if (answer == MessageAnswer::Yes) {
-        SaveProject(windows);
+        SaveProject(windows); // the solver closes whatever comes of it
     }
     return answer != MessageAnswer::Cancel;
 }

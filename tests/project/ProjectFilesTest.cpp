@@ -90,7 +90,7 @@ TEST_F(ProjectFilesTest, LoadedProjectIsOpenAndShown) {
     Add(kRigidColour);
     Solved = kFlagSet;
     desktop.ExpectMessage(MessageAnswer::No);
-    LoadProject(windows);
+    EXPECT_FALSE(LoadProject(windows));
     EXPECT_EQ(Solved, kFlagSet);
     LoadText(Block(0, kZeros) + Block(1, kOne) + Block(2, kTwo));
     EXPECT_EQ(DuctCount, 2);
@@ -239,7 +239,7 @@ TEST_F(ProjectFilesTest, ProjectsThatAreTheirOwnReport) {
         if (asks) {
             desktop.ExpectMessage(MessageAnswer::No);
             desktop.ExpectCancel();
-            SaveProject(windows);
+            EXPECT_FALSE(SaveProject(windows));
             EXPECT_EQ(desktop.LastDialog().FileName, name) << "offered again";
             EXPECT_EQ(desktop.LastDialog().InitDir, environment.Folder().Path());
             EXPECT_EQ(ProjectName, "before.gsp");
@@ -248,7 +248,7 @@ TEST_F(ProjectFilesTest, ProjectsThatAreTheirOwnReport) {
             desktop.ExpectMessage(MessageAnswer::Yes);
         }
         desktop.ExpectMessage(MessageAnswer::Ok); // saved
-        SaveProject(windows);
+        EXPECT_TRUE(SaveProject(windows));
         EXPECT_EQ(RunFailed, kFlagClear);
     }
 }
