@@ -4,6 +4,7 @@
 #include "platform/files/ProgramFolder.h"
 #include "platform/files/RegistryStore.h"
 #include "platform/qt/ConnectDesktop.h"
+#include "platform/qt/ReadableStyle.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -41,7 +42,7 @@ int main(int argc, char** argv) {
     qInstallMessageHandler(Report);
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
-    QApplication::setStyle("Fusion");
+    QApplication::setStyle(new plenair::ReadableStyle);
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     plenair::ConnectDesktop();

@@ -1,11 +1,12 @@
 #include "core/start/Main.h"
 #include "platform/qt/ConnectDesktop.h"
 #include "platform/qt/Icons.h"
+#include "platform/qt/ReadableStyle.h"
 
 #include <QApplication>
 
 int main(int argc, char** argv) {
-    QApplication::setStyle("Fusion"); // one look whose margins the layout in twips fits
+    QApplication::setStyle(new plenair::ReadableStyle); // one look whose margins the layout in twips fits
     // There is no command line: the toolkit's own options are not taken either.
     argc = 1;
     argv[1] = nullptr;

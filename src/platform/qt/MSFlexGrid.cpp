@@ -1,5 +1,6 @@
 #include "platform/qt/MSFlexGrid.h"
 
+#include "platform/qt/ReadableStyle.h"
 #include "platform/qt/TextFit.h"
 #include "platform/qt/Twips.h"
 
@@ -77,8 +78,9 @@ void MSFlexGrid::SetColAlignment(int column, int alignment) {
 void MSFlexGrid::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), palette().color(QPalette::Base));
-    QColor lines = palette().color(QPalette::Text);
-    lines.setAlphaF(0.2F);
+    const bool strong = NeedsStrongLines(palette());
+    QColor lines = palette().color(strong ? QPalette::Mid : QPalette::Text);
+    lines.setAlphaF(strong ? 1 : 0.2F);
     for (int row = 0; row < m_rows; ++row) {
         double left = 0;
         for (int column = 0; column < m_columns; ++column) {
@@ -104,7 +106,7 @@ void MSFlexGrid::paintEvent(QPaintEvent*) {
                              TextThatFits(painter.font(), text, room.width()));
         }
     }
-    lines.setAlphaF(0.45F);
+    lines.setAlphaF(strong ? 1 : 0.45F);
     painter.setPen(lines);
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }

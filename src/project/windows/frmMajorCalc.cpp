@@ -2,6 +2,7 @@
 
 #include "extras/Misc.h"
 #include "platform/qt/DesktopPrinter.h"
+#include "platform/qt/ReadableStyle.h"
 #include "platform/qt/SurfacePainter.h"
 #include "platform/qt/Twips.h"
 #include "project/CalculateMajorStuff.h"
@@ -116,6 +117,9 @@ void frmMajorCalc::LayOut() {
 ColourNumber frmMajorCalc::BackColour() const {
     // The grid is white under any theme; lines in the colour of a dark one would outshine the network.
     const QColor background = palette().color(QPalette::Window);
+    if (IsHighContrast(palette())) {
+        return ToColourNumber(QColor(192, 192, 192)); // white ones wouldn't be seen at all
+    }
     return ToColourNumber(background.lightness() < 128 ? QColor(240, 240, 240) : background);
 }
 
