@@ -19,24 +19,17 @@ namespace {
 
 const std::string kOutOfReach = "its values, or those of the options, lie outside of what can be calculated.";
 
-// The hourglass over all windows, until the end of a scope.
-class Hourglass {
-  public:
-    Hourglass() { SetMousePointer(MousePointer::Hourglass); }
-    ~Hourglass() { SetMousePointer(MousePointer::Default); }
-    Hourglass(const Hourglass&) = delete;
-    Hourglass& operator=(const Hourglass&) = delete;
-};
-
 // What a duct is solved from, as its boxes say.
 struct DuctInput {
     double Flow = 0;   // m³/s
     double Height = 0; // m
     float LossCap = 0;
     float VelocityCap = 0;
-
-    bool HasZero() const { return Flow == 0.0 || Height == 0.0 || LossCap == 0.0F || VelocityCap == 0.0F; }
 };
+
+bool HasZero(const DuctInput& input) {
+    return input.Flow == 0.0 || input.Height == 0.0 || input.LossCap == 0.0F || input.VelocityCap == 0.0F;
+}
 
 DuctInput ReadInput(const SheetWindow& sheet) {
     DuctInput input;
@@ -86,13 +79,16 @@ std::string SolveDuct(const ProjectWindows& windows, std::int16_t duct, float co
     try {
         const DuctInput input = ReadInput(sheet);
         Settings.MaxVelocity = static_cast<double>(input.VelocityCap);
-        if (input.HasZero()) {
+        if (HasZero(input)) {
             return "Unexpected zero value encountered.  Solution incomplete.";
         }
         const SizedDuct sized = SizeWithinCaps(input.Flow, input.Height, input.LossCap, input.VelocityCap,
                                                RoughnessOf(colour), Settings.MaxVelocity);
-        ShowSolvedValues(windows, ToMillimetres(sized.Width), ToMillimetres(input.Height), sized.Velocity,
-                         sized.Loss, ToMillimetres(sized.Equivalent));
+        ShowSolvedValues(windows, {.Width = ToMillimetres(sized.Width),
+                                   .Height = ToMillimetres(input.Height),
+                                   .Velocity = sized.Velocity,
+                                   .Loss = sized.Loss,
+                                   .EquivDiameter = ToMillimetres(sized.Equivalent)});
         ReadDuctSheet(windows, duct);
         return "";
     } catch (const DuctNotFound& failure) {

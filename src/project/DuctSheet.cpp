@@ -53,14 +53,13 @@ void ReadDuctSheet(const ProjectWindows& windows, std::int16_t duct) {
     }
 }
 
-void ShowSolvedValues(const ProjectWindows& windows, double width, double height, double velocity,
-                      double loss, double equivalentDiameter) {
+void ShowSolvedValues(const ProjectWindows& windows, const SolvedValues& values) {
     const std::pair<SheetBox, std::string> texts[] = {
-        {SheetBox::Width, Format(RoundedUpSize(width), "0")},
-        {SheetBox::Height, Format(RoundedUpSize(height), "0")},
-        {SheetBox::Velocity, Format(RoundedUpSize(velocity), "0.00")},
-        {SheetBox::LossPerMetre, Format(RoundedUpSize(loss), "0.00")},
-        {SheetBox::EquivRound, Format(RoundedUpSize(equivalentDiameter), "0")}};
+        {SheetBox::Width, Format(RoundedUpSize(values.Width), "0")},
+        {SheetBox::Height, Format(RoundedUpSize(values.Height), "0")},
+        {SheetBox::Velocity, Format(RoundedUpSize(values.Velocity), "0.00")},
+        {SheetBox::LossPerMetre, Format(RoundedUpSize(values.Loss), "0.00")},
+        {SheetBox::EquivRound, Format(RoundedUpSize(values.EquivDiameter), "0")}};
     for (const auto& [box, text] : texts) {
         windows.Sheet.SetBoxText(box, text);
     }

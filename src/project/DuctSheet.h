@@ -14,10 +14,17 @@ void ShowDuctSheet(const ProjectWindows& windows, std::int16_t duct);
 // an empty project.
 void ReadDuctSheet(const ProjectWindows& windows, std::int16_t duct);
 
-// Writes a duct as solved into its five boxes: sizes in mm, velocity in m/s, loss in Pa/m. Each value is
-// rounded up to the size step in its own unit first. Throws CalcFailure, and then no box has changed.
-void ShowSolvedValues(const ProjectWindows& windows, double width, double height, double velocity,
-                      double loss, double equivalentDiameter);
+struct SolvedValues {
+    double Width = 0;         // mm
+    double Height = 0;        // mm
+    double Velocity = 0;      // m/s
+    double Loss = 0;          // Pa/m
+    double EquivDiameter = 0; // mm
+};
+
+// Writes a duct as solved into its five boxes. Each value is rounded up to the size step in its own unit
+// first. Throws CalcFailure, and then no box has changed.
+void ShowSolvedValues(const ProjectWindows& windows, const SolvedValues& values);
 
 // scrDuctNo_Change: names the duct that the scroll bar stands on, ends a chain on the grid, and loads the
 // duct.

@@ -4,9 +4,6 @@
 #include "extras/Misc.h"
 #include "platform/qt/Twips.h"
 
-#include <QMouseEvent>
-#include <QPainter>
-
 namespace plenair {
 
 namespace {
@@ -49,38 +46,19 @@ void ShowText(Label& label, const QString& text) {
 
 } // namespace
 
-MascotPicture::MascotPicture(const QString& name, QWidget* parent)
-    : QWidget(parent), m_mascot(":/mascot/gus.jpg") {
-    setObjectName(name);
-    setAccessibleName("Gus, the mascot");
-}
-
-void MascotPicture::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    painter.fillRect(rect(), Qt::white);
-    QRectF area(QPointF(), QSizeF(m_mascot.size()).scaled(size(), Qt::KeepAspectRatio));
-    area.moveCenter(QRectF(rect()).center());
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawImage(area, m_mascot);
-}
-
-void MascotPicture::mouseReleaseEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()) && Click) {
-        Click();
-    }
-}
-
 frmAbout::frmAbout()
     : Form("frmAbout", "About Plenair",
            Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                Qt::WindowCloseButtonHint),
-      m_canvas(new AboutCanvas("canvas", Client())), picGus(new MascotPicture("picGus", Client())),
+      m_canvas(new AboutCanvas("canvas", Client())),
+      picGus(new ImagePicture("picGus", ":/mascot/gus.jpg", Client())),
       lblPlenair(AddLabel("lblPlenair", 1470, 210, 2955, 330)),
       lblCR(AddLabel("lblCR", 1470, 945, 2955, 225)), lblStuff(AddLabel("lblStuff", 210, 1260, 4935, 3120)) {
     SetClientSize(kWidth, kHeight);
     MoveTo((ScreenWidth() - Width()) / 2, (ScreenHeight() - Height()) / 2);
     Place(m_canvas, 0, 0, kWidth, kHeight);
     Place(picGus, 210, 210, 1065, 960);
+    picGus->setAccessibleName("Gus, the mascot");
     picGus->hide();
     picGus->Click = [this] { picGus_Click(); };
     QFont bold("Arial");

@@ -3,29 +3,9 @@
 #include "extras/windows/AboutCanvas.h"
 #include "platform/qt/Controls.h"
 #include "platform/qt/Form.h"
-
-#include <QImage>
-
-#include <functional>
+#include "platform/qt/Pictures.h"
 
 namespace plenair {
-
-// The mascot, on white.
-class MascotPicture : public QWidget {
-    Q_OBJECT
-
-  public:
-    MascotPicture(const QString& name, QWidget* parent);
-
-    std::function<void()> Click;
-
-  protected:
-    void paintEvent(QPaintEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
-
-  private:
-    QImage m_mascot;
-};
 
 // The about box. Being shown for the first time makes it play its show, and only after that its texts and its
 // picture are visible; each opening takes a new box.
@@ -50,7 +30,7 @@ class frmAbout : public Form {
     void picGus_Click();
 
     AboutCanvas* m_canvas;
-    MascotPicture* picGus;
+    ImagePicture* picGus;
     Label* lblPlenair;
     Label* lblCR;
     Label* lblStuff;

@@ -4,9 +4,9 @@
 #include "extras/Misc.h"
 #include "lite/CalculationLog.h"
 #include "lite/KeyStrokes.h"
-#include "lite/windows/MinorCalcPictures.h"
 #include "platform/desktop/KeyCodes.h"
 #include "platform/desktop/MessageBox.h"
+#include "platform/qt/Pictures.h"
 #include "platform/qt/Twips.h"
 #include "platform/qt/WindowPos.h"
 #include "platform/text/NumberText.h"
@@ -106,7 +106,7 @@ void frmMinorCalc::CreateResults() {
         auto*& lamp = lblRatio[static_cast<std::size_t>(i)];
         lamp = new Label(ArrayName("lblRatio", i), QString(), Client());
         Place(lamp, 3250, 1320 + 243 * i, 330, i == 0 ? 243 : 240);
-        auto* cmdLog = new RowButton(ArrayName("cmdLog", i), QString("&%1").arg(i + 1), Client());
+        auto* cmdLog = new InsetButton(ArrayName("cmdLog", i), QString("&%1").arg(i + 1), Client());
         cmdLog->setAccessibleName(QString("Record row %1").arg(i + 1));
         cmdLog->Click = [this, i] { cmdLog_Click(i); };
         Place(cmdLog, 3300, 1320 + 243 * i, 230, 243);

@@ -52,4 +52,13 @@ void Beep();
 // Over all windows of the program.
 void SetMousePointer(MousePointer pointer);
 
+// The hourglass, until the end of a scope.
+class Hourglass {
+  public:
+    Hourglass() { SetMousePointer(MousePointer::Hourglass); }
+    ~Hourglass() { SetMousePointer(MousePointer::Default); }
+    Hourglass(const Hourglass&) = delete;
+    Hourglass& operator=(const Hourglass&) = delete;
+};
+
 } // namespace plenair

@@ -2,8 +2,8 @@
 
 #include "platform/desktop/KeyCodes.h"
 #include "platform/qt/FormFont.h"
+#include "platform/qt/Labels.h"
 #include "platform/qt/SurfacePainter.h"
-#include "platform/qt/TextFit.h"
 #include "platform/qt/Twips.h"
 #include "platform/qt/WindowPos.h"
 #include "project/DuctSheet.h"
@@ -26,44 +26,6 @@ constexpr double kHeight = 3165;
 QColor BlueOn(const QColor& background) {
     return background.lightness() < 128 ? QColor(140, 170, 255) : QColor(0, 0, 255);
 }
-
-// Shows the number in the very colour of its duct, with a rim where that colour is hard to read on the
-// window.
-class DuctNoLabel : public Label {
-  public:
-    using Label::Label;
-
-  protected:
-    void paintEvent(QPaintEvent*) override {
-        const QColor ink = palette().color(QPalette::WindowText);
-        const QColor background = palette().color(QPalette::Window);
-        QPainterPath text;
-        const QFont fitting = FontThatFits(font(), this->text(), width() - 1);
-        const QFontMetricsF metrics(fitting);
-        text.addText(width() - metrics.horizontalAdvance(this->text()) - 1,
-                     (height() + metrics.ascent() - metrics.descent()) / 2, fitting, this->text());
-        QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        if (std::abs(qGray(ink.rgb()) - qGray(background.rgb())) < 80) {
-            painter.strokePath(text, QPen(background.lightness() < 128 ? Qt::white : Qt::black, 1.6));
-        }
-        painter.fillPath(text, ink);
-    }
-};
-
-// A label with a single border.
-class BorderedLabel : public Label {
-  public:
-    using Label::Label;
-
-  protected:
-    void paintEvent(QPaintEvent* event) override {
-        Label::paintEvent(event);
-        QPainter painter(this);
-        painter.setPen(palette().color(QPalette::Mid));
-        painter.drawRect(rect().adjusted(0, 0, -1, -1));
-    }
-};
 
 void SetColour(QWidget* widget, QPalette::ColorRole role, const QColor& colour) {
     QPalette palette = widget->palette();
@@ -90,7 +52,7 @@ void frmMajorParam::CreateControls() {
         return label;
     };
     lblDuct = heading("lblDuct", "Duct:", 105, 75, 435);
-    lblDuctNo = new DuctNoLabel("lblDuctNo", "1", Client());
+    lblDuctNo = new RimmedLabel("lblDuctNo", "1", Client());
     lblDuctNo->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     QFont large = FormFont(13.5);
     large.setBold(true);

@@ -1,5 +1,6 @@
-#include "lite/windows/MinorCalcPictures.h"
+#include "platform/qt/Pictures.h"
 
+#include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
 
@@ -23,7 +24,27 @@ void ScalePicture::paintEvent(QPaintEvent*) {
     }
 }
 
-void RowButton::paintEvent(QPaintEvent*) {
+ImagePicture::ImagePicture(const QString& name, const QString& file, QWidget* parent)
+    : QWidget(parent), m_image(file) {
+    setObjectName(name);
+}
+
+void ImagePicture::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.fillRect(rect(), Qt::white);
+    QRectF area(QPointF(), QSizeF(m_image.size()).scaled(size(), Qt::KeepAspectRatio));
+    area.moveCenter(QRectF(rect()).center());
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(area, m_image);
+}
+
+void ImagePicture::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()) && Click) {
+        Click();
+    }
+}
+
+void InsetButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     QColor face =
