@@ -122,15 +122,17 @@ class OpenSolver {
     frmMajorParam* m_sheet = nullptr;
 };
 
-void SolveThousandDucts(benchmark::State& state, bool sheetShown) {
+// Argument: the number of ducts.
+void Solve(benchmark::State& state, bool sheetShown) {
+    const int ducts = static_cast<int>(state.range(0));
     OpenSolver solver;
-    solver.FillGrid(kDucts);
+    solver.FillGrid(ducts);
     if (sheetShown) {
         solver.ShowSheet();
     }
     for (auto _ : state) {
         state.PauseTiming();
-        solver.FillGrid(kDucts);
+        solver.FillGrid(ducts);
         state.ResumeTiming();
         solver.Click("cmdGus");
         solver.Paint();
@@ -140,8 +142,14 @@ void SolveThousandDucts(benchmark::State& state, bool sheetShown) {
         }
     }
 }
-BENCHMARK_CAPTURE(SolveThousandDucts, without the sheet, false)->Unit(benchmark::kMillisecond)->UseRealTime();
-BENCHMARK_CAPTURE(SolveThousandDucts, with the sheet shown, true)
+BENCHMARK_CAPTURE(Solve, without the sheet, false)
+    ->Arg(kDucts)
+    ->Arg(kMostDucts)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+BENCHMARK_CAPTURE(Solve, with the sheet shown, true)
+    ->Arg(kDucts)
+    ->Arg(kMostDucts)
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
 

@@ -47,7 +47,7 @@ class SheetWindow {
     virtual bool IsVisible() const = 0;
     virtual void Show() = 0; // without a modal wait
     virtual void Hide() = 0;
-    virtual void Repaint() = 0; // at once
+    virtual void Repaint() = 0; // at once, but not more often than a screen can show
 
     // scrDuctNo; its minimum is 1. A change of the value runs ChangeDuctNo, also the one that a maximum below
     // the value brings.

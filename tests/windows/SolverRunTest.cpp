@@ -1,5 +1,7 @@
 #include "windows/SolverTest.h"
 
+#include <QElapsedTimer>
+
 #include <algorithm>
 #include <filesystem>
 
@@ -112,6 +114,28 @@ TEST_F(SolverRun, ASecondRunAfterAFailedOne) {
     ClickOn("cmdLoadGsp");
     EXPECT_EQ(SheetLooks(), "olooooll");
     EXPECT_EQ(TotalOf("3 "), "Total Pressure is 3 Pa.");
+}
+
+// A screen shows some sixty pictures a second.
+TEST_F(SolverRun, PaintsTheSheetAtMostOnceAFrame) {
+    class Paints : public QObject {
+      public:
+        int Count = 0;
+
+      protected:
+        bool eventFilter(QObject*, QEvent* event) override {
+            Count += event->type() == QEvent::Paint ? 1 : 0;
+            return false;
+        }
+    } paints;
+    OpenSheet(std::string(30, 'R'));
+    FillBoxes({"100", "-", "200", "5000", "5", "0.8"});
+    Sheet().installEventFilter(&paints);
+    QElapsedTimer time;
+    time.start();
+    Solve();
+    EXPECT_GE(paints.Count, 1);
+    EXPECT_LE(paints.Count, time.elapsed() / 17 + 2);
 }
 
 TEST_F(SolverRun, CancelledAtEachStep) {

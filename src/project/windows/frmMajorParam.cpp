@@ -21,6 +21,7 @@ namespace {
 
 constexpr double kWidth = 2880;
 constexpr double kHeight = 3165;
+constexpr qint64 kFrame = 17; // ms, of a usual screen
 
 // Blue, as far as it can be read on that background.
 QColor BlueOn(const QColor& background) {
@@ -109,6 +110,14 @@ void frmMajorParam::Form_Load(SolverWindow& solver, double gridWidth, double gri
 void frmMajorParam::Show() {
     show();
     activateWindow();
+}
+
+void frmMajorParam::Repaint() {
+    // What isn't painted now is noted as changed, and so is painted with what comes next.
+    if (!m_sincePainted.isValid() || m_sincePainted.hasExpired(kFrame)) {
+        repaint();
+        m_sincePainted.start();
+    }
 }
 
 std::string frmMajorParam::DuctNoCaption() const {

@@ -5,6 +5,8 @@
 #include "platform/qt/TextBox.h"
 #include "project/ProjectWindows.h"
 
+#include <QElapsedTimer>
+
 #include <array>
 #include <memory>
 #include <optional>
@@ -26,7 +28,7 @@ class frmMajorParam : public Form, public SheetWindow {
     bool IsVisible() const override { return isVisible(); }
     void Show() override;
     void Hide() override { hide(); }
-    void Repaint() override { repaint(); }
+    void Repaint() override;
     int ScrollValue() const override { return scrDuctNo->value(); }
     void SetScrollValue(int value) override { scrDuctNo->setValue(value); }
     int ScrollMaximum() const override { return scrDuctNo->maximum(); }
@@ -58,6 +60,7 @@ class frmMajorParam : public Form, public SheetWindow {
     ScrollBar* scrDuctNo = nullptr;
     std::array<TextBox*, kSheetRows.size()> txtParam = {};
     CheckBox* chkFollowOn = nullptr;
+    QElapsedTimer m_sincePainted; // by Repaint
 };
 
 } // namespace plenair
