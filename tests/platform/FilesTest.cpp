@@ -6,14 +6,12 @@
 
 #include <gtest/gtest.h>
 
-#include <csignal>
 #include <filesystem>
 #include <set>
 #include <vector>
 
 #include <fcntl.h>
 #include <sys/file.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -133,21 +131,6 @@ TEST_F(TextFiles, WritesNewAndReplacesOlderFiles) {
     }
 }
 
-TEST_F(TextFiles, FailedWritesLeaveEverythingAsItWas) {
-    WriteFile(File("kept"), "old");
-    fs::create_directory(File("folder"));
-    ASSERT_EQ(mkfifo(File("pipe").c_str(), 0600), 0);
-    const std::set<std::string> before = Names();
-    const std::pair<std::string, const char*> rows[] = {{File("folder"), "Is a directory"},
-                                                        {File("pipe"), "Not a regular file"},
-                                                        {File("missing/file"), "No such file or directory"},
-                                                        {File("kept/file"), "Not a directory"}};
-    for (const auto& row : rows) {
-        EXPECT_EQ(ReasonOf([&] { WriteWholeFile(row.first, "new"); }), row.first + ": " + row.second);
-        EXPECT_EQ(Names(), before) << row.first;
-    }
-}
-
 TEST_F(TextFiles, WhatAKilledProgramLeftBehindIsRemoved) {
     const pid_t child = fork();
     if (child == 0) {
@@ -179,22 +162,6 @@ TEST_F(TextFiles, WhatAKilledProgramLeftBehindIsRemoved) {
     WriteWholeFile(File("kept"), "new");
     EXPECT_EQ(Names(), kept);
     close(writer);
-}
-
-TEST_F(TextFiles, ADiskThatFillsUpKeepsTheOlderFile) {
-    WriteFile(File("kept"), "old");
-    // A limit on the size of a file stands in for a full disk: the first pieces are taken, then one is not.
-    rlimit limit{};
-    getrlimit(RLIMIT_FSIZE, &limit);
-    const rlimit tight{100'000, limit.rlim_max};
-    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-    setrlimit(RLIMIT_FSIZE, &tight);
-    const std::string reason = ReasonOf([&] { WriteWholeFile(File("kept"), std::string(1'000'000, 'x')); });
-    setrlimit(RLIMIT_FSIZE, &limit);
-    std::signal(SIGXFSZ, oldHandler);
-    EXPECT_EQ(reason, File("kept") + ": File too large");
-    EXPECT_EQ(ReadFile(File("kept")), "old");
-    EXPECT_EQ(Names(), std::set<std::string>{"kept"});
 }
 
 TEST_F(TextFiles, FindsTheFirstFileOfAnExtension) {

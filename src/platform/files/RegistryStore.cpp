@@ -137,7 +137,11 @@ Store LoadStore() {
         return EmptyStore();
     }
     ItemReader reader(RegistryFile(), Quotes::Doubled);
-    if (fs::file_size(RegistryFile(), error) > kLargestStore) {
+    const std::uintmax_t size = fs::file_size(RegistryFile(), error);
+    if (error) {
+        Fail(RegistryFile(), error.value());
+    }
+    if (size > kLargestStore) {
         return EmptyStore();
     }
     try {

@@ -112,7 +112,7 @@ void RemoveLeftOvers(const fs::path& folder) {
 bool Hold(const Descriptor& file) {
     struct stat status {};
     const bool taken = ::flock(file.Number(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
-    return !taken && ::fstat(file.Number(), &status) == 0 && status.st_nlink > 0;
+    return !taken && (::fstat(file.Number(), &status) != 0 || status.st_nlink > 0);
 }
 
 // Puts a change of names on the disk, where the file system can; by now the new file stands in any case.
@@ -134,9 +134,9 @@ ReplacementFile::ReplacementFile(const std::string& path) : m_path(path), m_targ
     }
 }
 
-ReplacementFile::~ReplacementFile() {
-    if (!m_place.empty()) {
-        ::unlink(m_place.c_str());
+ReplacementFile::Passing::~Passing() {
+    if (!Place.empty()) {
+        ::unlink(Place.c_str());
     }
 }
 
@@ -151,7 +151,7 @@ void ReplacementFile::OpenUnique(mode_t mode) {
         const fs::path place = NewPlace(FolderOf(m_target));
         m_file = Descriptor(::open(place.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
         if (m_file.IsOpen() && Hold(m_file)) {
-            m_place = place;
+            m_passing.Place = place;
             return;
         }
         Require(m_file.IsOpen() || errno == EEXIST);
@@ -187,10 +187,10 @@ void ReplacementFile::TakeName() {
     Require(::fsync(m_file.Number()) == 0);
     // Some systems tell only at a close that something couldn't be kept. The file itself stays open, and with
     // it the lock.
-    Descriptor second(::fcntl(m_file.Number(), F_DUPFD_CLOEXEC, 0));
+    Descriptor second(::dup(m_file.Number()));
     Require(second.IsOpen() && second.Close());
-    Require(::rename(m_place.c_str(), m_target.c_str()) == 0);
-    m_place.clear();
+    Require(::rename(m_passing.Place.c_str(), m_target.c_str()) == 0);
+    m_passing.Place.clear();
     SyncFolder(FolderOf(m_target));
 }
 

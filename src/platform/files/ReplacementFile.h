@@ -19,13 +19,8 @@ class ReplacementFile {
     // regular file. Files that a killed program left behind in the folder are removed.
     explicit ReplacementFile(const std::string& path);
 
-    // Removes the new file unless it has taken the name.
-    ~ReplacementFile();
-    ReplacementFile(const ReplacementFile&) = delete;
-    ReplacementFile& operator=(const ReplacementFile&) = delete;
-
     // Where the new file is for now, for a writer that needs a name.
-    const std::filesystem::path& Place() const { return m_place; }
+    const std::filesystem::path& Place() const { return m_passing.Place; }
 
     // Throws FileFailure.
     void Write(std::string_view content);
@@ -34,13 +29,23 @@ class ReplacementFile {
     void TakeName();
 
   private:
+    // Removes the new file unless it has taken the name, also where the constructor fails.
+    struct Passing {
+        Passing() = default;
+        ~Passing();
+        Passing(const Passing&) = delete;
+        Passing& operator=(const Passing&) = delete;
+
+        std::filesystem::path Place; // empty where there is nothing to remove
+    };
+
     void Require(bool succeeded) const;
     void OpenUnique(mode_t mode);
     void KeepRights(const struct stat& older);
 
     const std::string m_path; // as the user knows it
     const std::filesystem::path m_target;
-    std::filesystem::path m_place; // empty once it is nobody's to remove
+    Passing m_passing;
     Descriptor m_file;
 };
 

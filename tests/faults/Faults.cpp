@@ -1,0 +1,207 @@
+#include "faults/Faults.h"
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdarg>
+#include <cstdlib>
+#include <cstring>
+
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+struct File {
+    bool isOurs = false;
+    bool isDirty = false; // holds what is not on the disk
+};
+
+const char* s_folder = nullptr;
+long s_call = 0;
+long s_seen = 0;
+int s_fault = 0;
+std::array<File, 1024> s_files; // by descriptor
+
+bool Concerns(const char* path) {
+    return s_folder != nullptr && path != nullptr && std::strncmp(path, s_folder, std::strlen(s_folder)) == 0;
+}
+
+File* FileOf(int descriptor) {
+    return descriptor >= 0 && descriptor < 1024 ? &s_files[static_cast<std::size_t>(descriptor)] : nullptr;
+}
+
+bool Concerns(int descriptor) {
+    return s_folder != nullptr && FileOf(descriptor) != nullptr && FileOf(descriptor)->isOurs;
+}
+
+void End() {
+    for (std::size_t i = 0; s_fault == kPowerCut && i < s_files.size(); ++i) {
+        if (s_files[i].isDirty) {
+            [[maybe_unused]] const int lost = ftruncate(static_cast<int>(i), 0);
+        }
+    }
+    raise(SIGKILL);
+}
+
+// Whether the call that is being made is the one that fails.
+template <typename What>
+bool IsDue(What what) {
+    return Concerns(what) && ++s_seen == s_call;
+}
+
+template <typename What>
+bool Fails(What what) {
+    if (!IsDue(what) || s_fault == kShortCount) {
+        return false;
+    }
+    if (s_fault < 0) {
+        End();
+    }
+    errno = s_fault;
+    return true;
+}
+
+template <typename Function>
+Function* Next(Function*& next, const char* name) {
+    if (next == nullptr) {
+        next = reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
+    }
+    return next;
+}
+
+template <typename Buffer>
+ssize_t Move(ssize_t (*next)(int, Buffer*, size_t), int file, Buffer* bytes, size_t count) {
+    if (!IsDue(file)) {
+        return next(file, bytes, count);
+    }
+    if (s_fault > 0) {
+        errno = s_fault;
+        return -1;
+    }
+    const ssize_t moved = next(file, bytes, (count + 1) / 2);
+    if (s_fault != kShortCount) {
+        End();
+    }
+    return moved;
+}
+
+int Opened(int file, const char* path) {
+    if (File* const record = FileOf(file)) {
+        *record = {Concerns(path), false};
+    }
+    return file;
+}
+
+__attribute__((constructor)) void ArmFromEnvironment() {
+    if (const char* const folder = std::getenv("FAULT_FOLDER")) {
+        ArmFault(folder, std::atol(std::getenv("FAULT_CALL")), std::atoi(std::getenv("FAULT")));
+    }
+}
+
+} // namespace
+
+extern "C" {
+
+void ArmFault(const char* folder, long call, int fault) {
+    s_folder = folder;
+    s_call = call;
+    s_fault = fault;
+    s_seen = 0;
+}
+
+long DisarmFault() {
+    s_folder = nullptr;
+    return s_seen;
+}
+
+#define CALL(result, name, parameters, arguments, concerned, ...)                                            \
+    result name parameters __VA_ARGS__ {                                                                     \
+        static result(*s_next) parameters = nullptr;                                                         \
+        return Fails(concerned) ? -1 : Next(s_next, #name) arguments;                                        \
+    }
+
+CALL(int, stat, (const char* path, struct stat* status), (path, status), path, noexcept)
+CALL(int, lstat, (const char* path, struct stat* status), (path, status), path, noexcept)
+CALL(int, fstat, (int file, struct stat* status), (file, status), file, noexcept)
+CALL(int, stat64, (const char* path, struct stat64* status), (path, status), path, noexcept)
+CALL(int, lstat64, (const char* path, struct stat64* status), (path, status), path, noexcept)
+CALL(int, fstat64, (int file, struct stat64* status), (file, status), file, noexcept)
+CALL(int, faccessat, (int folder, const char* path, int mode, int flags), (folder, path, mode, flags), path,
+     noexcept)
+CALL(int, fchmod, (int file, mode_t mode), (file, mode), file, noexcept)
+CALL(int, fchown, (int file, uid_t owner, gid_t group), (file, owner, group), file, noexcept)
+CALL(int, flock, (int file, int operation), (file, operation), file, noexcept)
+CALL(int, mkdir, (const char* path, mode_t mode), (path, mode), path, noexcept)
+CALL(int, unlink, (const char* path), (path), path, noexcept)
+CALL(int, rename, (const char* from, const char* to), (from, to), from, noexcept)
+CALL(ssize_t, readlink, (const char* path, char* buffer, size_t size), (path, buffer, size), path, noexcept)
+
+int fsync(int file) {
+    static int (*s_next)(int) = nullptr;
+    if (Fails(file)) {
+        return -1;
+    }
+    if (Concerns(file)) {
+        FileOf(file)->isDirty = false;
+    }
+    return Next(s_next, "fsync")(file);
+}
+
+// The file is closed in any case, as Linux does it.
+int close(int file) {
+    static int (*s_next)(int) = nullptr;
+    const bool fails = Fails(file);
+    const int error = errno;
+    if (Concerns(file) && FileOf(file)->isDirty) {
+        FileOf(fcntl(file, F_DUPFD_CLOEXEC, 512))->isDirty = true; // for the power cut
+    }
+    Opened(file, nullptr);
+    const int result = Next(s_next, "close")(file);
+    if (fails) {
+        errno = error;
+    }
+    return fails ? -1 : result;
+}
+
+int dup(int file) {
+    static int (*s_next)(int) = nullptr;
+    const int second = Fails(file) ? -1 : Next(s_next, "dup")(file);
+    if (second >= 0) {
+        *FileOf(second) = {FileOf(file)->isOurs, false};
+    }
+    return second;
+}
+
+ssize_t read(int file, void* bytes, size_t count) {
+    static ssize_t (*s_next)(int, void*, size_t) = nullptr;
+    return Move(Next(s_next, "read"), file, bytes, count);
+}
+
+ssize_t write(int file, const void* bytes, size_t count) {
+    static ssize_t (*s_next)(int, const void*, size_t) = nullptr;
+    if (Concerns(file)) {
+        FileOf(file)->isDirty = true;
+    }
+    return Move(Next(s_next, "write"), file, bytes, count);
+}
+
+#define OPEN(name, parameters, arguments)                                                                    \
+    int name parameters {                                                                                    \
+        static int(*s_next) parameters = nullptr;                                                            \
+        va_list rest;                                                                                        \
+        va_start(rest, flags);                                                                               \
+        const mode_t mode = (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(rest, mode_t) : 0;                 \
+        va_end(rest);                                                                                        \
+        return Fails(path) ? -1 : Opened(Next(s_next, #name) arguments, path);                               \
+    }
+
+OPEN(open, (const char* path, int flags, ...), (path, flags, mode))
+OPEN(open64, (const char* path, int flags, ...), (path, flags, mode))
+OPEN(openat, (int folder, const char* path, int flags, ...), (folder, path, flags, mode))
+OPEN(openat64, (int folder, const char* path, int flags, ...), (folder, path, flags, mode))
+
+} // extern "C"
