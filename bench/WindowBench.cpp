@@ -139,6 +139,7 @@ int main(int argc, char** argv) {
     const QTemporaryDir folder;
     plenair::SetProgramFolder(folder.path().toStdString());
     plenair::SetRegistryFile(folder.filePath("registry").toStdString());
+    plenair::SetStateFolder(""); // a project left by one measurement would be offered to the next
     plenair::RegCreateKey(plenair::HKEY_CURRENT_USER, plenair::kReminderSubKey);
     plenair::RegWriteValue(plenair::HKEY_CURRENT_USER, plenair::kReminderSubKey, plenair::kReminderValueName,
                            plenair::ReminderMonth(), plenair::REG_SZ);

@@ -33,6 +33,7 @@ class LiteWindow {
     virtual void SetCurrentCell(int row, int column) = 0;
 
     // A cell of row 0 of grdOtherShapes, the equivalent round duct.
+    virtual std::string OtherCell(int column) const = 0;
     virtual void SetOtherCell(int column, const std::string& text) = 0;
 
     // Switches the lamp lblRatio(row) on.

@@ -12,6 +12,7 @@
 #include "project/DuctSheet.h"
 #include "project/ProjectFiles.h"
 #include "project/ProjectGrid.h"
+#include "project/ProjectKeeper.h"
 
 namespace plenair {
 
@@ -99,6 +100,7 @@ std::string SolveDuct(const ProjectWindows& windows, std::int16_t duct, float co
 }
 
 void EndFailedRun(const ProjectWindows& windows, const std::string& message) {
+    NoteStep(windows); // the ducts before this one hold results
     ShowMessage({message, "Error", MessageButtons::Ok, MessageIcon::Critical});
     RunFailed = kFlagSet;
     RedrawProject(windows);
@@ -149,6 +151,7 @@ bool SolveProject(const ProjectWindows& windows) {
     Solved = kFlagSet;
     ShowDuctSheet(windows, 1);
     windows.Solver.SetPressureVisible(true);
+    NoteStep(windows);
     PlayCall();
     ShowMessage({"Plenair Solution Complete", "Plenair", MessageButtons::Ok, MessageIcon::Exclamation});
     return true;

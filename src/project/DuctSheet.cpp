@@ -3,7 +3,10 @@
 #include "flow/Sizing.h"
 #include "platform/text/NumberText.h"
 #include "project/ProjectGrid.h"
+#include "project/ProjectKeeper.h"
+#include "project/model/DuctBits.h"
 
+#include <algorithm>
 #include <string>
 #include <utility>
 
@@ -23,6 +26,12 @@ void LockBoxes(SheetWindow& sheet, float colour) {
         const bool input = TakesInput(colour, row.Box);
         sheet.SetBoxLook(row.Box, solved || !input, solved || input);
     }
+}
+
+// 12.50 and 12.5 are the same value.
+bool IsStored(const DuctRecord& duct, SheetBox box, const std::string& text) {
+    DuctRecord stored = duct;
+    return text == TextOf(duct, box) || (StoreText(stored, box, text) && BitsOf(stored) == BitsOf(duct));
 }
 
 } // namespace
@@ -87,6 +96,15 @@ void StoreBox(const ProjectWindows& windows, SheetBox box) {
     if (windows.Sheet.FollowOnTicked() && !windows.Sheet.IsBoxLocked(box)) {
         FollowOn(number, box);
     }
+    NoteStep(windows);
+}
+
+bool HoldsUnstoredText(const ProjectWindows& windows) {
+    const std::int16_t number = SheetDuct(windows);
+    return windows.Sheet.IsVisible() && IsDuct(number) &&
+           std::any_of(kSheetRows.begin(), kSheetRows.end(), [&](const SheetRow& row) {
+               return !IsStored(Duct(number), row.Box, windows.Sheet.BoxText(row.Box));
+           });
 }
 
 std::int16_t SheetDuct(const ProjectWindows& windows) {

@@ -35,6 +35,10 @@ void ChangeDuctNo(const ProjectWindows& windows);
 // copies nothing.
 void StoreBox(const ProjectWindows& windows, SheetBox box);
 
+// Whether the sheet, seen by the user, holds a text that isn't what is stored, be it a number or not. Never
+// in an empty project, where nothing can be stored.
+bool HoldsUnstoredText(const ProjectWindows& windows);
+
 // Number of the duct that the sheet stands on.
 std::int16_t SheetDuct(const ProjectWindows& windows);
 

@@ -7,6 +7,7 @@
 #include "platform/text/Utf8.h"
 #include "project/DuctSheet.h"
 #include "project/ProjectGrid.h"
+#include "project/ProjectKeeper.h"
 #include "project/model/ProjectBlocks.h"
 
 #include <algorithm>
@@ -82,6 +83,7 @@ bool SaveProject(const ProjectWindows& windows) {
         CommonDialog& dialog = SetUpDialog(windows, kOverwritePrompt, ProjectName);
         ChooseFileToSave(dialog);
         ProjectName = dialog.FileTitle;
+        NoteSaved();
         WriteWholeFile(dialog.FileName, ProjectText());
     } catch (const DialogCancelled&) {
         return false;
@@ -111,10 +113,12 @@ bool LoadProject(const ProjectWindows& windows) {
         return false;
     }
     if (!readToTheEnd) {
+        NoteStep(windows);
         return false;
     }
     Solved = kFlagClear;
     Settings.DefPath = CurrentFolder();
+    NoteStep(windows);
     RedrawProject(windows);
     ShowDuctSheet(windows, SheetDuct(windows));
     if (windows.Solver.SheetTicked()) {

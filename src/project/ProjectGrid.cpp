@@ -2,6 +2,7 @@
 
 #include "platform/desktop/Desktop.h"
 #include "platform/desktop/MessageBox.h"
+#include "project/ProjectKeeper.h"
 
 #include <algorithm>
 #include <charconv>
@@ -83,6 +84,7 @@ void ClickGrid(const ProjectWindows& windows, MouseButton button, float x, float
     HoldPoint(solver, point);
     windows.Sheet.SetScrollMaximum(DuctCount);
     LabelDuct(windows, DuctCount);
+    NoteStep(windows);
 }
 
 bool BeepIfSolved() {
@@ -106,6 +108,7 @@ void RemoveLastDuct(const ProjectWindows& windows) {
     }
     FitDucts();
     RedrawProject(windows);
+    NoteStep(windows);
 }
 
 void ClearGrid(const ProjectWindows& windows) {
@@ -117,10 +120,15 @@ void ClearGrid(const ProjectWindows& windows) {
 }
 
 void EmptyGrid(const ProjectWindows& windows) {
-    SheetWindow& sheet = windows.Sheet;
     windows.Solver.SetPressureVisible(false);
-    sheet.SetDuctNoColour(kNoDuctColour);
     ClearProject();
+    ShowEmptyProject(windows);
+    NoteStep(windows);
+}
+
+void ShowEmptyProject(const ProjectWindows& windows) {
+    SheetWindow& sheet = windows.Sheet;
+    sheet.SetDuctNoColour(kNoDuctColour);
     sheet.SetScrollMaximum(1);
     sheet.SetDuctNoCaption("1");
     for (const SheetRow& row : kSheetRows) {

@@ -37,6 +37,9 @@ void ClearGrid(const ProjectWindows& windows);
 // What ClearGrid does after a Yes.
 void EmptyGrid(const ProjectWindows& windows);
 
+// Brings both windows up to date with a project without a duct.
+void ShowEmptyProject(const ProjectWindows& windows);
+
 // chkParam_Click, when the box has changed.
 void ShowOrHideSheet(const ProjectWindows& windows);
 

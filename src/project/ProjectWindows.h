@@ -30,10 +30,11 @@ class SolverWindow {
     // The colour of the grid lines: the background of the window, as long as that is a light one.
     virtual ColourNumber BackColour() const = 0;
 
-    virtual bool LabelsTicked() const = 0;             // chkLabels
-    virtual bool SheetTicked() const = 0;              // chkParam
-    virtual void SetPressureVisible(bool visible) = 0; // cmdCalcPressure
-    virtual CommonDialog& Dialog() = 0;                // dlgMajor; its CancelError is on
+    virtual bool LabelsTicked() const = 0;      // chkLabels
+    virtual bool SheetTicked() const = 0;       // chkParam
+    virtual bool IsPressureVisible() const = 0; // cmdCalcPressure
+    virtual void SetPressureVisible(bool visible) = 0;
+    virtual CommonDialog& Dialog() = 0; // dlgMajor; its CancelError is on
 };
 
 // Dark green: lblDuctNo while no duct has been chosen.

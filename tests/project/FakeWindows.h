@@ -23,6 +23,7 @@ class FakeSolver : public SolverWindow {
     ColourNumber BackColour() const override { return 15790320; }
     bool LabelsTicked() const override { return labels; }
     bool SheetTicked() const override { return true; }
+    bool IsPressureVisible() const override { return pressureVisible; }
     void SetPressureVisible(bool visible) override { pressureVisible = visible; }
     CommonDialog& Dialog() override { return dialog; }
 

@@ -16,6 +16,7 @@ class LiteArrays : public LiteWindow {
     std::string BasisText(int index) const override { return boxes.at(index); }
     std::string MinorCell(int row, int column) const override { return Cell(row, column); }
     void SetMinorCell(int row, int column, const std::string& text) override { Cell(row, column) = text; }
+    std::string OtherCell(int column) const override { return other.at(At(column)); }
     void SetOtherCell(int column, const std::string& text) override { other.at(At(column)) = text; }
     void LightLamp(int row, Lamp colour) override { lamps.at(At(row)) = colour; }
     std::string InputA() const override { return inputA; }

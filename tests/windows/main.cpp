@@ -49,6 +49,7 @@ int main(int argc, char** argv) {
     // Each test has a folder and a store of its own; between them there is none. No other program is started.
     plenair::SetRegistryFile("");
     plenair::SetProgramFolder("");
+    plenair::SetStateFolder("");
     plenair::Desktop().PlaySound = {};
     plenair::Desktop().StartEditor = {};
     DialogWatch watch;

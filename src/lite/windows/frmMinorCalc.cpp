@@ -3,6 +3,7 @@
 #include "core/Settings.h"
 #include "extras/Misc.h"
 #include "lite/CalculationLog.h"
+#include "lite/CopyResults.h"
 #include "lite/KeyStrokes.h"
 #include "platform/desktop/KeyCodes.h"
 #include "platform/desktop/MessageBox.h"
@@ -50,6 +51,7 @@ frmMinorCalc::frmMinorCalc()
     CreateBases();
     CreateMenus();
     SetTabStops();
+    AddKeys({QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C)}, [this] { CopyResults(*this); });
     connect(this, &Form::CloseRequested, this, &frmMinorCalc::mnuFileExit_Click);
     Form_Load();
 }
@@ -360,6 +362,10 @@ std::string frmMinorCalc::MinorCell(int row, int column) const {
 
 void frmMinorCalc::SetMinorCell(int row, int column, const std::string& text) {
     grdMinorCalc->SetTextMatrix(row, column, text);
+}
+
+std::string frmMinorCalc::OtherCell(int column) const {
+    return grdOtherShapes->TextMatrix(0, column);
 }
 
 void frmMinorCalc::SetOtherCell(int column, const std::string& text) {

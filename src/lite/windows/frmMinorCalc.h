@@ -48,6 +48,7 @@ class frmMinorCalc : public Form, public LiteWindow {
     std::string BasisText(int index) const override;
     std::string MinorCell(int row, int column) const override;
     void SetMinorCell(int row, int column, const std::string& text) override;
+    std::string OtherCell(int column) const override;
     void SetOtherCell(int column, const std::string& text) override;
     void LightLamp(int row, Lamp colour) override;
     std::string InputA() const override { return txtInputA->Text(); }

@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <ctime>
 #include <time.h>
+#include <utility>
 
 namespace plenair {
 
@@ -88,6 +89,18 @@ bool OpenInEditor(const std::string& path) {
 void Beep() {
     if (const auto beep = Desktop().Beep) {
         beep();
+    }
+}
+
+void CopyToClipboard(const ClipboardContent& content) {
+    if (const auto copy = Desktop().Copy) {
+        copy(content);
+    }
+}
+
+void RunLater(int milliseconds, std::function<void()> action) {
+    if (const auto run = Desktop().RunLater) {
+        run(milliseconds, std::move(action));
     }
 }
 

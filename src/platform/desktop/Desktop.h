@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/desktop/Clipboard.h"
 #include "platform/desktop/CommonDialog.h"
 #include "platform/desktop/InputBox.h"
 #include "platform/desktop/MessageBox.h"
@@ -26,8 +27,12 @@ struct DesktopServices {
     std::function<ProgressStep(const ProgressRequest&)> StartProgress;
     std::function<void(const std::string& path, unsigned flags)> PlaySound;
     std::function<bool(const std::string& path)> StartEditor;
+    // The manual is the file at `path`; false if no browser could be started.
+    std::function<bool(const std::string& path, const std::string& anchor)> OpenManual;
+    std::function<void(const ClipboardContent&)> Copy;
     std::function<void()> Beep;
     std::function<void(MousePointer)> ShowPointer;
+    std::function<void(int milliseconds, std::function<void()> action)> RunLater;
     std::function<LocalTime()> Clock; // the system's clock where it is empty
 };
 
@@ -48,6 +53,10 @@ class ScopedDesktop {
 
 // The desktop's warning sound.
 void Beep();
+
+// Runs `action` once, after that time, when the program is waiting for its user, be it in a dialog. Never,
+// where there is no desktop.
+void RunLater(int milliseconds, std::function<void()> action);
 
 // Over all windows of the program.
 void SetMousePointer(MousePointer pointer);

@@ -25,6 +25,11 @@ ProgramPlaces& Places() {
     return s_places;
 }
 
+std::string& StateFolderText() {
+    static std::string s_folder;
+    return s_folder;
+}
+
 bool IsThere(const fs::path& path) {
     std::error_code unknown;
     return fs::exists(path, unknown);
@@ -64,6 +69,14 @@ const std::string& FirstFolderForFiles() {
 std::string DeliveredPath(const std::string& name) {
     const std::string own = ProgramFolder() + "/" + name;
     return IsThere(own) ? own : DeliveryFolder() + "/" + name;
+}
+
+void SetStateFolder(const std::string& folder) {
+    StateFolderText() = folder;
+}
+
+const std::string& StateFolder() {
+    return StateFolderText();
 }
 
 void MakeProgramFolder() {

@@ -31,6 +31,10 @@ std::string DeliveredPath(const std::string& name);
 // Makes the program's folder if it isn't there, for its user alone. Throws FileFailure, which names it.
 void MakeProgramFolder();
 
+// The folder for what must outlive a crash; empty if nothing is to be kept. It need not be there yet.
+void SetStateFolder(const std::string& folder);
+const std::string& StateFolder();
+
 // Whether the user may write into the program's folder, once it is made.
 bool ProgramFolderTakesFiles();
 

@@ -3,6 +3,7 @@
 #include "platform/desktop/Desktop.h"
 #include "platform/files/ProgramFolder.h"
 #include "platform/files/RegistryStore.h"
+#include "platform/qt/Clipboard.h"
 #include "platform/qt/DesktopPrinter.h"
 #include "platform/qt/FileDialogs.h"
 #include "platform/qt/FocusEvents.h"
@@ -18,6 +19,7 @@
 #include <QFileInfo>
 #include <QLocale>
 #include <QStandardPaths>
+#include <QTimer>
 
 namespace plenair {
 
@@ -42,6 +44,12 @@ NumberLocale DesktopNumbers() {
 bool ShowCommonDialog(DialogKind kind, CommonDialog& dialog) {
     const PointerForTheUser pointer;
     return kind == DialogKind::Printer ? ShowPrintDialog(dialog) : ShowFileDialog(kind, dialog);
+}
+
+// The toolkit doesn't know it yet.
+QString StateFolderOfUser() {
+    const QString folder = qEnvironmentVariable("XDG_STATE_HOME");
+    return QDir::isAbsolutePath(folder) ? folder : QDir::homePath() + "/.local/state";
 }
 
 } // namespace
@@ -69,6 +77,7 @@ void ConnectDesktop() {
     ChooseProgramFolder(FromQt(QApplication::applicationDirPath()),
                         place(QStandardPaths::GenericDataLocation) + "/plenair",
                         QFileInfo(ToQt(documents)).isDir() ? documents : FromQt(QDir::homePath()));
+    SetStateFolder(FromQt(StateFolderOfUser()) + "/plenair");
     SetRegistryFile(place(QStandardPaths::GenericConfigLocation) + "/plenair/registry");
     SetNumberLocale(DesktopNumbers());
     SetDateLocale(DatesOf(QLocale()));
@@ -79,8 +88,12 @@ void ConnectDesktop() {
         .StartProgress = StartProgressDialog,
         .PlaySound = [](const std::string& path, unsigned) { PlayByOtherProgram(path); },
         .StartEditor = EditByOtherProgram,
+        .OpenManual = OpenManualByOtherProgram,
+        .Copy = CopyToDesktopClipboard,
         .Beep = [] { QApplication::beep(); },
         .ShowPointer = ShowMousePointer,
+        .RunLater = [](int milliseconds,
+                       std::function<void()> action) { QTimer::singleShot(milliseconds, qApp, action); },
         .Clock = {},
     };
     TakeDesktopFont();

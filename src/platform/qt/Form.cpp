@@ -11,6 +11,7 @@
 #include <QMenuBar>
 #include <QPointer>
 #include <QScreen>
+#include <QShortcut>
 #include <QTimer>
 #include <QWindow>
 
@@ -44,6 +45,13 @@ Form::Form(const QString& name, const QString& caption, Qt::WindowFlags flags)
     setWindowTitle(caption);
     setFont(FormFont());
     m_client->setObjectName("client");
+}
+
+void Form::AddKeys(const QList<QKeySequence>& keys, const std::function<void()>& action) {
+    auto* shortcut = new QShortcut(this);
+    shortcut->setKeys(keys);
+    connect(shortcut, &QShortcut::activated, this, action);
+    m_keys += keys;
 }
 
 QMenuBar* Form::MenuBar() {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QKeySequence>
+#include <QList>
 #include <QWidget>
 
 #include <functional>
@@ -44,6 +46,11 @@ class Form : public QWidget {
     // Puts the frame over the whole screen, and gives the client area what the frame leaves.
     void FillScreen();
 
+    // Any of these keys runs `action` while the window is the active one, whatever has the focus in it. What
+    // a text box would do by such a key is not done.
+    void AddKeys(const QList<QKeySequence>& keys, const std::function<void()>& action);
+    bool HasKey(const QKeySequence& key) const { return m_keys.contains(key); }
+
     // A control of this window gets the focus from one of another window; runs before that control's own.
     std::function<void()> GotFocus;
 
@@ -84,6 +91,7 @@ class Form : public QWidget {
     QSize FrameSize() const;
 
     QWidget* m_client;
+    QList<QKeySequence> m_keys;
     QMenuBar* m_menuBar = nullptr;
     QSize m_clientSize;
     std::optional<Spot> m_firstSpot; // asked for before the window was on the screen

@@ -9,12 +9,16 @@
 #include <QFileInfo>
 #include <QProcess>
 #include <QStandardPaths>
+#include <QUrl>
 
 #include <algorithm>
 
 namespace plenair {
 
 namespace {
+
+constexpr char kPlainText[] = "text/plain";
+constexpr char kWebPages[] = "x-scheme-handler/https";
 
 // False if there is no such program to start.
 bool Prepare(QProcess& process, QStringList command) {
@@ -124,9 +128,9 @@ bool StartEntry(const EntryCommand& command) {
                        QStringList({"x-terminal-emulator", "-e"}) + arguments});
 }
 
-// Starts the first application for plain text that these lists name and that can be started.
-bool StartFromLists(const std::vector<std::string>& lists, const std::string& path) {
-    const std::vector<std::string> names = ApplicationsFor("text/plain", lists);
+// Starts the first application for that type that these lists name and that can be started.
+bool StartFromLists(const char* type, const std::vector<std::string>& lists, const std::string& path) {
+    const std::vector<std::string> names = ApplicationsFor(type, lists);
     return std::any_of(names.begin(), names.end(), [&](const std::string& name) {
         const QString entry = QStandardPaths::locate(QStandardPaths::ApplicationsLocation, ToQt(name));
         const auto command = CommandOn(ContentOf(entry), path);
@@ -152,8 +156,23 @@ bool EditByOtherProgram(const std::string& path) {
                                "featherpad", "leafpad", "geany", "gvim", "emacs"}) {
         editors.append({editor, ToQt(path)});
     }
-    return StartFromLists(ListsOfDefaults(), path) || StartFirst(editors) ||
-           StartFromLists(ListsOfInstalled(), path);
+    return StartFromLists(kPlainText, ListsOfDefaults(), path) || StartFirst(editors) ||
+           StartFromLists(kPlainText, ListsOfInstalled(), path);
+}
+
+bool OpenManualByOtherProgram(const std::string& path, const std::string& anchor) {
+    // An application for files would be handed the file without the place in it; a browser takes both.
+    QUrl url = QUrl::fromLocalFile(ToQt(path));
+    url.setFragment(ToQt(anchor));
+    const QString place = url.toString(QUrl::FullyEncoded);
+    QList<QStringList> browsers;
+    for (const char* browser : {"x-www-browser", "firefox", "firefox-esr", "chromium", "google-chrome",
+                                "epiphany", "konqueror", "falkon", "xdg-open"}) {
+        browsers.append({browser, place});
+    }
+    const std::string argument = FromQt(place);
+    return StartFromLists(kWebPages, ListsOfDefaults(), argument) ||
+           StartFromLists(kWebPages, ListsOfInstalled(), argument) || StartFirst(browsers);
 }
 
 } // namespace plenair

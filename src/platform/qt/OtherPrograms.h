@@ -14,4 +14,8 @@ void PlayByOtherProgram(const std::string& path);
 // in any application that takes plain text. False if there is none.
 bool EditByOtherProgram(const std::string& path);
 
+// Shows the file of the manual from the place on that `anchor` names, in the user's default browser, else in
+// one of the common ones. False if there is neither.
+bool OpenManualByOtherProgram(const std::string& path, const std::string& anchor);
+
 } // namespace plenair

@@ -1,6 +1,7 @@
 #include "platform/qt/TextBox.h"
 
 #include "platform/desktop/KeyCodes.h"
+#include "platform/qt/Form.h"
 #include "platform/qt/TextFit.h"
 #include "platform/qt/Twips.h"
 
@@ -108,7 +109,15 @@ bool TextBox::IsTextTooWide() const {
     return fontMetrics().horizontalAdvance(text()) > TextArea().width();
 }
 
+bool TextBox::IsKeyOfWindow(const QKeyEvent& event) const {
+    const auto* form = qobject_cast<const Form*>(window());
+    return form != nullptr && form->HasKey(event.keyCombination());
+}
+
 bool TextBox::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride && IsKeyOfWindow(*static_cast<QKeyEvent*>(event))) {
+        return true; // not taken: the window's action runs, and not what the line edit would do
+    }
     if (event->type() == QEvent::ToolTip) {
         QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), IsTextTooWide() ? text() : QString(),
                            this);

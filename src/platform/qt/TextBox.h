@@ -54,6 +54,7 @@ class TextBox : public QLineEdit, public FocusEvents {
     void mouseReleaseEvent(QMouseEvent* event) override;
 
   private:
+    bool IsKeyOfWindow(const QKeyEvent& event) const;
     QRect TextArea() const;
     bool IsTextTooWide() const;
 

@@ -181,6 +181,10 @@ void StartHistory(bool pressureShown) {
     NoteState(pressureShown, 0, Ducts.size());
 }
 
+void EndHistory() {
+    s_history = {};
+}
+
 bool NoteStep(bool pressureShown) {
     const Changes changes = FindChanges();
     const bool isSolved = Solved != kFlagClear;

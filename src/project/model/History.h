@@ -18,6 +18,9 @@ constexpr std::size_t kMostHistory = 48 * 1024 * 1024;
 // next one begins.
 void StartHistory(bool pressureShown = false);
 
+// Forgets everything; StartHistory must come before the next step.
+void EndHistory();
+
 // Makes a step of what has changed since the last one, and forgets what had been undone. False, and no step,
 // where nothing has.
 bool NoteStep(bool pressureShown);

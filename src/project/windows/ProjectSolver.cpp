@@ -1,5 +1,8 @@
 #include "project/windows/ProjectSolver.h"
 
+#include "project/ProjectKeeper.h"
+#include "project/Recovery.h"
+#include "project/model/History.h"
 #include "project/model/ProjectModel.h"
 #include "project/windows/frmMajorCalc.h"
 #include "project/windows/frmMajorParam.h"
@@ -19,17 +22,21 @@ QPointer<frmMajorParam> s_sheet;
 void ShowProjectSolver(const ProjectSolverLinks& links) {
     UnloadProjectSolver();
     StartProject();
+    StartHistory();
     s_sheet = new frmMajorParam;
     s_solver = new frmMajorCalc(*s_sheet);
     s_solver->ShowOptions = links.ShowOptions;
     s_solver->CloseSolver = [closed = links.Closed] {
         s_solver->hide();
         closed();
+        EndKeeping();
         UnloadProjectSolver();
     };
     QObject::connect(s_sheet, &Form::CloseRequested, s_solver, [] { s_solver->UntickSheet(); });
     s_solver->Form_Load([] { s_sheet->Form_Load(*s_solver, s_solver->GridWidth(), s_solver->GridTop()); });
     s_solver->show();
+    StartKeeping();
+    OfferRecovery({*s_solver, *s_sheet});
 }
 
 void UnloadProjectSolver() {
@@ -41,6 +48,8 @@ void UnloadProjectSolver() {
     }
     s_solver = nullptr;
     s_sheet = nullptr;
+    LeaveKept();
+    EndHistory();
 }
 
 } // namespace plenair

@@ -6,10 +6,12 @@
 #include "platform/qt/SurfacePainter.h"
 #include "platform/qt/Twips.h"
 #include "project/CalculateMajorStuff.h"
+#include "project/CopyProject.h"
 #include "project/PressureCalcs.h"
 #include "project/Printout.h"
 #include "project/ProjectFiles.h"
 #include "project/ProjectGrid.h"
+#include "project/windows/SolverKeys.h"
 
 namespace plenair {
 
@@ -33,6 +35,8 @@ frmMajorCalc::frmMajorCalc(SheetWindow& sheet)
     picGrid->MouseDown = [this](Qt::MouseButton button, float x, float y) {
         picGrid_MouseDown(button, x, y);
     };
+    AddSolverKeys(*this, m_windows, "solver");
+    AddKeys(QKeySequence::keyBindings(QKeySequence::Copy), [this] { CopyShown(m_windows); });
     // There is no button for it in the frame, but a desktop has other ways to ask a window to close.
     connect(this, &Form::CloseRequested, this, [this] {
         GiveFocus(cmdClose); // so that what is being typed on the sheet is stored first

@@ -38,6 +38,7 @@ class frmMajorCalc : public Form, public SolverWindow {
     ColourNumber BackColour() const override;
     bool LabelsTicked() const override { return chkLabels->IsOn(); }
     bool SheetTicked() const override { return chkParam->IsOn(); }
+    bool IsPressureVisible() const override { return !cmdCalcPressure->isHidden(); }
     void SetPressureVisible(bool visible) override { cmdCalcPressure->setVisible(visible); }
     CommonDialog& Dialog() override { return dlgMajor; }
 

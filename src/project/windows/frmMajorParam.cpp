@@ -7,6 +7,7 @@
 #include "platform/qt/Twips.h"
 #include "platform/qt/WindowPos.h"
 #include "project/DuctSheet.h"
+#include "project/windows/SolverKeys.h"
 
 #include <QPainter>
 #include <QPainterPath>
@@ -90,6 +91,7 @@ void frmMajorParam::CreateControls() {
 
 void frmMajorParam::Form_Load(SolverWindow& solver, double gridWidth, double gridTop) {
     m_windows = std::make_unique<ProjectWindows>(ProjectWindows{solver, *this});
+    AddSolverKeys(*this, *m_windows, "sheet");
     GotFocus = [this] { Form_GotFocus(); };
     scrDuctNo->Change = [this] { scrDuctNo_Change(); };
     for (const SheetRow& row : kSheetRows) {

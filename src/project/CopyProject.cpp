@@ -1,0 +1,59 @@
+#include "project/CopyProject.h"
+
+#include "platform/desktop/Clipboard.h"
+#include "platform/text/NumberText.h"
+#include "project/model/DuctPath.h"
+
+namespace plenair {
+
+namespace {
+
+std::string KindOf(float colour) {
+    const std::string letter = TypeLetter(colour);
+    return letter == "R" ? "Rigid" : letter == "F" ? "Flexible" : letter == "C" ? "Connection" : "";
+}
+
+} // namespace
+
+TableRows DuctTable() {
+    TableRows table{{"Duct", "Kind"}};
+    for (const SheetRow& row : kSheetRows) {
+        table[0].emplace_back(row.Caption.substr(1)); // on the sheet it begins with a blank
+    }
+    for (int number = 1; number <= DuctCount; ++number) {
+        const DuctRecord& duct = Duct(number);
+        std::vector<std::string> line{DuctLabel(static_cast<std::int16_t>(number)), KindOf(duct.Colour)};
+        for (const SheetRow& row : kSheetRows) {
+            line.push_back(TextOf(duct, row.Box));
+        }
+        table.push_back(std::move(line));
+    }
+    return table;
+}
+
+TableRows PathTable() {
+    TableRows table{{"Position", "Label", "Length (mm)", "Pressure Drop (Pa)", "Running Length (mm)",
+                     "Running Pressure (Pa)"}};
+    double length = 0;
+    double pressure = 0;
+    for (int position = 1; position <= PathCount; ++position) {
+        const PathElement& element = PathElements[static_cast<std::size_t>(position)];
+        length += element.Length;
+        pressure += element.PressureDrop;
+        const std::string place = std::to_string(position);
+        const std::string letter = TypeLetter(element.Colour);
+        table.push_back({place, letter.empty() ? "" : letter + place, ShortestText(element.Length),
+                         ShortestText(element.PressureDrop), ShortestText(length), ShortestText(pressure)});
+    }
+    return table;
+}
+
+void CopyShown(const ProjectWindows& windows) {
+    if (DuctCount < 1) {
+        return;
+    }
+    const TableRows table = PlotShowing != kFlagClear ? PathTable() : DuctTable();
+    CopyToClipboard({TabSeparated(table), HtmlTable(table), &windows.Solver.PicGrid()});
+}
+
+} // namespace plenair

@@ -1,0 +1,68 @@
+#include "project/Recovery.h"
+
+#include "core/Settings.h"
+#include "platform/desktop/MessageBox.h"
+#include "platform/files/OwnedFile.h"
+#include "platform/files/ProgramFolder.h"
+#include "project/ProjectKeeper.h"
+#include "project/UndoRedo.h"
+#include "project/model/History.h"
+
+#include <filesystem>
+
+namespace plenair {
+
+namespace {
+
+constexpr std::size_t kLargestFile = 16'777'216;
+
+// Whether the user wants this project back.
+bool WantsRestored() {
+    return ShowMessage({"Plenair was not closed properly. Restore the project it held?", kSolverTitle,
+                        MessageButtons::YesNo, MessageIcon::Question}) == MessageAnswer::Yes;
+}
+
+void Restore(const ProjectWindows& windows, const KeptProject& kept) {
+    TakeState(kept.State);
+    StartHistory(kept.State.PressureShown);
+    std::error_code unknown;
+    if (std::filesystem::is_directory(kept.Folder, unknown)) {
+        Settings.DefPath = kept.Folder;
+    }
+    ShowProject(windows, 1, kept.State.PressureShown);
+}
+
+// Gives whether the project of this file has become the project.
+bool OfferToRestore(const ProjectWindows& windows, LeftFile& file) {
+    KeptProject kept;
+    try {
+        kept = ReadKept(file.Read(kLargestFile));
+    } catch (const FileFailure& failure) {
+        file.Remove();
+        ShowMessage({"Plenair was not closed properly, and the project it held can't be restored.\n\n" +
+                         file.Path() + ": " + failure.what(),
+                     kSolverTitle, MessageButtons::Ok, MessageIcon::Exclamation});
+        return false;
+    }
+    if (!WantsRestored()) {
+        file.Remove();
+        return false;
+    }
+    Restore(windows, kept);
+    return true;
+}
+
+} // namespace
+
+void OfferRecovery(const ProjectWindows& windows) {
+    for (LeftFile& file : FilesLeftBehind(StateFolder(), kRecoveryEnding)) {
+        if (OfferToRestore(windows, file)) {
+            if (KeepAtOnce()) { // at no moment the project is in no file
+                file.Remove();
+            }
+            return;
+        }
+    }
+}
+
+} // namespace plenair

@@ -1,0 +1,60 @@
+# Undo, the project after a crash, and the tables on the clipboard.
+# shellcheck shell=bash disable=SC2154
+
+. "$tour_folder/solver-steps.sh"
+
+# PastedHas TYPE TEXT: the clipboard has that text in that form, as another program gets it.
+PastedHas() {
+    xclip -selection clipboard -out -target "$1" 2>/dev/null | grep -qF "$2"
+}
+
+ExpectPasted() {
+    WaitUntil PastedHas "$1" "$2" || Fail "The clipboard has no \"$2\" as $1."
+}
+
+# ShowPasted NAME "what it shows": the plain text on the clipboard, in an editor that was given it.
+ShowPasted() {
+    xclip -selection clipboard -out -target UTF8_STRING >"$work/pasted.txt"
+    convert -background white -fill black -font Liberation-Sans -pointsize 12 -bordercolor white -border 8 \
+        "label:@$work/pasted.txt" -define png:exclude-chunks=date,time "$work/pasted.png"
+}
+
+RecoveryFileIsThere() {
+    compgen -G "$work/home/.local/state/plenair/*.recovery" >/dev/null
+}
+
+StartReady
+cp docs/sample/plant-room.gsp "$work/home/"
+OpenSolver
+Press 525 400
+ChooseFile Open "$work/home/plant-room.gsp"
+TurnTo Plenair
+Press 5775 400
+WaitFor "Duct Parameters"
+ClickTwips 2050 600 800 285 # Flow of R1, with Follow On ticked
+SheetDuct 9
+ParkMouse
+Picture --document overwritten "a look through the ducts with the cursor in Flow of R1: all have its flow now"
+Key ctrl+z
+ParkMouse
+Picture --document undone "Ctrl+Z: each has its own flow again, and the sheet stands on the first of them"
+
+WaitUntil RecoveryFileIsThere || Fail "The project was not kept."
+sleep 1.2 # it is kept once a second
+kill -KILL "$program_pid"
+wait "$program_pid" 2>/dev/null || true
+StartProgram
+WaitFor "Plenair Lite"
+Key alt+f
+Key p
+WaitFor "Project Solver"
+Picture --document restore-question "after a crash: the solver has kept the project"
+Key alt+y
+WaitFor Plenair
+ParkMouse
+Picture restored "and Yes brings it back"
+ExpectColour 0000ff
+
+Key ctrl+c
+ExpectPasted text/html "Rigid"
+ExpectPasted image/svg+xml "<svg"
