@@ -7,6 +7,7 @@
 #include "platform/desktop/Desktop.h"
 #include "platform/desktop/Editor.h"
 #include "platform/desktop/MessageBox.h"
+#include "platform/desktop/Progress.h"
 #include "platform/files/Folders.h"
 #include "platform/files/WholeFiles.h"
 #include "platform/text/DateText.h"
@@ -106,7 +107,9 @@ void RecordLog(LiteWindow& window) {
         return;
     }
     try {
-        RewriteFile(dialog.FileName, LogText());
+        RewriteFile(dialog.FileName, LogText(), ShowFileProgress("Saving " + dialog.FileTitle, "Record Log"));
+    } catch (const DialogCancelled&) {
+        return;
     } catch (const FileFailure&) {
         // The menu entry, still enabled, shows that nothing was saved.
         return;

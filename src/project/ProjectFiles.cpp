@@ -2,6 +2,7 @@
 
 #include "core/Settings.h"
 #include "platform/desktop/MessageBox.h"
+#include "platform/desktop/Progress.h"
 #include "platform/files/Folders.h"
 #include "platform/files/WholeFiles.h"
 #include "platform/text/Utf8.h"
@@ -67,9 +68,10 @@ bool ReadChosenFile(const ProjectWindows& windows) {
         CommonDialog& dialog = SetUpDialog(windows, kPathMustExist, "");
         dialog.ShowOpen();
         ProjectName = dialog.FileTitle;
-        ReadProjectText(dialog.FileName);
+        ReadProjectText(dialog.FileName, ShowFileProgress("Opening " + ProjectName, "Load Project"));
         return true;
     } catch (const DialogCancelled&) {
+        StartReading(); // without what has been read so far
         return false;
     } catch (const FileFailure&) {
         return false;
@@ -84,7 +86,7 @@ bool SaveProject(const ProjectWindows& windows) {
         ChooseFileToSave(dialog);
         ProjectName = dialog.FileTitle;
         NoteSaved();
-        WriteWholeFile(dialog.FileName, ProjectText());
+        WriteWholeFile(dialog.FileName, ProjectText(), ShowFileProgress("Saving " + ProjectName, "Save"));
     } catch (const DialogCancelled&) {
         return false;
     } catch (const FileFailure&) {
@@ -133,7 +135,9 @@ void WriteSolutionReport() {
     MessageAnswer answer = MessageAnswer::Retry;
     while (answer == MessageAnswer::Retry) {
         try {
-            WriteWholeFile(path, text);
+            WriteWholeFile(path, text, ShowFileProgress("Writing the solution report", "Solve"));
+            return;
+        } catch (const DialogCancelled&) {
             return;
         } catch (const FileFailure& failure) {
             answer = ShowMessage({std::string("The solution report can't be written.\n") + failure.what(),

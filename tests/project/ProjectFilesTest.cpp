@@ -221,6 +221,47 @@ TEST_F(ProjectFilesTest, MoreBlocksThanDucts) {
     }
 }
 
+TEST_F(ProjectFilesTest, LongWorkCanBeCancelled) {
+    int cancelAt = 0;
+    std::string shown;
+    Desktop().StartProgress = [&](const ProgressRequest& request) {
+        shown = request.Text + " of " + std::to_string(request.Steps) + " kB";
+        return [&](int done) { return done <= cancelAt; };
+    };
+    DuctCount = 2000;
+    FitDucts();
+    const std::string text = ProjectText();
+    WriteFile(File("plant.gsp"), text);
+    const std::string kilobytes = " of " + std::to_string(text.size() / 1024) + " kB";
+    for (const int at : {-1, 8, 1000}) { // at once, when a part is read, not at all
+        SCOPED_TRACE(at);
+        cancelAt = at;
+        ProjectName = "before.gsp";
+        RedrawProject(windows);
+        desktop.ExpectMessage(MessageAnswer::Yes);
+        desktop.ExpectFile(File("plant.gsp"));
+        EXPECT_EQ(LoadProject(windows), at == 1000);
+        EXPECT_EQ(shown, "Opening plant.gsp" + kilobytes);
+        EXPECT_EQ(DuctCount, at == 1000 ? 2000 : 0);
+        EXPECT_EQ(ProjectName, at == 1000 ? "plant.gsp" : "");
+        EXPECT_EQ(solver.picGrid.Items().size() > GridLines, at == 1000);
+        DuctCount = 2000;
+        FitDucts();
+    }
+    Duct(1).Flow = 1;
+    for (const int at : {-1, 8, 1000}) {
+        SCOPED_TRACE(at);
+        cancelAt = at;
+        desktop.ExpectFile(File("plant.gsp"));
+        if (at == 1000) {
+            desktop.ExpectMessage(MessageAnswer::Ok);
+        }
+        EXPECT_EQ(SaveProject(windows), at == 1000);
+        EXPECT_EQ(shown, "Saving plant.gsp" + kilobytes);
+        EXPECT_EQ(ReadFile(File("plant.gsp")), at == 1000 ? ProjectText() : text);
+    }
+}
+
 // A file that the next solution's report would replace is saved only after a question.
 TEST_F(ProjectFilesTest, ProjectsThatAreTheirOwnReport) {
     std::filesystem::create_symlink("plant.Gus", File("link.gsp"));

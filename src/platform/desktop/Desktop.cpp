@@ -5,8 +5,10 @@
 #include "platform/desktop/Sound.h"
 
 #include <chrono>
+#include <cstdint>
 #include <cstdio>
 #include <ctime>
+#include <memory>
 #include <time.h>
 #include <utility>
 
@@ -73,6 +75,18 @@ Progress::Progress(const ProgressRequest& request) {
     if (const auto start = Desktop().StartProgress) {
         m_step = start(request);
     }
+}
+
+FileProgress ShowFileProgress(const std::string& text, const std::string& title) {
+    constexpr std::uint64_t kStep = 1024; // bytes, so that an int can count them
+    return [text, title, shown = std::shared_ptr<Progress>()](std::uint64_t done, std::uint64_t all) mutable {
+        if (!shown) {
+            shown = std::make_shared<Progress>(ProgressRequest{text, title, static_cast<int>(all / kStep)});
+        }
+        if (!shown->GoOn(static_cast<int>(done / kStep))) {
+            throw DialogCancelled();
+        }
+    };
 }
 
 void PlaySoundA(const std::string& name, unsigned flags) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/files/FileProgress.h"
+
 #include <functional>
 #include <string>
 
@@ -26,5 +28,9 @@ class Progress {
   private:
     ProgressStep m_step; // the dialog lives as long as this
 };
+
+// The same for a file. What this gives throws DialogCancelled once the user wants the work to stop; the work
+// ends with it.
+FileProgress ShowFileProgress(const std::string& text, const std::string& title);
 
 } // namespace plenair

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/files/FileProgress.h"
+
 #include <string>
 #include <string_view>
 #include <utility>
@@ -38,7 +40,10 @@ class Descriptor {
     int m_number;
 };
 
-// Writes all of `content`. Throws a FileFailure that names `path`.
-void WriteAll(const Descriptor& file, const std::string& path, std::string_view content);
+// Writes all of `content`, a large one in pieces that are on their way to the disk before the next is
+// written: else a slow disk would only be felt at the end, all at once. Throws a FileFailure that names
+// `path`.
+void WriteAll(const Descriptor& file, const std::string& path, std::string_view content,
+              const FileProgress& progress = {});
 
 } // namespace plenair

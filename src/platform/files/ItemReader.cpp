@@ -5,6 +5,7 @@
 #include <array>
 #include <cerrno>
 #include <cstddef>
+#include <utility>
 
 #include <fcntl.h>
 
@@ -25,7 +26,7 @@ bool EndsLine(int byte) {
 } // namespace
 
 struct ItemReader::State {
-    State(const std::string& name, Quotes innerQuotes);
+    State(const std::string& name, Quotes innerQuotes, FileProgress told);
 
     static constexpr int kEnd = -1;
 
@@ -43,6 +44,10 @@ struct ItemReader::State {
     const Quotes Inner;
 
   private:
+    void TellProgress() const;
+
+    const FileProgress m_progress;
+    std::uint64_t m_size = 0; // of the file when it was opened
     Descriptor m_file;
     std::array<char, 8192> m_buffer;
     std::size_t m_next = 0;
@@ -51,13 +56,22 @@ struct ItemReader::State {
 };
 
 // Without O_NONBLOCK the opening of a pipe that nobody writes to would never return.
-ItemReader::State::State(const std::string& name, Quotes innerQuotes)
-    : Path(name), Inner(innerQuotes), m_file(::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {
+ItemReader::State::State(const std::string& name, Quotes innerQuotes, FileProgress told)
+    : Path(name), Inner(innerQuotes), m_progress(std::move(told)),
+      m_file(::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {
     struct stat status {};
     if (!m_file.IsOpen() || ::fstat(m_file.Number(), &status) != 0) {
         Fail(Path, errno);
     }
     RequireRegularFile(Path, status);
+    m_size = static_cast<std::uint64_t>(status.st_size);
+    TellProgress();
+}
+
+void ItemReader::State::TellProgress() const {
+    if (m_progress) {
+        m_progress(m_readSoFar, m_size);
+    }
 }
 
 int ItemReader::State::Peek() {
@@ -72,6 +86,7 @@ int ItemReader::State::Peek() {
         m_next = 0;
         m_filled = static_cast<std::size_t>(count);
         m_readSoFar += m_filled;
+        TellProgress();
     }
     return m_next < m_filled ? static_cast<unsigned char>(m_buffer[m_next]) : kEnd;
 }
@@ -118,8 +133,8 @@ void ItemReader::State::Append(std::string& item) {
     Skip();
 }
 
-ItemReader::ItemReader(const std::string& path, Quotes quotes)
-    : m_state(std::make_unique<State>(path, quotes)) {}
+ItemReader::ItemReader(const std::string& path, Quotes quotes, FileProgress progress)
+    : m_state(std::make_unique<State>(path, quotes, std::move(progress))) {}
 
 ItemReader::~ItemReader() = default;
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/files/FileFailure.h"
+#include "platform/files/FileProgress.h"
 
 #include <cstdint>
 #include <memory>
@@ -21,7 +22,7 @@ class ItemReader {
   public:
     // Opens `path`; throws FileFailure if that fails or if it is no regular file (a pipe could keep the
     // program waiting).
-    explicit ItemReader(const std::string& path, Quotes quotes = Quotes::Closes);
+    explicit ItemReader(const std::string& path, Quotes quotes = Quotes::Closes, FileProgress progress = {});
     ~ItemReader();
     ItemReader(const ItemReader&) = delete;
     ItemReader& operator=(const ItemReader&) = delete;

@@ -179,8 +179,8 @@ void ReplacementFile::KeepRights(const struct stat& older) {
     }
 }
 
-void ReplacementFile::Write(std::string_view content) {
-    WriteAll(m_file, m_path, content);
+void ReplacementFile::Write(std::string_view content, const FileProgress& progress) {
+    WriteAll(m_file, m_path, content, progress);
 }
 
 void ReplacementFile::TakeName() {

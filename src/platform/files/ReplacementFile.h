@@ -2,6 +2,7 @@
 
 #include "platform/files/Descriptor.h"
 #include "platform/files/FileFailure.h"
+#include "platform/files/FileProgress.h"
 
 #include <filesystem>
 #include <string>
@@ -23,7 +24,7 @@ class ReplacementFile {
     const std::filesystem::path& Place() const { return m_passing.Place; }
 
     // Throws FileFailure.
-    void Write(std::string_view content);
+    void Write(std::string_view content, const FileProgress& progress = {});
 
     // Puts everything on the disk, then takes the name. Throws FileFailure.
     void TakeName();

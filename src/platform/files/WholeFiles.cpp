@@ -9,13 +9,13 @@
 
 namespace plenair {
 
-void WriteWholeFile(const std::string& path, std::string_view content) {
+void WriteWholeFile(const std::string& path, std::string_view content, const FileProgress& progress) {
     ReplacementFile file(path);
-    file.Write(content);
+    file.Write(content, progress);
     file.TakeName();
 }
 
-void RewriteFile(const std::string& path, std::string_view content) {
+void RewriteFile(const std::string& path, std::string_view content, const FileProgress& progress) {
     // Without O_NONBLOCK the opening of a pipe that nobody reads would never return.
     Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK, 0666));
     struct stat status {};
@@ -23,7 +23,7 @@ void RewriteFile(const std::string& path, std::string_view content) {
         Fail(path, errno);
     }
     RequireRegularFile(path, status);
-    WriteAll(file, path, content);
+    WriteAll(file, path, content, progress);
     if (::fsync(file.Number()) != 0 || !file.Close()) {
         Fail(path, errno);
     }

@@ -111,8 +111,8 @@ std::string ProjectText() {
     return text;
 }
 
-void ReadProjectText(const std::string& path) {
-    ItemReader reader(path);
+void ReadProjectText(const std::string& path, const FileProgress& progress) {
+    ItemReader reader(path, Quotes::Closes, progress);
     std::string item = reader.ReadText();
     std::uint64_t endOfBlock = 0;
     while (!reader.AtEnd() && reader.Position() - endOfBlock <= kFarthestMarker) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/files/FileProgress.h"
+
 #include <string>
 
 // The text of project files and solution reports: one block of 15 lines per element of Ducts, from element 0.
@@ -16,6 +18,6 @@ std::string ProjectText();
 // Throws FileFailure where the file can't be opened or read, ends within a block, holds a number too large
 // for its field or more blocks than there can be elements. Then what was read up to there stays, and
 // DuctCount stands at the element that was being read.
-void ReadProjectText(const std::string& path);
+void ReadProjectText(const std::string& path, const FileProgress& progress = {});
 
 } // namespace plenair
