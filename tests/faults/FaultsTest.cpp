@@ -93,7 +93,7 @@ std::vector<Operation> FaultsTest::Operations() {
              LoadSettings();
              return m_told.empty();
          },
-         [this](const std::string& content) { return content.starts_with("\"" + ProgramFolder()); }},
+         [](const std::string& content) { return content.starts_with("\"" + ProgramFolder()); }},
         // It is whole with its first value alone, or with both.
         {"registry", "registry", registry, Failure::IsSilent, [=] { return store("second"); }},
     };

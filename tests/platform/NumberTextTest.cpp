@@ -61,6 +61,7 @@ TEST_F(NumberText, ReadsWhatStandsForANumber) {
     SetNumberLocale(German); // files know no locale
     EXPECT_EQ(NumberFromText("3.5", Mark::Point), 3.5);
     EXPECT_EQ(NumberFromText("3,5", Mark::Point), None);
+    EXPECT_EQ(NumberFromText("\u00A03.5", Mark::Point), None);
     EXPECT_EQ(NumberFromText("1.234.567", Mark::Point), None);
 }
 

@@ -28,10 +28,11 @@ struct ActiveLocale {
     NumberLocale Locale;
     std::vector<std::string> GroupMarks;
     std::vector<std::string> DecimalMarks;
+    std::vector<std::string> Blanks; // around the number
 };
 
 ActiveLocale MakeActive(const NumberLocale& locale) {
-    ActiveLocale active{locale, {}, {locale.DecimalMark}};
+    ActiveLocale active{locale, {}, {locale.DecimalMark}, {" ", "\t", "\u00A0"}};
     const auto isAscii = [](char character) { return static_cast<unsigned char>(character) < 0x80; };
     if (!std::all_of(locale.DecimalMark.begin(), locale.DecimalMark.end(), isAscii)) {
         active.DecimalMarks.emplace_back("."); // what the user's keyboard may have in its place
@@ -53,7 +54,7 @@ ActiveLocale& Active() {
 }
 
 const ActiveLocale& LocaleOf(Mark mark) {
-    static const ActiveLocale kPoint = MakeActive({.DecimalMark = ".", .GroupMark = ""});
+    static const ActiveLocale kPoint{{.DecimalMark = ".", .GroupMark = ""}, {}, {"."}, {" ", "\t"}};
     return mark == Mark::Point ? kPoint : Active();
 }
 
@@ -99,24 +100,22 @@ bool TakeWholePart(std::string_view& text, const ActiveLocale& how, std::string&
     return !grouped || length == firstGroup;
 }
 
-std::string_view WithoutBlanksAround(std::string_view text) {
-    constexpr std::array<std::string_view, 3> kBlanks{" ", "\t", "\u00A0"};
-    const auto takeFront = [&](std::string_view blank) { return Take(text, blank); };
-    const auto takeBack = [&](std::string_view blank) {
+std::string_view WithoutBlanksAround(std::string_view text, const std::vector<std::string>& blanks) {
+    const auto takeBack = [&](const std::string& blank) {
         const bool found = text.ends_with(blank);
         text.remove_suffix(found ? blank.size() : 0);
         return found;
     };
-    while (std::any_of(kBlanks.begin(), kBlanks.end(), takeFront)) {
+    while (TakeOneOf(text, blanks)) {
     }
-    while (std::any_of(kBlanks.begin(), kBlanks.end(), takeBack)) {
+    while (std::any_of(blanks.begin(), blanks.end(), takeBack)) {
     }
     return text;
 }
 
 // Puts the number into `plain` in the form -12.5e-3 that from_chars reads; false if it is no number.
 bool MakePlain(std::string_view text, const ActiveLocale& how, std::string& plain) {
-    text = WithoutBlanksAround(text);
+    text = WithoutBlanksAround(text, how.Blanks);
     if (Take(text, "-")) {
         plain.push_back('-');
     } else {

@@ -24,13 +24,12 @@ const NumberLocale& CurrentNumberLocale();
 
 enum class Mark { Locale, Point };
 
-// The number that `text` stands for, or nothing if it isn't one. Blanks around it (spaces, tabs, no-break
-// spaces) are ignored, a sign and an exponent (8E-01) are allowed, the digits on one side of the decimal mark
-// may be missing. With Mark::Locale the locale's group marks are accepted in their right places; any blank
-// does for a group mark that is a blank, either apostrophe for one that is an apostrophe, and a point for a
-// decimal mark that is no ASCII character.
-// Not numbers: empty text, "inf", "nan", hexadecimal, anything too large for the format. A number too small
-// for the format is 0. Never -0.
+// The number that `text` stands for, or nothing if it isn't one. Blanks around it (spaces, tabs; no-break
+// spaces too with Mark::Locale) are ignored, a sign and an exponent (8E-01) are allowed, the digits on one
+// side of the decimal mark may be missing. With Mark::Locale the locale's group marks are accepted in their
+// right places; any blank does for a group mark that is a blank, either apostrophe for one that is an
+// apostrophe, and a point for a decimal mark that is no ASCII character. Not numbers: empty text, "inf",
+// "nan", hexadecimal, anything too large for the format. A number too small for the format is 0. Never -0.
 std::optional<double> NumberFromText(std::string_view text, Mark mark = Mark::Locale);
 
 // The same, converted straight to 32 bits, with one rounding.

@@ -1,0 +1,27 @@
+#include "fuzz/Fuzz.h"
+#include "platform/desktop/DesktopEntry.h"
+
+#include <set>
+
+// Desktop entries, and the lists of applications.
+namespace plenair {
+
+void Run(std::string_view input) {
+    const std::string path = "/logs/my $log; \"1\" %f\n.pnl";
+    if (const auto command = CommandOn(input, path)) {
+        REQUIRE(!command->Arguments.empty() && !command->Arguments.front().empty());
+        bool isThere = false;
+        for (const std::string& argument : command->Arguments) {
+            isThere = isThere || argument.find(path) != argument.npos;
+        }
+        REQUIRE(isThere);
+    }
+    const std::size_t middle = input.size() / 2;
+    std::set<std::string> names;
+    for (const std::string& name : ApplicationsFor(
+             "text/plain", {std::string(input.substr(0, middle)), std::string(input.substr(middle))})) {
+        REQUIRE(!name.empty() && name.find_first_of(";\n") == name.npos && names.insert(name).second);
+    }
+}
+
+} // namespace plenair
