@@ -167,13 +167,18 @@ int close(int file) {
     return fails ? -1 : result;
 }
 
-int dup(int file) {
-    static int (*s_next)(int) = nullptr;
-    const int second = Fails(file) ? -1 : Next(s_next, "dup")(file);
-    if (second >= 0) {
-        *FileOf(second) = {FileOf(file)->isOurs, false};
+int fcntl(int file, int command, ...) {
+    static int (*s_next)(int, int, ...) = nullptr;
+    va_list rest;
+    va_start(rest, command);
+    void* const argument = va_arg(rest, void*);
+    va_end(rest);
+    const bool isCopy = command == F_DUPFD_CLOEXEC && Concerns(file);
+    const int result = isCopy && Fails(file) ? -1 : Next(s_next, "fcntl")(file, command, argument);
+    if (isCopy && result >= 0) {
+        *FileOf(result) = {true, false};
     }
-    return second;
+    return result;
 }
 
 ssize_t read(int file, void* bytes, size_t count) {

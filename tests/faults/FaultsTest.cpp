@@ -6,6 +6,8 @@
 #include "platform/files/FileFailure.h"
 #include "platform/files/Folders.h"
 #include "platform/files/ProgramFolder.h"
+#include "project/ProjectKeeper.h"
+#include "project/model/History.h"
 
 #include <cerrno>
 
@@ -53,6 +55,13 @@ std::vector<Operation> FaultsTest::Operations() {
     SetRegistryFile(Path("registry"));
     store("first");
     const std::string registry = ReadFile(Path("registry"));
+    SetStateFolder(Folder());
+    NewProject(1);
+    StartHistory();
+    StartKeeping();
+    EXPECT_TRUE(KeepAtOnce());
+    const std::string kept = *Names().begin(); // a name of digits
+    const std::string recovery = ReadFile(Path(kept));
     return {
         {"save", "plant.gsp", older, Failure::IsSilent, [this] { return Save(); }},
         {"first save", "plant.gsp", std::nullopt, Failure::IsSilent, [this] { return Save(); }},
@@ -94,6 +103,12 @@ std::vector<Operation> FaultsTest::Operations() {
              return m_told.empty();
          },
          [](const std::string& content) { return content.starts_with("\"" + ProgramFolder()); }},
+        {"recovery", kept, recovery, Failure::IsSilent,
+         [this] {
+             NewProject(2);
+             StartHistory();
+             return KeepAtOnce();
+         }},
         // It is whole with its first value alone, or with both.
         {"registry", "registry", registry, Failure::IsSilent, [=] { return store("second"); }},
     };
@@ -179,6 +194,8 @@ TEST_F(FaultsTest, AnyCallMayFail) {
             Kill(operation, fault);
         }
     }
+    LeaveKept();
+    SetStateFolder("");
 }
 
 } // namespace

@@ -3,7 +3,10 @@
 #include "project/ProjectFiles.h"
 #include "project/model/ProjectBlocks.h"
 
+#include <ctime>
 #include <filesystem>
+
+#include <sys/resource.h>
 
 namespace plenair {
 
@@ -291,6 +294,37 @@ TEST_F(ProjectFilesTest, ProjectsThatAreTheirOwnReport) {
         desktop.ExpectMessage(MessageAnswer::Ok); // saved
         EXPECT_TRUE(SaveProject(windows));
         EXPECT_EQ(RunFailed, kFlagClear);
+    }
+}
+
+// Processor time, which a busy machine doesn't lengthen.
+TEST_F(ProjectFilesTest, TenMegabytesOfAnythingLoadInASecond) {
+#ifdef NDEBUG
+    constexpr double kSeconds = 1;
+#else
+    constexpr double kSeconds = 10;
+#endif
+    const auto peak = [] {
+        rusage usage{};
+        getrusage(RUSAGE_SELF, &usage);
+        return usage.ru_maxrss; // KiB
+    };
+    for (const std::string& piece :
+         {Block(1, kOne), "\xA4" + std::string(15, ','), Block(0, "1 2 3"), std::string("\xA4\r\n"),
+          std::string("\""), std::string(","), std::string(" "), std::string(60'000, '1') + ",",
+          std::string("\0\n", 2)}) {
+        std::string text;
+        while (text.size() < 10'000'000) {
+            text += piece;
+        }
+        StartProject();
+        WriteFile(File("large.gsp"), text);
+        const auto memory = peak();
+        const std::clock_t start = std::clock();
+        Load("large.gsp");
+        EXPECT_LT(static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC, kSeconds)
+            << piece.substr(0, 100);
+        EXPECT_LT(peak() - memory, 100'000) << piece.substr(0, 100);
     }
 }
 

@@ -187,7 +187,7 @@ void ReplacementFile::TakeName() {
     Require(::fsync(m_file.Number()) == 0);
     // Some systems tell only at a close that something couldn't be kept. The file itself stays open, and with
     // it the lock.
-    Descriptor second(::dup(m_file.Number()));
+    Descriptor second(::fcntl(m_file.Number(), F_DUPFD_CLOEXEC, 0));
     Require(second.IsOpen() && second.Close());
     Require(::rename(m_passing.Place.c_str(), m_target.c_str()) == 0);
     m_passing.Place.clear();
