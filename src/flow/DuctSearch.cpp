@@ -17,18 +17,20 @@
 // last bit. And the loss only falls with the velocity, and only rises with the working loss: where it is
 // clearly short of passing the test, no step before has passed. So a walk that has not ended after its first
 // steps looks for the last step that is clearly short, by halving, and goes to some steps before that. From
-// there it walks twice, from a factor below the settled one and from one above it, between which the plain
-// walk lies. Once the two have the same bits the plain walk has them too, and a few steps more leave no
-// doubt. From there on each step is tested as ever. Where the two have not met, where there is nothing to
-// save, and where a factor, a roughness, a flow or a width is far from practice, the plain walk decides.
+// there it walks twice, from a factor just below any that the plain walk can have there and from one just
+// above. As long as the two take as many passes each time, the plain walk does too and lies between them;
+// once they have the same bits it has these bits, and a few steps more leave no doubt. From there on each
+// step is tested as ever. Where the passes differ it starts farther back. Where there is nothing to save, and
+// where a factor, a roughness, a flow or a width is far from practice, the plain walk decides.
 namespace plenair {
 
 namespace {
 
 constexpr int kMostSteps = 500000;
 constexpr int kDiameterPasses = 10000; // for one working value
-constexpr int kMostPasses = 10000000;  // some seconds at most; a usual step takes two to five
+constexpr int kMostPasses = 5000000;   // some seconds at most; a usual step takes two to five
 constexpr double kStep = 0.01;
+constexpr double kLastChange = 1E-5;    // at most, of a friction factor that has settled
 constexpr double kFarStart = 1E+50;     // of a width, where the height says nothing about it
 constexpr double kLeastWidth = 0.0005;  // m, what still rounds to 1 mm
 constexpr double kCountableWidth = 2E6; // m, about what can be counted in mm
@@ -36,17 +38,15 @@ constexpr double kCountableWidth = 2E6; // m, about what can be counted in mm
 enum class Working { Loss, Velocity };
 
 // Of a leap, in steps: when it is tried, and how many at least it must save. It ends in a run-up, by some
-// steps before whose end the two walks must have met; a step of the working loss settles in more passes. The
-// factors of any two walks differ by less than the slack.
+// steps before whose end the two walks must have met; a step of the working loss settles in more passes.
 constexpr int LeapAfter(Working kind) {
     return kind == Working::Loss ? 20 : 3;
 }
-constexpr int RunUp(Working kind) {
+constexpr int FirstRunUp(Working kind) {
     return kind == Working::Loss ? 6 : 12;
 }
 constexpr int kMetBefore = 2;
 constexpr int kWorthALeap = 8;
-constexpr double kFrictionSlack = 2E-5;
 
 // The search for one duct. D and Friction, the round duct of the last working value, carry over to the next,
 // which is part of the result.
@@ -62,7 +62,8 @@ struct Search {
     double D = 1.0;
     double PreviousD = 0;
     double Friction = 1.0;
-    int Passes = 0; // to settle them, in all
+    int Passes = 0;            // to settle them, in all
+    std::uint64_t Pattern = 0; // of the passes that each friction factor took
 
     double W = 0;            // width on the size step
     double DuctVelocity = 0; // in the round duct
@@ -97,7 +98,9 @@ void Settle(Search& search, double working) {
         } else if (passes == 1) { // the same at each pass
             search.D = DiameterForVelocity(working, search.Q);
         }
-        search.Friction = FrictionFactor(search.Q, search.D, search.Roughness, search.Friction);
+        const SettledFriction settled = SettleFriction(search.Q, search.D, search.Roughness, search.Friction);
+        search.Friction = settled.Factor;
+        search.Pattern = search.Pattern * 1009 + static_cast<std::uint64_t>(settled.Passes);
     } while (!(std::fabs(search.PreviousD - search.D) < 0.0000000001));
     search.DuctVelocity = RoundDuctVelocity(search.Q, search.D);
 }
@@ -105,7 +108,6 @@ void Settle(Search& search, double working) {
 // The width that OtherSide leads to, in m, without its dozens of passes: Newton's method on the same
 // equation, from a `start` near it. Nothing where it lies outside of practice; then OtherSide has to tell.
 std::optional<double> QuickWidth(double height, double diameter, double start) {
-    constexpr double kMostWidth = 5E5; // m; beyond, doubles lie too far apart for OtherSide to settle
     constexpr int kPasses = 12;
     if (!(height > 0.0) || !(diameter > 0.0)) {
         return std::nullopt;
@@ -118,7 +120,7 @@ std::optional<double> QuickWidth(double height, double diameter, double start) {
         const double next = factor * std::pow(width + height, 0.4);
         change = (width - next) / (1.0 - 0.4 * next / (width + height));
         width -= change;
-        if (pass == kPasses || !(width > 0.0) || width > kMostWidth) {
+        if (pass == kPasses || !(width > 0.0) || width > kCountableWidth) {
             return std::nullopt;
         }
     }
@@ -209,7 +211,7 @@ double Shortness(Search& probe, double working) {
             return 0;
         }
         probe.LastWidth = *width;
-        const double slack = 1 + kFrictionSlack / probe.Friction;
+        const double slack = 1 + 2 * kLastChange / probe.Friction;
         if (probe.Kind == Working::Loss) {
             probe.W = OnSizeStep(std::floor(ToMillimetres(*width) + 0.499));
             return Divide(probe.Target, TestedLoss(probe) * slack);
@@ -248,40 +250,55 @@ int StepsClearlyShort(Search probe, double working, int least, int most) {
     return clear;
 }
 
+// The walk after `steps` steps up to the working value `end`, if it is certain: see above. `search` is any
+// walk.
+std::optional<Search> RunUpTo(Search search, double from, int steps) {
+    Settle(search, from - StepOf(search));
+    const int passesBefore = search.Passes;
+    Settle(search, from);
+    // A factor changed by no more than the limit at its last pass; at the rate at which passes close in it is
+    // no farther from the settled one than this. A step mostly settles its factor twice.
+    const double rate = std::sqrt(search.Friction) / 1.15;
+    const bool once = search.Passes - passesBefore == 1;
+    const double farthest = kLastChange * rate / (1 - rate) * (once ? 1 : rate);
+    Search low = search;
+    Search high = search;
+    low.Friction -= 2 * farthest;
+    high.Friction += 2 * farthest;
+    bool met = false;
+    for (int i = 0; i < steps; ++i) {
+        from += StepOf(search);
+        Settle(low, from);
+        if (met) {
+            continue;
+        }
+        Settle(high, from);
+        met = low.Friction == high.Friction && low.D == high.D;
+        if (low.Pattern != high.Pattern || (!met && i == steps - kMetBefore)) {
+            return std::nullopt;
+        }
+    }
+    return low;
+}
+
 // Takes a walk that is about to settle at `working` to a later step, if it is certain how it stands there.
 void Leap(Search& search, double& working, int& steps) {
-    const double step = StepOf(search);
-    const int runUp = RunUp(search.Kind);
     if (Settings.RoundOff <= 0) {
         return; // sizes rounded by a step below 0 go up and down
     }
+    const double step = StepOf(search);
     const double stepsToZero = search.Kind == Working::Velocity ? working / kStep - 1 : kMostSteps;
     const int most = static_cast<int>(std::min<double>(kMostSteps - steps, stepsToZero));
+    int runUp = FirstRunUp(search.Kind);
     const int ahead = StepsClearlyShort(search, working, runUp + kWorthALeap, most);
-    if (ahead == 0) {
-        return;
-    }
-    double there = Stepped(working, step, ahead - runUp - 1);
-    Search low = search;
-    Settle(low, there);
-    Search high = low;
-    low.Friction -= kFrictionSlack;
-    high.Friction += kFrictionSlack;
-    bool met = false;
-    for (int i = 0; i < runUp; ++i) {
-        there += step;
-        Settle(low, there);
-        if (!met) {
-            if (i == runUp - kMetBefore) {
-                return;
-            }
-            Settle(high, there);
-            met = low.Friction == high.Friction && low.D == high.D;
+    for (; ahead >= runUp + kWorthALeap; runUp *= 4) {
+        if (const auto there = RunUpTo(search, Stepped(working, step, ahead - runUp - 1), runUp)) {
+            search = *there;
+            working = Stepped(working, step, ahead);
+            steps += ahead;
+            return;
         }
     }
-    search = low;
-    working = there + step;
-    steps += ahead;
 }
 
 SizedDuct WalkDown(Search search, double& working) {

@@ -29,13 +29,18 @@ double ReynoldsNumber(double velocity, double diameter, double density, double v
 }
 
 double FrictionFactor(double flow, double diameter, double roughness, double start) {
+    return SettleFriction(flow, diameter, roughness, start).Factor;
+}
+
+SettledFriction SettleFriction(double flow, double diameter, double roughness, double start) {
     const double velocity = RoundDuctVelocity(flow, diameter);
     const double reynolds =
         ReynoldsNumber(velocity, diameter, Density(Settings.FluidTemp), Viscosity(Settings.FluidTemp));
     const double rough = Divide(roughness, diameter) / 3.7;
     double friction = start;
     double change = 1.0;
-    for (int pass = 0; change > 0.00001; ++pass) {
+    int pass = 0;
+    for (; change > 0.00001; ++pass) {
         if (pass == kFrictionPasses) {
             throw CalcFailure("the friction factor does not settle");
         }
@@ -45,7 +50,7 @@ double FrictionFactor(double flow, double diameter, double roughness, double sta
         change = std::fabs(friction - next);
         friction = next;
     }
-    return friction;
+    return {friction, pass};
 }
 
 double LossGradient(double friction, double diameter, double velocity, double density) {

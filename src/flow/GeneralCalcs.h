@@ -23,6 +23,13 @@ double ReynoldsNumber(double velocity, double diameter, double density, double v
 // passes without settling (Reynolds numbers around 1).
 double FrictionFactor(double flow, double diameter, double roughness, double start);
 
+// The same, with the number of passes that it took.
+struct SettledFriction {
+    double Factor;
+    int Passes;
+};
+SettledFriction SettleFriction(double flow, double diameter, double roughness, double start);
+
 // Pressure loss in Pa per metre by Darcy-Weisbach, `friction` being the Darcy factor.
 double LossGradient(double friction, double diameter, double velocity, double density);
 

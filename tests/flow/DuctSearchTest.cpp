@@ -121,6 +121,10 @@ TEST_F(DuctSearch, GivesTheBitsOfThePlainSearch) {
         Settings.RoundOff = kSizeSteps[i % 7];
         ExpectTheSame(Practical(kAll[i % 3]));
     }
+    // Two walks from far to either side take the same passes here, and others than the walk between them.
+    Settings.RoundOff = 25;
+    ExpectTheSame({By::Caps, 0.00061041476444591194, 0.0062696376763134425, 72.8311996F, 49.0573158F,
+                   3.8483580946715379E-8});
     EXPECT_EQ(m_failed, 0);
     for (int i = 0; i < 600; ++i) {
         const std::int16_t odd[] = {-25, 7, 32767, 25};
