@@ -29,6 +29,7 @@ namespace {
 constexpr int kMostSteps = 500000;
 constexpr int kDiameterPasses = 10000; // for one working value
 constexpr int kMostPasses = 5000000;   // some seconds at most; a usual step takes two to five
+constexpr int kPassesOfAPulse = 1000;
 constexpr double kStep = 0.01;
 constexpr double kLastChange = 1E-5;    // at most, of a friction factor that has settled
 constexpr double kFarStart = 1E+50;     // of a width, where the height says nothing about it
@@ -56,6 +57,7 @@ struct Search {
     double H;         // m
     double Roughness; // m
     double AirDensity;
+    const SearchPulse* Pulse;
     float Target = 0;  // of the loss, which a search for a loss steps up to
     float LossCap = 0; // what a search for a velocity steps down to
 
@@ -76,8 +78,8 @@ struct Search {
     double LastW = -1;
 };
 
-Search StartSearch(Working kind, double flow, double height, double roughness) {
-    return {kind, flow, height, roughness, Density(Settings.FluidTemp)};
+Search StartSearch(Working kind, double flow, double height, double roughness, const SearchPulse& pulse) {
+    return {kind, flow, height, roughness, Density(Settings.FluidTemp), &pulse};
 }
 
 void CountStep(int& steps) {
@@ -91,6 +93,9 @@ void Settle(Search& search, double working) {
     do {
         if (++passes > kDiameterPasses || ++search.Passes > kMostPasses) {
             throw CalcFailure("the diameter does not settle");
+        }
+        if (search.Passes % kPassesOfAPulse == 0 && *search.Pulse) {
+            (*search.Pulse)();
         }
         search.PreviousD = search.D;
         if (search.Kind == Working::Loss) {
@@ -354,9 +359,10 @@ NoDuct ReasonAt(double working, double flow, double height, float velocityCap) {
 
 } // namespace
 
-SizedDuct SizeForLoss(double flow, double height, float target, double roughness, double& working) {
+SizedDuct SizeForLoss(double flow, double height, float target, double roughness, double& working,
+                      const SearchPulse& pulse) {
     working = static_cast<double>(target);
-    Search search = StartSearch(Working::Loss, flow, height, roughness);
+    Search search = StartSearch(Working::Loss, flow, height, roughness, pulse);
     search.Target = target;
     for (int steps = 0;;) {
         Settle(search, working);
@@ -378,9 +384,10 @@ SizedDuct SizeForLoss(double flow, double height, float target, double roughness
     }
 }
 
-SizedDuct SizeForVelocity(double flow, double height, float target, double roughness, double& working) {
+SizedDuct SizeForVelocity(double flow, double height, float target, double roughness, double& working,
+                          const SearchPulse& pulse) {
     working = static_cast<double>(target);
-    Search search = StartSearch(Working::Velocity, flow, height, roughness);
+    Search search = StartSearch(Working::Velocity, flow, height, roughness, pulse);
     Settle(search, working);
     RoundWidth(search, kFarStart); // may fail for the target itself, though its width is not taken
     working -= kStep;
@@ -390,9 +397,9 @@ SizedDuct SizeForVelocity(double flow, double height, float target, double rough
 }
 
 SizedDuct SizeWithinCaps(double flow, double height, float lossCap, float velocityCap, double roughness,
-                         double& working) {
+                         double& working, const SearchPulse& pulse) {
     working = static_cast<double>(velocityCap);
-    Search search = StartSearch(Working::Velocity, flow, height, roughness);
+    Search search = StartSearch(Working::Velocity, flow, height, roughness, pulse);
     search.LossCap = lossCap;
     try {
         return WalkDown(search, working);

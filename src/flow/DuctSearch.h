@@ -2,6 +2,8 @@
 
 #include "flow/CalcFailure.h"
 
+#include <functional>
+
 // Sizing one rectangular duct of a given height: numbers to numbers. The width is rounded up to the size
 // step, so a search does not solve for its target. It moves a working value in steps of 0.01, and takes the
 // first one at which the rounded duct passes its test.
@@ -38,15 +40,20 @@ struct DuctNotFound : CalcFailure {
     double Velocity; // m/s
 };
 
+// Called now and then during a search that takes long. What it throws ends the search there.
+using SearchPulse = std::function<void()>;
+
 // Steps the working loss up from `target` until the rounded duct reaches it, and takes the step before.
-SizedDuct SizeForLoss(double flow, double height, float target, double roughness, double& working);
+SizedDuct SizeForLoss(double flow, double height, float target, double roughness, double& working,
+                      const SearchPulse& pulse = {});
 
 // Takes the duct for `target` less 0.01.
-SizedDuct SizeForVelocity(double flow, double height, float target, double roughness, double& working);
+SizedDuct SizeForVelocity(double flow, double height, float target, double roughness, double& working,
+                          const SearchPulse& pulse = {});
 
 // Steps the working velocity down from `velocityCap`, which itself is never tried, until the loss of the
 // rounded duct is at most `lossCap`. Throws DuctNotFound.
 SizedDuct SizeWithinCaps(double flow, double height, float lossCap, float velocityCap, double roughness,
-                         double& working);
+                         double& working, const SearchPulse& pulse = {});
 
 } // namespace plenair

@@ -11,6 +11,7 @@
 #include "flow/Units.h"
 #include "lite/ResultGrids.h"
 #include "platform/desktop/MessageBox.h"
+#include "platform/desktop/Progress.h"
 #include "platform/text/NumberText.h"
 
 namespace plenair {
@@ -44,13 +45,20 @@ void RunBasis(LiteWindow& window, double inputA, double inputB, double value, st
     }
 }
 
-// Five rows around the height given, one size step apart; `size` gives the duct for a height in m.
+// Five rows around the height given, one size step apart; `size` gives the duct for a height in m. The user
+// may end it, as a failure would.
 template <typename Size>
 void FillRows(LiteWindow& window, double inputA, double inputB, Size size) {
+    Waiting waiting;
+    const SearchPulse pulse = [&] {
+        if (!waiting.GoOn()) {
+            throw CalcFailure("ended by the user");
+        }
+    };
     const double flow = ToCubicMetres(inputA);
     double height = inputB - ToInt16(2.0 * Settings.RoundOff);
     for (std::int16_t row = 0; row <= 4; ++row) {
-        const SizedDuct duct = size(flow, ToMetres(height));
+        const SizedDuct duct = size(flow, ToMetres(height), pulse);
         FillGrids(window, ToSingle(ToMillimetres(duct.Width)), ToSingle(height), ToSingle(duct.Velocity),
                   ToSingle(duct.Loss), duct.Equivalent, flow, row);
         height += Settings.RoundOff;
@@ -73,25 +81,25 @@ void CalculateBasis(LiteWindow& window, double inputA, double inputB, double val
 }
 
 void CalcLossPerMetre(LiteWindow& window, double inputA, double inputB) {
-    FillRows(window, inputA, inputB, [&](double flow, double height) {
+    FillRows(window, inputA, inputB, [&](double flow, double height, const SearchPulse& pulse) {
         const float target = SingleOf(window.BasisText(0));
-        return SizeForLoss(flow, height, target, Settings.SurfaceRoughness1, Settings.MaxLPM);
+        return SizeForLoss(flow, height, target, Settings.SurfaceRoughness1, Settings.MaxLPM, pulse);
     });
 }
 
 void CalcVelocity(LiteWindow& window, double inputA, double inputB) {
-    FillRows(window, inputA, inputB, [&](double flow, double height) {
+    FillRows(window, inputA, inputB, [&](double flow, double height, const SearchPulse& pulse) {
         const float target = SingleOf(window.BasisText(1));
-        return SizeForVelocity(flow, height, target, Settings.SurfaceRoughness1, Settings.MaxVelocity);
+        return SizeForVelocity(flow, height, target, Settings.SurfaceRoughness1, Settings.MaxVelocity, pulse);
     });
 }
 
 void CalcCapped(LiteWindow& window, double inputA, double inputB) {
-    FillRows(window, inputA, inputB, [&](double flow, double height) {
+    FillRows(window, inputA, inputB, [&](double flow, double height, const SearchPulse& pulse) {
         const float lossCap = SingleOf(window.BasisText(2));
         const float velocityCap = SingleOf(window.BasisText(9));
         return SizeWithinCaps(flow, height, lossCap, velocityCap, Settings.SurfaceRoughness1,
-                              Settings.MaxVelocity);
+                              Settings.MaxVelocity, pulse);
     });
 }
 

@@ -177,6 +177,17 @@ TEST_F(CalculationBases, AFailureLeavesTheRowsBeforeIt) {
     }
 }
 
+// A search far from practice takes long. What ends it is the user here.
+TEST_F(CalculationBases, TheUserCanEndACalculation) {
+    int asked = 0;
+    Desktop().StartWaiting = [&] { return [&] { return ++asked % 20 != 0; }; };
+    Settings.SurfaceRoughness1 = 100;
+    Calculate(2, 5E6, 350, 1, {{2, "0.8"}, {9, "4999"}});
+    EXPECT_EQ(asked, 20);
+    EXPECT_LT(Settings.MaxVelocity, 4999);
+    EXPECT_EQ(m_view.Rows(), Texts(5));
+}
+
 TEST_F(CalculationBases, CapsAreNotExceeded) {
     std::mt19937 random(3);
     const auto between = [&](double low, double high) {

@@ -150,5 +150,29 @@ TEST_F(Controls, LongWorkShowsItselfAndCanBeCancelled) {
     dialogsExpected = false;
 }
 
+// A calculation takes no input but Escape; what is typed meanwhile comes after it.
+TEST_F(Controls, LongCalculationsAreToldByThePointer) {
+    const std::string before = m_first->Text();
+    {
+        Waiting waiting;
+        while (QApplication::overrideCursor() == nullptr) {
+            ASSERT_TRUE(waiting.GoOn());
+        }
+        EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+        const std::pair<int, const char*> keys[] = {
+            {Qt::Key_1, "1"}, {Qt::Key_Escape, "\x1b"}, {Qt::Key_2, "2"}};
+        for (const auto& [key, text] : keys) {
+            QCoreApplication::postEvent(m_form.windowHandle(),
+                                        new QKeyEvent(QEvent::KeyPress, key, Qt::NoModifier, text));
+        }
+        while (waiting.GoOn()) {
+        }
+        EXPECT_EQ(m_first->Text(), before);
+    }
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(m_first->Text(), before + "12");
+}
+
 } // namespace
 } // namespace plenair

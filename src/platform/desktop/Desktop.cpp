@@ -77,6 +77,12 @@ Progress::Progress(const ProgressRequest& request) {
     }
 }
 
+Waiting::Waiting() {
+    if (const auto start = Desktop().StartWaiting) {
+        m_goOn = start();
+    }
+}
+
 FileProgress ShowFileProgress(const std::string& text, const std::string& title) {
     constexpr std::uint64_t kStep = 1024; // bytes, so that an int can count them
     return [text, title, shown = std::shared_ptr<Progress>()](std::uint64_t done, std::uint64_t all) mutable {

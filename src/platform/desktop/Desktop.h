@@ -25,6 +25,7 @@ struct DesktopServices {
     std::function<bool(DialogKind, CommonDialog&)> ShowDialog;
     // Begins long work; the work ends with the function that this gives.
     std::function<ProgressStep(const ProgressRequest&)> StartProgress;
+    std::function<std::function<bool()>()> StartWaiting;
     std::function<void(const std::string& path, unsigned flags)> PlaySound;
     std::function<bool(const std::string& path)> StartEditor;
     // The manual is the file at `path`; false if no browser could be started.

@@ -29,7 +29,21 @@ class Progress {
     ProgressStep m_step; // the dialog lives as long as this
 };
 
-// The same for a file. What this gives throws DialogCancelled once the user wants the work to stop; the work
+// Work whose steps nobody knows, such as a calculation: where it takes more than a quarter of a second the
+// pointer becomes the hourglass, and Escape ends it. What else the user does reaches the windows after its
+// end.
+class Waiting {
+  public:
+    Waiting();
+
+    // Call now and then; it costs next to nothing. False once the user wants the work to stop.
+    bool GoOn() { return !m_goOn || m_goOn(); }
+
+  private:
+    std::function<bool()> m_goOn; // the pointer is the hourglass as long as this lives
+};
+
+// Progress for a file. What this gives throws DialogCancelled once the user wants the work to stop; the work
 // ends with it.
 FileProgress ShowFileProgress(const std::string& text, const std::string& title);
 

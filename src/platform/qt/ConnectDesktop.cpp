@@ -12,6 +12,7 @@
 #include "platform/qt/OtherPrograms.h"
 #include "platform/qt/ProgressDialog.h"
 #include "platform/qt/Twips.h"
+#include "platform/qt/WaitingPointer.h"
 #include "platform/text/NumberText.h"
 
 #include <QApplication>
@@ -86,6 +87,7 @@ void ConnectDesktop() {
         .AskByInputBox = AskByInputBox,
         .ShowDialog = ShowCommonDialog,
         .StartProgress = StartProgressDialog,
+        .StartWaiting = StartWaitingPointer,
         .PlaySound = [](const std::string& path, unsigned) { PlayByOtherProgram(path); },
         .StartEditor = EditByOtherProgram,
         .OpenManual = OpenManualByOtherProgram,
