@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <limits>
 #include <stdexcept>
 
 #include <unistd.h>
@@ -241,6 +242,12 @@ TEST_F(SettingsFile, IsWrittenToTheByte) {
     Disturb();
     LoadSettings();
     EXPECT_EQ(Loaded(), saved);
+    Settings.DefPath = std::string(3 * 32767, 'x'); // the longest that the box holds
+    Settings.MaxLPM = std::numeric_limits<double>::max();
+    SaveSettings();
+    LoadSettings();
+    EXPECT_EQ(Settings.DefPath.size(), 3U * 32767U);
+    EXPECT_EQ(Settings.MaxLPM, 1.79769313486231E+308);
 }
 
 } // namespace

@@ -10,6 +10,7 @@ void Run(std::string_view input) {
     const std::string path = "/logs/my $log; \"1\" %f\n.pnl";
     if (const auto command = CommandOn(input, path)) {
         REQUIRE(!command->Arguments.empty() && !command->Arguments.front().empty());
+        REQUIRE(command->Arguments.front().find(path) == path.npos);
         bool isThere = false;
         for (const std::string& argument : command->Arguments) {
             isThere = isThere || argument.find(path) != argument.npos;

@@ -74,8 +74,8 @@ TEST_F(TextFiles, ReadsTextItems) {
         {"\"a\"\"b\"\"\",c", {"a\"b\"", "c"}, Quotes::Doubled},
         {"\"a\"\"", {"a\""}, Quotes::Doubled},
         {std::string("a\0\xA4\x1A,\xFF", 6), {std::string("a\0\xA4\x1A", 4), "\xFF"}},
-        {std::string(65536, 'x') + ",b", {std::string(65536, 'x'), "b"}},  // the longest item
-        {std::string(8191, 'x') + "\r\nb", {std::string(8191, 'x'), "b"}}, // CR LF over two pieces
+        {std::string(131072, 'x') + ",b", {std::string(131072, 'x'), "b"}}, // the longest item
+        {std::string(8191, 'x') + "\r\nb", {std::string(8191, 'x'), "b"}},  // CR LF over two pieces
     };
     for (const auto& row : rows) {
         WriteFile(File("items"), row.content);
@@ -102,7 +102,7 @@ TEST_F(TextFiles, ReadsNumberItems) {
 TEST_F(TextFiles, EndlessItemsAndWhatIsNoFileAreNotRead) {
     const std::string tooLong = File("items") + ": Item too long";
     for (const char* start : {"", "\"", " "}) {
-        WriteFile(File("items"), start + std::string(65537, *start == ' ' ? ' ' : '\0'));
+        WriteFile(File("items"), start + std::string(131073, *start == ' ' ? ' ' : '\0'));
         EXPECT_EQ(ReasonOf([&] { ItemReader(File("items")).ReadText(); }), tooLong);
         EXPECT_EQ(ReasonOf([&] { ItemReader(File("items")).ReadNumberText(); }), tooLong);
     }

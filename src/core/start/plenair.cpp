@@ -5,7 +5,10 @@
 
 #include <QApplication>
 
+#include <csignal>
+
 int main(int argc, char** argv) {
+    std::signal(SIGXFSZ, SIG_IGN); // a file beyond the user's limit fails like one on a full disk
     QApplication::setStyle(new plenair::ReadableStyle); // one look whose margins the layout in twips fits
     // There is no command line: the toolkit's own options are not taken either.
     argc = 1;

@@ -79,6 +79,9 @@ std::vector<std::string> CommandReader::Read() {
         if (!argument.empty() || quoted) {
             arguments.push_back(argument);
         }
+        if (m_pathPlaced && arguments.size() == 1) {
+            return {}; // a file of the user's is no program
+        }
     }
     if (!arguments.empty() && !m_pathPlaced) {
         arguments.push_back(m_path);

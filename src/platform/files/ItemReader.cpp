@@ -13,7 +13,7 @@ namespace plenair {
 
 namespace {
 
-constexpr std::size_t kLongestItem = 65'536;
+constexpr std::size_t kLongestItem = 131'072; // more than any box of the program can hold
 
 bool IsBlank(int byte) {
     return byte == ' ' || byte == '\t';

@@ -16,7 +16,7 @@ enum class Quotes { Closes, Doubled };
 
 // Reads a text file item by item. Items are separated by commas or line ends; CR LF, a lone CR and a lone LF
 // are line ends alike; blanks are spaces and tabs. The file is read in pieces, never whole. An item of more
-// than 65,536 bytes is no item of any file of this program and fails, so that a gigabyte of zeros costs
+// than 131,072 bytes is no item of any file of this program and fails, so that a gigabyte of zeros costs
 // nothing. After a failure nothing more can be read.
 class ItemReader {
   public:
