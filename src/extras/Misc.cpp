@@ -25,6 +25,10 @@ const std::array<std::string, 6> kQuestions = {
     "Been searching for the ultimate pipe sizing software?",
 };
 
+// A month that was seen to be noted: each calculation asks, and the store is a file. Another program may take
+// the note back unseen.
+std::string s_doneMonth;
+
 // The month noted last; the stored text may have a terminator behind its six characters.
 std::string NotedMonth() {
     const RegistryValue value = RegReadValue(HKEY_CURRENT_USER, kReminderSubKey, kReminderValueName);
@@ -34,12 +38,22 @@ std::string NotedMonth() {
 
 } // namespace
 
+void ForgetReminder() {
+    s_doneMonth.clear();
+}
+
 void PlayCall() {
     PlaySoundA(DeliveredPath("Gus.psg"), SND_ASYNC | SND_NOWAIT);
 }
 
 void MonthlyReminder() {
-    if (NotedMonth() == ReminderMonth()) {
+    const std::string month = ReminderMonth();
+    if (s_doneMonth == month) {
+        return;
+    }
+    s_doneMonth.clear();
+    if (NotedMonth() == month) {
+        s_doneMonth = month;
         return;
     }
     SeedRandom(SecondsSinceMidnight());

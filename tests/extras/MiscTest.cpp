@@ -65,8 +65,23 @@ TEST_F(Misc, TheMonthIsComparedForDifference) {
         if (due) {
             desktop.ExpectMessage(MessageAnswer::Yes);
         }
+        ForgetReminder();
         MonthlyReminder();
         EXPECT_EQ(Noted().substr(0, 6), "112026");
+    }
+}
+
+TEST_F(Misc, AMonthSeenToBeDoneIsNotLookedUpAgain) {
+    m_environment.NoteReminder();
+    MonthlyReminder();
+    SetRegistryFile(""); // where nothing is noted
+    ShowAboutAfterReminder = {};
+    MonthlyReminder();
+    EXPECT_TRUE(desktop.Messages().empty());
+    for (const int month : {12, 11}) { // and back again
+        m_environment.SetToday(2026, month, 1);
+        desktop.ExpectMessage(MessageAnswer::Yes);
+        MonthlyReminder();
     }
 }
 

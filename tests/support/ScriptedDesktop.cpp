@@ -2,6 +2,7 @@
 
 #include "core/Settings.h"
 #include "core/modRegistry.h"
+#include "extras/Misc.h"
 #include "platform/files/Folders.h"
 #include "platform/files/ProgramFolder.h"
 #include "platform/text/NumberText.h"
@@ -67,6 +68,7 @@ ProgramEnvironment::ProgramEnvironment() {
     SetProgramFolder(m_folder.Path());
     SetRegistryFile(m_registry.File("registry"));
     SetToday(2026, 11, 24);
+    ForgetReminder();
 }
 
 ProgramEnvironment::~ProgramEnvironment() {

@@ -11,6 +11,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <map>
+#include <optional>
 #include <string_view>
 #include <system_error>
 #include <utility>
@@ -24,7 +25,9 @@
 //     "value","Month",1,313232303236          a value of the key above it: name, type, bytes as hex digits
 //     "end"                                   without it the file is not whole
 //
-// It is read anew at each call, so that two running programs see each other's values.
+// It is read anew at each opening and at each change, so that two running programs see each other's values. A
+// key that was opened keeps the values that it had then, up to its first change: reading one takes one look
+// at the file.
 namespace plenair {
 
 namespace fs = std::filesystem;
@@ -41,9 +44,11 @@ struct Value {
     std::string Data;
 };
 
+using Values = std::map<std::string, Value>; // by folded name
+
 struct Key {
     std::string Path;
-    std::map<std::string, Value> Values; // by folded name
+    plenair::Values Values;
 };
 
 // All keys by folded path. The root has the empty path and is always there; a key stands ahead of those
@@ -55,9 +60,14 @@ std::string& RegistryFile() {
     return s_file;
 }
 
-// Paths of the open keys. Numbers are never used twice.
-std::map<RegistryKey, std::string>& OpenKeys() {
-    static std::map<RegistryKey, std::string> s_keys;
+struct OpenKey {
+    std::string Path;
+    std::optional<Values> AsOpened;
+};
+
+// Numbers are never used twice.
+std::map<RegistryKey, OpenKey>& OpenKeys() {
+    static std::map<RegistryKey, OpenKey> s_keys;
     return s_keys;
 }
 
@@ -212,7 +222,7 @@ const std::string* PathOf(RegistryKey key) {
         return &kRoot;
     }
     const auto found = OpenKeys().find(key);
-    return found == OpenKeys().end() ? nullptr : &found->second;
+    return found == OpenKeys().end() ? nullptr : &found->second.Path;
 }
 
 // The paths of the keys on the way from `path` down to its sub-key, both included. Backslashes that stand at
@@ -236,10 +246,21 @@ void AddMissing(Store& store, const std::vector<std::string>& paths) {
     }
 }
 
-RegistryKey NewHandle(std::string path) {
+RegistryKey NewHandle(std::string path, std::optional<Values> asOpened) {
     static RegistryKey s_last = 0;
-    OpenKeys()[++s_last] = std::move(path);
+    OpenKeys()[++s_last] = {std::move(path), std::move(asOpened)};
     return s_last;
+}
+
+// The values of a root or of an open key; none where it is gone.
+Values ValuesOf(RegistryKey key) {
+    const auto open = OpenKeys().find(key);
+    if (open != OpenKeys().end() && open->second.AsOpened) {
+        return *open->second.AsOpened;
+    }
+    const Store store = LoadStore();
+    const auto found = store.find(Folded(*PathOf(key)));
+    return found == store.end() ? Values() : found->second.Values;
 }
 
 } // namespace
@@ -254,10 +275,11 @@ RegistryStatus RegOpenKeyExA(RegistryKey root, const std::string& subKey, std::u
     return OnStore([&] {
         const Store store = LoadStore();
         const std::string path = PathsDown(*rootPath, subKey).back();
-        if (!store.contains(Folded(path))) {
+        const auto found = store.find(Folded(path));
+        if (found == store.end()) {
             return ERROR_FILE_NOT_FOUND;
         }
-        result = NewHandle(path);
+        result = NewHandle(path, found->second.Values);
         return ERROR_SUCCESS;
     });
 }
@@ -281,24 +303,23 @@ RegistryStatus RegCreateKeyExA(RegistryKey root, const std::string& subKey, std:
         if (store.size() > oldCount) {
             SaveStore(store);
         }
-        result = NewHandle(paths.back());
+        result = NewHandle(paths.back(), std::nullopt);
         return ERROR_SUCCESS;
     });
 }
 
 RegistryStatus RegQueryValueExA(RegistryKey key, const std::string& valueName, std::uint32_t& type,
                                 unsigned char* data, std::uint32_t& size) {
-    const std::string* path = PathOf(key);
-    if (path == nullptr) {
+    if (PathOf(key) == nullptr) {
         return ERROR_INVALID_HANDLE;
     }
     return OnStore([&] {
-        const Store store = LoadStore();
-        const auto found = store.find(Folded(*path));
-        if (found == store.end() || !found->second.Values.contains(Folded(valueName))) {
+        const Values values = ValuesOf(key);
+        const auto found = values.find(Folded(valueName));
+        if (found == values.end()) {
             return ERROR_FILE_NOT_FOUND;
         }
-        const Value& value = found->second.Values.at(Folded(valueName));
+        const Value& value = found->second;
         const auto room = static_cast<std::size_t>(size);
         type = value.Type;
         size = static_cast<std::uint32_t>(value.Data.size());
@@ -322,6 +343,9 @@ RegistryStatus RegSetValueExA(RegistryKey key, const std::string& valueName, std
     return OnStore([&] {
         const StoreLock lock;
         Store store = LoadStore();
+        if (key != HKEY_CURRENT_USER) {
+            OpenKeys().at(key).AsOpened.reset();
+        }
         // The key may have gone with a damaged file since it was opened.
         AddMissing(store, PathsDown("", *path));
         Value& value = store[Folded(*path)].Values[Folded(valueName)];

@@ -6,9 +6,9 @@
 
 // The per-user registry: keys below a root, each with named values of a type. Where the system has none of
 // its own, one per-user text file holds them; a missing or damaged file is an empty store, one that can't be
-// read is an error. The five
-// operations and their status codes are those that the program is written against. A backslash parts the
-// names of a sub-key, and the case of ASCII letters makes no difference in names.
+// read is an error. The five operations and their status codes are those that the program is written against.
+// A backslash parts the names of a sub-key, and the case of ASCII letters makes no difference in names. An
+// opened key gives the values that it had at its opening, up to the first that is set by it.
 namespace plenair {
 
 using RegistryKey = std::uint32_t; // a root or the handle of an open key; 0 is no key
