@@ -7,7 +7,7 @@ desktop_packages=(fonts-liberation fonts-dejavu-core x11-utils)
 check_packages=(clang libclang-rt-14-dev clang-format poppler-utils)
 real_desktop_packages=(libxtst-dev libxcb1-dev xvfb openbox xfwm4 metacity mutter imagemagick)
 package_packages=(dpkg-dev file lintian desktop-file-utils appstream shared-mime-info)
-tour_packages=(xvfb openbox xclip xdotool imagemagick poppler-utils)
+tour_packages=(xvfb openbox gnumeric xclip xdotool imagemagick poppler-utils)
 
 install_log=build/install.log
 lists_are_fresh=false

@@ -21,7 +21,7 @@ TableRows ResultTable(const LiteWindow& window) {
 void CopyResults(const LiteWindow& window) {
     const TableRows table = ResultTable(window);
     if (table.size() > 1) {
-        CopyToClipboard({TabSeparated(table), HtmlTable(table), nullptr});
+        CopyToClipboard({table, nullptr});
     }
 }
 

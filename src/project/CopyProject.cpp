@@ -2,15 +2,24 @@
 
 #include "platform/desktop/Clipboard.h"
 #include "platform/text/NumberText.h"
-#include "project/model/DuctPath.h"
+#include "project/PlotDrawing.h"
 
 namespace plenair {
 
 namespace {
 
 std::string KindOf(float colour) {
-    const std::string letter = TypeLetter(colour);
-    return letter == "R" ? "Rigid" : letter == "F" ? "Flexible" : letter == "C" ? "Connection" : "";
+    switch (TypeOf(colour)) {
+    case ElementType::Rigid:
+        return "Rigid";
+    case ElementType::Flexible:
+        return "Flexible";
+    case ElementType::Connection:
+        return "Connection";
+    case ElementType::None:
+        break;
+    }
+    return "";
 }
 
 } // namespace
@@ -36,11 +45,10 @@ TableRows PathTable() {
                      "Running Pressure (Pa)"}};
     double length = 0;
     double pressure = 0;
-    for (int position = 1; position <= PathCount; ++position) {
-        const PathElement& element = PathElements[static_cast<std::size_t>(position)];
+    for (const PathElement& element : PlottedPath()) {
         length += element.Length;
         pressure += element.PressureDrop;
-        const std::string place = std::to_string(position);
+        const std::string place = std::to_string(element.Position);
         const std::string letter = TypeLetter(element.Colour);
         table.push_back({place, letter.empty() ? "" : letter + place, ShortestText(element.Length),
                          ShortestText(element.PressureDrop), ShortestText(length), ShortestText(pressure)});
@@ -52,8 +60,7 @@ void CopyShown(const ProjectWindows& windows) {
     if (DuctCount < 1) {
         return;
     }
-    const TableRows table = PlotShowing != kFlagClear ? PathTable() : DuctTable();
-    CopyToClipboard({TabSeparated(table), HtmlTable(table), &windows.Solver.PicGrid()});
+    CopyToClipboard({PlotShowing != kFlagClear ? PathTable() : DuctTable(), &windows.Solver.PicGrid()});
 }
 
 } // namespace plenair

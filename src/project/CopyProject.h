@@ -9,7 +9,7 @@ namespace plenair {
 // A heading, and a line for each duct: its label, its kind and its eight values.
 TableRows DuctTable();
 
-// A heading, and a line for each element of PathElements: place, label as in the plot, length, drop, and both
+// A heading, and a line for each element of PlottedPath: place, label as in the plot, length, drop, and both
 // added up so far.
 TableRows PathTable();
 

@@ -4,6 +4,8 @@ namespace plenair {
 
 namespace {
 
+std::vector<PathElement> s_plotted;
+
 constexpr int kFrameLineWidth = 1;
 
 void Draw(DrawingSurface& surface, const PlotGeometry& plot, int pathLineWidth) {
@@ -48,6 +50,11 @@ void PlotPath(const ProjectWindows& windows) {
     grid.Clear();
     Draw(grid, plot, kGridPlot.PathLineWidth);
     PlotShowing = kFlagSet;
+    s_plotted.assign(PathElements.begin() + 1, PathElements.end());
+}
+
+const std::vector<PathElement>& PlottedPath() {
+    return s_plotted;
 }
 
 } // namespace plenair

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "project/ProjectWindows.h"
+#include "project/model/DuctPath.h"
 #include "project/model/PlotGeometry.h"
 
 #include <string>
+#include <vector>
 
 // The plot of the last path, on the grid and on paper alike.
 namespace plenair {
@@ -18,5 +20,9 @@ void DrawPlot(DrawingSurface& surface, const PlotFigures& figures);
 // Puts the plot of PathElements on the grid in place of what stands there. Throws like DrawPlot; then the
 // picture stays.
 void PlotPath(const ProjectWindows& windows);
+
+// The elements of the plot that was put on the grid last, from place 1 on. PathElements may be those of a
+// later path that was not plotted.
+const std::vector<PathElement>& PlottedPath();
 
 } // namespace plenair

@@ -1,19 +1,20 @@
 #pragma once
 
-#include <string>
+#include "platform/text/TableText.h"
 
 namespace plenair {
 
 class RecordedSurface;
 
-// What one copy puts on the clipboard: other programs take of it what they can use.
+// What one copy puts on the clipboard.
 struct ClipboardContent {
-    std::string Text; // plain, UTF-8
-    std::string Html;
-    const RecordedSurface* Picture = nullptr; // copied at once, and given as SVG and as PNG
+    TableRows Table;
+    const RecordedSurface* Picture = nullptr; // copied at once; none if it is null
 };
 
-// Puts it on the desktop's clipboard in place of what was there. Silent where there is none.
+// Puts it on the desktop's clipboard in place of what was there, in all the forms that other programs may
+// want: the table as plain text, as HTML and as a spreadsheet, the picture as SVG and as PNG. Silent where
+// there is no clipboard.
 void CopyToClipboard(const ClipboardContent& content);
 
 } // namespace plenair

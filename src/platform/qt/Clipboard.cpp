@@ -3,6 +3,7 @@
 #include "platform/qt/FormFont.h"
 #include "platform/qt/SurfacePainter.h"
 #include "platform/qt/Twips.h"
+#include "platform/text/SpreadsheetDocument.h"
 
 #include <QApplication>
 #include <QBuffer>
@@ -10,9 +11,9 @@
 #include <QImage>
 #include <QMimeData>
 #include <QPainter>
-#include <QPointer>
 #include <QSvgGenerator>
 
+#include <cmath>
 #include <optional>
 
 namespace plenair {
@@ -22,64 +23,104 @@ namespace {
 const QString kSvg = "image/svg+xml";
 const QString kPng = "image/png";
 
-// What was copied, for as long as it is the clipboard's.
+// Office programs take a bitmap before any text or HTML, and a spreadsheet in the form in which they copy
+// their own before that. So a paste gives cells, and the picture is the user's second choice.
+const QString kSpreadsheet =
+    "application/x-openoffice-embed-source-xml;windows_formatname=\"Star Embed Source (XML)\"";
+
+// The format that tells what the spreadsheet is: its name says it all. Width and height, by which a text
+// document shows it, are in hundredths of a millimetre, of cells as wide and high as they are by default.
+QString SpreadsheetKind(const TableRows& table) {
+    return QString(
+               "application/x-openoffice-objectdescriptor-xml;windows_formatname=\"Star Object Descriptor "
+               "(XML)\";classname=\"47BBB4CB-CE4C-4E80-a591-42d9ae74950f\";typename=\"calc8\";"
+               "viewaspect=\"1\";width=\"%1\";height=\"%2\";posx=\"0\";posy=\"0\"")
+        .arg(2258 * table.front().size())
+        .arg(452 * table.size());
+}
+
+// Larger pictures are not made in advance at the end of the program, which would take long.
+constexpr std::size_t kMostItemsAtEnd = 10'000;
+
+// What was copied, for as long as it is the clipboard's. All but plain text is made when another program
+// asks.
 class Copied : public QMimeData {
     Q_OBJECT
 
   public:
-    explicit Copied(const ClipboardContent& content) {
-        setText(ToQt(content.Text));
-        if (!content.Html.empty()) {
-            setHtml(ToQt(content.Html));
-        }
-        if (content.Picture != nullptr) {
-            m_picture = *content.Picture;
-            m_picture->WhenChanged({});
-        }
-        // Another program may ask when the one that painted is at its end, and can paint no more.
-        connect(qApp, &QCoreApplication::aboutToQuit, this, [this] {
-            if (QApplication::clipboard()->mimeData() == this) {
-                MakePicture(kSvg);
-                MakePicture(kPng);
-            }
-        });
-    }
+    explicit Copied(const ClipboardContent& content);
 
-    QStringList formats() const override {
-        QStringList all = QMimeData::formats();
-        if (m_picture) {
-            all << kSvg << kPng;
-        }
-        return all;
-    }
-
-    bool hasFormat(const QString& format) const override { return formats().contains(format); }
+    QStringList formats() const override { return m_formats; }
+    bool hasFormat(const QString& format) const override { return m_formats.contains(format); }
 
   protected:
-    QVariant retrieveData(const QString& format, QMetaType type) const override {
-        const bool isPicture = m_picture && (format == kSvg || format == kPng);
-        return isPicture ? MakePicture(format) : QMimeData::retrieveData(format, type);
-    }
+    QVariant retrieveData(const QString& format, QMetaType type) const override;
 
   private:
-    QByteArray MakePicture(const QString& format) const;
+    void EndWithProgram();
+    QByteArray Make(const QString& format) const;
     void PaintSvg(QIODevice& device) const;
     void PaintPng(QIODevice& device) const;
     void Paint(QPainter& painter, double pixelRatio) const;
 
     QSize Size() const { return {ToPixelsX(m_picture->Size().Width), ToPixelsY(m_picture->Size().Height)}; }
 
+    QStringList m_formats;
+    TableRows m_table;
     std::optional<RecordedSurface> m_picture;
     mutable QMap<QString, QByteArray> m_made;
 };
 
-QByteArray Copied::MakePicture(const QString& format) const {
-    if (m_picture && !m_made.contains(format)) {
-        QBuffer buffer(&m_made[format]);
-        buffer.open(QIODevice::WriteOnly);
-        format == kSvg ? PaintSvg(buffer) : PaintPng(buffer);
+Copied::Copied(const ClipboardContent& content) : m_table(content.Table) {
+    setText(ToQt(TabSeparated(m_table)));
+    m_formats = QMimeData::formats() + QStringList{"text/html", kSpreadsheet, SpreadsheetKind(m_table)};
+    if (content.Picture != nullptr) {
+        m_picture = *content.Picture;
+        m_picture->WhenChanged({});
+        m_formats << kSvg << kPng;
     }
-    return m_made[format];
+    connect(qApp, &QCoreApplication::aboutToQuit, this, &Copied::EndWithProgram);
+}
+
+// A program that keeps what is on the clipboard asks for it at the very end, when nothing can be painted any
+// more.
+void Copied::EndWithProgram() {
+    if (QApplication::clipboard()->mimeData() != this) {
+        return;
+    }
+    for (const QString& format : {kSvg, kPng}) {
+        if (m_picture && m_picture->Items().size() > kMostItemsAtEnd) {
+            m_formats.removeAll(format);
+        } else {
+            Make(format);
+        }
+    }
+}
+
+QVariant Copied::retrieveData(const QString& format, QMetaType type) const {
+    const bool isPlain = QMimeData::formats().contains(format);
+    return isPlain || !m_formats.contains(format) ? QMimeData::retrieveData(format, type) : Make(format);
+}
+
+QByteArray Copied::Make(const QString& format) const {
+    QByteArray& made = m_made[format];
+    if (!made.isEmpty()) {
+        return made;
+    }
+    QBuffer buffer(&made);
+    buffer.open(QIODevice::WriteOnly);
+    if (m_picture && format == kSvg) {
+        PaintSvg(buffer);
+    } else if (m_picture && format == kPng) {
+        PaintPng(buffer);
+    } else if (format == kSpreadsheet) {
+        buffer.write(QByteArray::fromStdString(SpreadsheetDocument(m_table)));
+    } else if (format == "text/html") {
+        buffer.write(QByteArray::fromStdString(HtmlTable(m_table)));
+    } else {
+        buffer.write("calc8"); // empty data would count as none
+    }
+    return made;
 }
 
 void Copied::Paint(QPainter& painter, double pixelRatio) const {
@@ -93,6 +134,8 @@ void Copied::Paint(QPainter& painter, double pixelRatio) const {
 void Copied::PaintSvg(QIODevice& device) const {
     QSvgGenerator generator;
     generator.setOutputDevice(&device);
+    generator.setResolution(
+        static_cast<int>(std::lround(kTwipsPerInch / TwipsPerPixelX()))); // sizes the letters
     generator.setSize(Size());
     generator.setViewBox(QRect(QPoint(0, 0), Size()));
     QPainter painter(&generator);

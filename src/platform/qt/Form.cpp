@@ -47,11 +47,12 @@ Form::Form(const QString& name, const QString& caption, Qt::WindowFlags flags)
     m_client->setObjectName("client");
 }
 
-void Form::AddKeys(const QList<QKeySequence>& keys, const std::function<void()>& action) {
+QShortcut* Form::AddKeys(const QList<QKeySequence>& keys, const std::function<void()>& action) {
     auto* shortcut = new QShortcut(this);
     shortcut->setKeys(keys);
     connect(shortcut, &QShortcut::activated, this, action);
     m_keys += keys;
+    return shortcut;
 }
 
 QMenuBar* Form::MenuBar() {

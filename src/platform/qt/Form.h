@@ -8,6 +8,7 @@
 #include <optional>
 
 class QMenuBar;
+class QShortcut;
 
 namespace plenair {
 
@@ -46,9 +47,9 @@ class Form : public QWidget {
     // Puts the frame over the whole screen, and gives the client area what the frame leaves.
     void FillScreen();
 
-    // Any of these keys runs `action` while the window is the active one, whatever has the focus in it. What
-    // a text box would do by such a key is not done.
-    void AddKeys(const QList<QKeySequence>& keys, const std::function<void()>& action);
+    // Any of these keys, held down again and again, runs `action` while the window is the active one,
+    // whatever has the focus in it. What a text box would do by such a key is not done.
+    QShortcut* AddKeys(const QList<QKeySequence>& keys, const std::function<void()>& action);
     bool HasKey(const QKeySequence& key) const { return m_keys.contains(key); }
 
     // A control of this window gets the focus from one of another window; runs before that control's own.

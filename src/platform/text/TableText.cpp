@@ -4,9 +4,8 @@
 
 namespace plenair {
 
-namespace {
-
-void AppendEscaped(std::string& html, const std::string& text) {
+std::string EscapedForMarkup(const std::string& text) {
+    std::string html;
     for (const char character : text) {
         switch (character) {
         case '&':
@@ -22,9 +21,8 @@ void AppendEscaped(std::string& html, const std::string& text) {
             html += character;
         }
     }
+    return html;
 }
-
-} // namespace
 
 std::string TabSeparated(const TableRows& table) {
     std::string text;
@@ -47,8 +45,7 @@ std::string HtmlTable(const TableRows& table) {
         html += "<tr>";
         for (const std::string& cell : row) {
             html.append("<").append(tag).append(NumberFromText(cell) ? " align=\"right\">" : ">");
-            AppendEscaped(html, cell);
-            html.append("</").append(tag).append(">");
+            html.append(EscapedForMarkup(cell)).append("</").append(tag).append(">");
         }
         html += "</tr>\n";
         tag = "td";

@@ -8,6 +8,9 @@ namespace plenair {
 
 using TableRows = std::vector<std::vector<std::string>>;
 
+// Text with the signs of HTML and XML in it written so that they stand for themselves.
+std::string EscapedForMarkup(const std::string& text);
+
 // A line for each row, its cells divided by tabs, as a spreadsheet takes it cell by cell.
 std::string TabSeparated(const TableRows& table);
 

@@ -4,6 +4,8 @@
 #include "platform/qt/Form.h"
 #include "project/UndoRedo.h"
 
+#include <QShortcut>
+
 namespace plenair {
 
 namespace {
@@ -25,7 +27,7 @@ void AddSolverKeys(Form& form, const ProjectWindows& windows, const std::string&
     form.AddKeys(Keys(QKeySequence::Undo, {Qt::CTRL | Qt::Key_Z}), [windows] { Undo(windows); });
     form.AddKeys(Keys(QKeySequence::Redo, {Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Qt::CTRL | Qt::Key_Y}),
                  [windows] { Redo(windows); });
-    form.AddKeys({Qt::Key_F1}, [page] { ShowManual(page); });
+    form.AddKeys({Qt::Key_F1}, [page] { ShowManual(page); })->setAutoRepeat(false);
 }
 
 } // namespace plenair
