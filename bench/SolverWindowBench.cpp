@@ -13,6 +13,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QTemporaryDir>
 
@@ -98,6 +99,11 @@ class OpenSolver {
     template <typename Control>
     Control* Get(const char* name) {
         return m_solver->findChild<Control*>(name);
+    }
+
+    template <typename Control>
+    Control* GetOfSheet(const char* name) {
+        return m_sheet->findChild<Control*>(name);
     }
 
     // Everything that is to be painted.
@@ -196,6 +202,25 @@ void HighlightNextDuct(benchmark::State& state) {
     }
 }
 BENCHMARK(HighlightNextDuct)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// Enter in the first box of the first duct, whose flow goes on to all others. Argument: the number of ducts.
+void FollowOnFromTheFirst(benchmark::State& state) {
+    OpenSolver solver;
+    solver.FillGrid(static_cast<int>(state.range(0)));
+    solver.ShowSheet();
+    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r");
+    TextBox* const box = solver.GetOfSheet<TextBox>("txtParam(1)");
+    int flow = 500;
+    for (auto _ : state) {
+        box->SetText(std::to_string(++flow));
+        QApplication::sendEvent(box, &enter);
+        solver.Paint();
+    }
+    if (Ducts.back().Flow != flow && Ducts[Ducts.size() - 2].Flow != flow) {
+        state.SkipWithError("not all ducts have it");
+    }
+}
+BENCHMARK(FollowOnFromTheFirst)->Arg(kDucts)->Arg(kMostDucts)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 void PlotThousandElements(benchmark::State& state) {
     OpenSolver solver;
