@@ -54,7 +54,7 @@ class SettingsFile : public testing::Test {
         for (const double number :
              {Settings.MaxLPM, Settings.MaxVelocity, Settings.Analysis, Settings.RoundOff * 1.0,
               Settings.FluidTemp, Settings.SurfaceRoughness1, Settings.SurfaceRoughness2}) {
-            loaded += " " + ShortestText(number, Mark::Point);
+            loaded.append(" ").append(ShortestText(number, Mark::Point));
         }
         return loaded;
     }
