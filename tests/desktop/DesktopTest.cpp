@@ -29,13 +29,14 @@ DesktopTest::~DesktopTest() {
 
 void DesktopTest::Start() {
     // The program's folder is where its file lies, and no player or editor of this machine is in reach.
-    std::filesystem::copy_file(PLENAIR_PROGRAM, File("plenair"));
+    std::filesystem::copy_file(PLENAIR_PROGRAM, File("plenair"),
+                               std::filesystem::copy_options::skip_existing);
     std::vector<std::string> environment = TheScreen().Environment();
     int ends[2] = {};
     ASSERT_EQ(socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends), 0);
     for (const std::string& setting :
          {"HOME=" + File(""), "XDG_CONFIG_HOME=" + File("config"), "XDG_DATA_HOME=" + File("data"),
-          "PATH=" + File(""), std::string("QT_QPA_PLATFORM=xcb"),
+          "XDG_STATE_HOME=" + File("state"), "PATH=" + File(""), std::string("QT_QPA_PLATFORM=xcb"),
           std::string("QT_QPA_GENERIC_PLUGINS=plenairprobe"),
           std::string("QT_PLUGIN_PATH=") + PLENAIR_PROBE_PLUGINS,
           "PLENAIR_PROBE=" + std::to_string(ends[1])}) {
@@ -49,6 +50,12 @@ void DesktopTest::Start() {
     close(ends[1]);
     m_socket = ends[0];
     Await("active", "frmMinorCalc");
+}
+
+void DesktopTest::Kill() {
+    Note("SIGKILL");
+    m_program->Kill();
+    close(m_socket);
 }
 
 std::string DesktopTest::Ask(const std::string& question) {

@@ -21,6 +21,8 @@ class DesktopTest : public testing::Test {
     // Starts the program in a folder of its own, with settings of the defaults and no reminder due, and waits
     // for the Lite window.
     void Start();
+    // Ends it as a crash does; Start may follow.
+    void Kill();
     bool HasEnded() { return m_program->HasEnded(); }
 
     // The answer to a question such as "text txtInputA", and waiting for an answer.

@@ -44,7 +44,7 @@ Items Property(Display* display, Window window, const char* name) {
     unsigned long count = 0;
     unsigned long rest = 0;
     unsigned char* data = nullptr;
-    XGetWindowProperty(display, window, XInternAtom(display, name, False), 0, 4096, False, AnyPropertyType,
+    XGetWindowProperty(display, window, XInternAtom(display, name, False), 0, 1 << 20, False, AnyPropertyType,
                        &type, &format, &count, &rest, &data);
     Items items;
     if (data != nullptr) {
@@ -104,6 +104,13 @@ bool Child::HasEnded() {
     return m_id == 0;
 }
 
+void Child::Kill() {
+    if (!HasEnded()) {
+        kill(m_id, SIGKILL);
+        Until([this] { return HasEnded(); });
+    }
+}
+
 Screen::Screen(const std::string& windowManager, const std::string& size) {
     XSetErrorHandler(PassOver);
     StartServer(size);
@@ -144,6 +151,18 @@ void Screen::StartServer(const std::string& size) {
     if (m_display == nullptr) {
         throw std::runtime_error("Xvfb does not start: " + ReadFile(m_home.File("server.log")));
     }
+}
+
+std::string Screen::Pasted(const std::string& form) const {
+    const Window window = XCreateSimpleWindow(m_display, DefaultRootWindow(m_display), 0, 0, 1, 1, 0, 0, 0);
+    const auto atom = [this](const std::string& name) { return XInternAtom(m_display, name.c_str(), False); };
+    XConvertSelection(m_display, atom("CLIPBOARD"), atom(form), atom("PASTED"), window, CurrentTime);
+    XEvent event = {};
+    Until([&] { return XCheckTypedWindowEvent(m_display, window, SelectionNotify, &event) != 0; });
+    const std::string pasted =
+        event.xselection.property != None ? Property<std::string>(m_display, window, "PASTED") : "";
+    XDestroyWindow(m_display, window);
+    return pasted;
 }
 
 std::vector<std::string> Screen::Environment() const {

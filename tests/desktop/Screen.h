@@ -28,6 +28,7 @@ class Child {
     Child& operator=(const Child&) = delete;
 
     bool HasEnded();
+    void Kill(); // at once, without a word to it
 
   private:
     pid_t m_id;
@@ -49,6 +50,9 @@ class Screen {
     // The mouse, in pixels of the whole screen.
     void MoveTo(int x, int y);
     void Button(int button, bool down);
+
+    // What another program gets when it pastes in that form, such as "text/html"; empty if it isn't offered.
+    std::string Pasted(const std::string& form) const;
 
     // What a program other than the one under test needs to reach this server.
     std::vector<std::string> Environment() const;
