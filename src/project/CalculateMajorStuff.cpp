@@ -145,6 +145,7 @@ bool SolveProject(const ProjectWindows& windows) {
     }
     SolveDucts(windows);
     if (RunFailed != kFlagClear) {
+        NoteStep(windows);
         return false;
     }
     WriteSolutionReport();

@@ -100,11 +100,24 @@ void StoreBox(const ProjectWindows& windows, SheetBox box) {
 }
 
 bool HoldsUnstoredText(const ProjectWindows& windows) {
+    const SheetWindow& sheet = windows.Sheet;
     const std::int16_t number = SheetDuct(windows);
-    return windows.Sheet.IsVisible() && IsDuct(number) &&
-           std::any_of(kSheetRows.begin(), kSheetRows.end(), [&](const SheetRow& row) {
-               return !IsStored(Duct(number), row.Box, windows.Sheet.BoxText(row.Box));
+    return sheet.IsVisible() && std::any_of(kSheetRows.begin(), kSheetRows.end(), [&](const SheetRow& row) {
+               return sheet.IsBoxEdited(row.Box) &&
+                      !(IsDuct(number) && IsStored(Duct(number), row.Box, sheet.BoxText(row.Box)));
            });
+}
+
+void TakeBackTyping(const ProjectWindows& windows) {
+    if (IsDuct(SheetDuct(windows))) {
+        ShowDuctSheet(windows, SheetDuct(windows));
+        return;
+    }
+    for (const SheetRow& row : kSheetRows) {
+        if (windows.Sheet.IsBoxEdited(row.Box)) {
+            windows.Sheet.SetBoxText(row.Box, "0");
+        }
+    }
 }
 
 std::int16_t SheetDuct(const ProjectWindows& windows) {

@@ -35,9 +35,12 @@ void ChangeDuctNo(const ProjectWindows& windows);
 // copies nothing.
 void StoreBox(const ProjectWindows& windows, SheetBox box);
 
-// Whether the sheet, seen by the user, holds a text that isn't what is stored, be it a number or not. Never
-// in an empty project, where nothing can be stored.
+// Whether the sheet, seen by the user, holds something that was typed and isn't what is stored, be it a
+// number or not.
 bool HoldsUnstoredText(const ProjectWindows& windows);
+
+// Shows what is stored in place of that: in an empty project 0.
+void TakeBackTyping(const ProjectWindows& windows);
 
 // Number of the duct that the sheet stands on.
 std::int16_t SheetDuct(const ProjectWindows& windows);

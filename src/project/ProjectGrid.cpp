@@ -132,9 +132,9 @@ void ShowEmptyProject(const ProjectWindows& windows) {
     sheet.SetScrollMaximum(1);
     sheet.SetDuctNoCaption("1");
     for (const SheetRow& row : kSheetRows) {
-        if (row.Box != SheetBox::ConnCoefficient) { // which keeps its text
-            sheet.SetBoxText(row.Box, "0");
-        }
+        // The last one keeps its text, but as nothing that somebody is typing.
+        const bool keepsText = row.Box == SheetBox::ConnCoefficient;
+        sheet.SetBoxText(row.Box, keepsText ? sheet.BoxText(row.Box) : "0");
     }
     windows.Solver.PicGrid().Clear();
     ResetProjectGrid(windows);

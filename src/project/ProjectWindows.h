@@ -65,6 +65,7 @@ class SheetWindow {
     // txtParam. A box is white, or has the background colour of the window.
     virtual std::string BoxText(SheetBox box) const = 0;
     virtual void SetBoxText(SheetBox box, const std::string& text) = 0;
+    virtual bool IsBoxEdited(SheetBox box) const = 0; // by the user, since its text was set
     virtual bool IsBoxLocked(SheetBox box) const = 0;
     virtual void SetBoxLook(SheetBox box, bool locked, bool white) = 0;
 

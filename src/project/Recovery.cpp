@@ -16,6 +16,15 @@ namespace {
 
 constexpr std::size_t kLargestFile = 16'777'216;
 
+KeptProject ReadLeft(const LeftFile& file) {
+    const std::string content = file.Read(kLargestFile);
+    try {
+        return ReadKept(content);
+    } catch (const ContentFailure& failure) {
+        throw FileFailure(file.Path() + ": " + failure.what());
+    }
+}
+
 // Whether the user wants this project back.
 bool WantsRestored() {
     return ShowMessage({"Plenair was not closed properly. Restore the project it held?", kSolverTitle,
@@ -36,11 +45,11 @@ void Restore(const ProjectWindows& windows, const KeptProject& kept) {
 bool OfferToRestore(const ProjectWindows& windows, LeftFile& file) {
     KeptProject kept;
     try {
-        kept = ReadKept(file.Read(kLargestFile));
+        kept = ReadLeft(file);
     } catch (const FileFailure& failure) {
         file.Remove();
         ShowMessage({"Plenair was not closed properly, and the project it held can't be restored.\n\n" +
-                         file.Path() + ": " + failure.what(),
+                         std::string(failure.what()),
                      kSolverTitle, MessageButtons::Ok, MessageIcon::Exclamation});
         return false;
     }

@@ -20,7 +20,7 @@ void ShowStep(const ProjectWindows& windows, const std::optional<SteppedTo>& ste
 
 void Undo(const ProjectWindows& windows) {
     if (HoldsUnstoredText(windows)) {
-        ShowDuctSheet(windows, SheetDuct(windows));
+        TakeBackTyping(windows);
     } else {
         ShowStep(windows, UndoStep());
     }
@@ -36,6 +36,7 @@ void ShowProject(const ProjectWindows& windows, std::int16_t duct, bool pressure
     SheetWindow& sheet = windows.Sheet;
     windows.Solver.SetPressureVisible(pressureShown);
     if (DuctCount == 0) {
+        PlotShowing = kFlagClear;
         ShowEmptyProject(windows);
         return;
     }

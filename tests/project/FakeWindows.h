@@ -58,8 +58,9 @@ class FakeSheet : public SheetWindow {
     std::string DuctNoCaption() const override { return caption; }
     void SetDuctNoCaption(const std::string& text) override { caption = text; }
     void SetDuctNoColour(ColourNumber) override {}
-    std::string BoxText(SheetBox box) const override { return texts.at(box); }
+    std::string BoxText(SheetBox box) const override { return texts.contains(box) ? texts.at(box) : ""; }
     void SetBoxText(SheetBox box, const std::string& text) override { texts[box] = text; }
+    bool IsBoxEdited(SheetBox) const override { return false; }
     bool IsBoxLocked(SheetBox) const override { return false; }
     void SetBoxLook(SheetBox, bool, bool) override {}
     bool FollowOnTicked() const override { return false; }

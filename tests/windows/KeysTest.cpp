@@ -1,3 +1,5 @@
+#include "platform/desktop/Clipboard.h"
+#include "platform/desktop/Desktop.h"
 #include "windows/WindowTest.h"
 
 #include "platform/text/NumberText.h"
@@ -166,6 +168,23 @@ TEST_F(Keys, ADecimalComma) {
     Enter("txtInputA", "500.5");
     Press(Qt::Key_Return);
     EXPECT_TRUE(IsBlank()) << "a point is no decimal mark here";
+}
+
+TEST_F(Keys, CopyOfTheResults) {
+    std::string copied;
+    Desktop().Copy = [&](const ClipboardContent& content) { copied = TabSeparated(content.Table); };
+    Start();
+    FillTable();
+    Press(Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(Table(), FilledTable) << "no character for the box";
+    const std::string first = "Shape\tWidth (mm)\tHeight (mm)\tDiameter (mm)\tVelocity (m/s)\tLoss (Pa/m)\n"
+                              "Rectangular\t450\t250\t\t4.74\t0.72\n";
+    EXPECT_EQ(copied.substr(0, first.size()), first);
+    EXPECT_TRUE(copied.ends_with("\nRound\t\t\t375\t4.53\t0.69\n"));
+    copied.clear();
+    Type("1");
+    Press(Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(copied, "") << "there is nothing to copy";
 }
 
 } // namespace

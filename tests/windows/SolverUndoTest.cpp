@@ -1,5 +1,8 @@
 #include "windows/SolverTest.h"
 
+#include "platform/desktop/Clipboard.h"
+
+#include <filesystem>
 #include <sstream>
 
 namespace plenair {
@@ -87,6 +90,25 @@ TEST_F(SolverUndo, DrawingTypingAndFollowOn) {
     Expect({{"z", "0 , R1 0"}});
 }
 
+// What a box shows before its duct is loaded, or after the project was cleared, was not typed.
+TEST_F(SolverUndo, TheSheetShownBeforeTheFirstDuct) {
+    OpenSheet("");
+    DrawRow("RC");
+    Expect({{"z", "0 , 1 0"}, {"y", "0 0 , C2 0"}});
+    EnterBox(8, "0.5");
+    Press(Qt::Key_Return);
+    desktop.ExpectMessage(MessageAnswer::Yes);
+    ClickOn("cmdClearGrid(2)");
+    EXPECT_EQ(SheetBox(8).Text(), "0.5");
+    DrawRow("R");
+    Expect({{"z", ", 1 0"}});
+    EnterBox(4, "7"); // goes nowhere
+    Expect({{"z", ", 1 0"}});
+    EXPECT_EQ(SheetBox(4).Text(), "0");
+    Expect({{"z", "0 0 , R1 0"}});
+    EXPECT_EQ(Duct(2).ConnCoefficient, 0.5F);
+}
+
 TEST_F(SolverUndo, LoadsSolutionsAndTheirNames) {
     OpenSheet("RR");
     for (const char* value : {"100", "200"}) {
@@ -131,6 +153,33 @@ TEST_F(SolverUndo, LoadsSolutionsAndTheirNames) {
     EXPECT_EQ(SheetTexts(), "100 0 200 5000 5 0.8 0 0");
     Expect({{"z", "100 200 plant.gsp, R2 200"}});
     EXPECT_EQ(Duct(2).LossPerMetre, 0.8);
+}
+
+TEST_F(SolverUndo, CopyAndManualByTheirKeys) {
+    std::string copied;
+    std::string opened;
+    Desktop().Copy = [&](const ClipboardContent& content) { copied = TabSeparated(content.Table); };
+    Desktop().OpenManual = [&](const std::string& path, const std::string& anchor) {
+        opened = path + "#" + anchor;
+        return true;
+    };
+    std::filesystem::create_directory(File("manual"));
+    WriteFile(File("manual/manual.html"), "");
+    OpenSolver();
+    DrawRow("R"); // the keyboard is on the grid
+    Press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(copied.substr(0, 9), "Duct\tKind");
+    Press(Qt::Key_F1);
+    EXPECT_EQ(opened, File("manual/manual.html#solver"));
+    copied.clear();
+    ClickOn("chkParam");
+    EnterBox(1, "5");
+    SheetBox(1).SelectAll();
+    Press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(copied, "") << "a text box copies what is selected in it";
+    Press(Qt::Key_F1);
+    EXPECT_EQ(opened, File("manual/manual.html#sheet"));
+    EXPECT_EQ(SheetBox(1).Text(), "5");
 }
 
 } // namespace

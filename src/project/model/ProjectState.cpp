@@ -65,7 +65,7 @@ class Reader {
 
     static void Require(bool isWhole) {
         if (!isWhole) {
-            throw FileFailure("Damaged");
+            throw ContentFailure("Damaged");
         }
     }
 

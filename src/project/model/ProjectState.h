@@ -27,7 +27,7 @@ struct KeptProject {
 
 std::string KeptContent(const ProjectState& state, const std::string& folder);
 
-// Reads it back. Throws FileFailure where it isn't whole.
+// Reads it back. Throws ContentFailure where it isn't whole.
 KeptProject ReadKept(std::string_view content);
 
 } // namespace plenair

@@ -38,6 +38,7 @@ class frmMajorParam : public Form, public SheetWindow {
     void SetDuctNoColour(ColourNumber colour) override;
     std::string BoxText(SheetBox box) const override { return TxtParam(box)->Text(); }
     void SetBoxText(SheetBox box, const std::string& text) override { TxtParam(box)->SetText(text); }
+    bool IsBoxEdited(SheetBox box) const override { return TxtParam(box)->isModified(); }
     bool IsBoxLocked(SheetBox box) const override { return TxtParam(box)->isReadOnly(); }
     void SetBoxLook(SheetBox box, bool locked, bool white) override;
     bool FollowOnTicked() const override { return chkFollowOn->isChecked(); }
