@@ -39,10 +39,8 @@ bool Concerns(int descriptor) {
 }
 
 void End() {
-    for (std::size_t i = 0; s_fault == kPowerCut && i < s_files.size(); ++i) {
-        if (s_files[i].isDirty) {
-            [[maybe_unused]] const int lost = ftruncate(static_cast<int>(i), 0);
-        }
+    if (s_fault == kPowerCut) {
+        LoseWhatIsNotOnTheDisk();
     }
     raise(SIGKILL);
 }
@@ -113,6 +111,14 @@ void ArmFault(const char* folder, long call, int fault) {
     s_seen = 0;
 }
 
+void LoseWhatIsNotOnTheDisk() {
+    for (std::size_t i = 0; i < s_files.size(); ++i) {
+        if (s_files[i].isDirty) {
+            [[maybe_unused]] const int lost = ftruncate(static_cast<int>(i), 0);
+        }
+    }
+}
+
 long DisarmFault() {
     s_folder = nullptr;
     return s_seen;
@@ -156,7 +162,7 @@ int close(int file) {
     static int (*s_next)(int) = nullptr;
     const bool fails = Fails(file);
     const int error = errno;
-    if (Concerns(file) && FileOf(file)->isDirty) {
+    if (s_fault == kPowerCut && Concerns(file) && FileOf(file)->isDirty) {
         FileOf(fcntl(file, F_DUPFD_CLOEXEC, 512))->isDirty = true; // for the power cut
     }
     Opened(file, nullptr);

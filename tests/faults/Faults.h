@@ -16,4 +16,7 @@ enum Fault {
 extern "C" {
 void ArmFault(const char* folder, long call, int fault);
 long DisarmFault(); // gives the calls seen since
+
+// What a power cut does to the files that are or were open.
+void LoseWhatIsNotOnTheDisk();
 }

@@ -172,6 +172,9 @@ void FaultsTest::Kill(const Operation& operation, int fault) {
         if (child == 0) {
             ArmFault(Folder().c_str(), call, fault);
             operation.Run();
+            if (fault == kPowerCut) {
+                LoseWhatIsNotOnTheDisk();
+            }
             _exit(0);
         }
         int status = 0;
