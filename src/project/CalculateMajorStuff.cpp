@@ -117,6 +117,7 @@ void SolveDucts(const ProjectWindows& windows) {
         sheet.SetScrollValue(number);
         ShowDuctSheet(windows, duct);
         sheet.Repaint();
+        windows.Solver.Repaint();
         if (TypeOf(colour) == ElementType::Connection) {
             continue;
         }

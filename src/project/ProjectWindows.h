@@ -24,6 +24,8 @@ class SolverWindow {
     // size.
     virtual void LayOut() = 0;
 
+    virtual void Repaint() = 0; // at once, but not more often than can be followed
+
     // What picGrid shows.
     virtual GridPicture& PicGrid() = 0;
 

@@ -18,6 +18,7 @@ class FakeSolver : public SolverWindow {
   public:
     FakeSolver() { dialog.CancelError = true; }
 
+    void Repaint() override {}
     void LayOut() override { picGrid.SetSize({width, height}); }
     GridPicture& PicGrid() override { return picGrid; }
     ColourNumber BackColour() const override { return 15790320; }

@@ -151,6 +151,13 @@ void Form::CorrectFirstPosition() {
     }
 }
 
+void Form::RepaintAtMostEvery(int milliseconds) {
+    if (!m_sincePainted.isValid() || m_sincePainted.hasExpired(milliseconds)) {
+        repaint();
+        m_sincePainted.start();
+    }
+}
+
 void Form::ShowModal() {
     const QPointer<QWidget> owner = WindowInUse();
     setWindowModality(Qt::ApplicationModal);

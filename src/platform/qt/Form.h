@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QKeySequence>
 #include <QList>
 #include <QWidget>
@@ -52,6 +53,10 @@ class Form : public QWidget {
     QShortcut* AddKeys(const QList<QKeySequence>& keys, const std::function<void()>& action);
     bool HasKey(const QKeySequence& key) const { return m_keys.contains(key); }
 
+    // Paints the whole window at once, unless this did so less than `milliseconds` ago: then a change waits
+    // for the next time, or for the loop of events.
+    void RepaintAtMostEvery(int milliseconds);
+
     // A control of this window gets the focus from one of another window; runs before that control's own.
     std::function<void()> GotFocus;
 
@@ -98,6 +103,7 @@ class Form : public QWidget {
     std::optional<Spot> m_firstSpot; // asked for before the window was on the screen
     bool m_seen = false;
     bool m_corrected = false;
+    QElapsedTimer m_sincePainted; // by RepaintAtMostEvery
 };
 
 } // namespace plenair

@@ -118,6 +118,12 @@ void frmMajorCalc::LayOut() {
     Place(picGrid, kGridLeft, kGridTop, m_picture.Size().Width, m_picture.Size().Height);
 }
 
+void frmMajorCalc::Repaint() {
+    // It is large. More often the eye would not follow the green line, nor the run be as fast.
+    constexpr int kNow = 50; // ms
+    RepaintAtMostEvery(kNow);
+}
+
 ColourNumber frmMajorCalc::BackColour() const {
     // The grid is white under any theme; lines in the colour of a dark one would outshine the network.
     const QColor background = palette().color(QPalette::Window);

@@ -34,6 +34,7 @@ class frmMajorCalc : public Form, public SolverWindow {
     std::function<void()> CloseSolver = [] {};
 
     void LayOut() override;
+    void Repaint() override;
     GridPicture& PicGrid() override { return m_picture; }
     ColourNumber BackColour() const override;
     bool LabelsTicked() const override { return chkLabels->IsOn(); }

@@ -22,7 +22,7 @@ namespace {
 
 constexpr double kWidth = 2880;
 constexpr double kHeight = 3165;
-constexpr qint64 kFrame = 17; // ms, of a usual screen
+constexpr int kFrame = 17; // ms, of a usual screen
 
 // Blue, as far as it can be read on that background.
 QColor BlueOn(const QColor& background) {
@@ -115,11 +115,7 @@ void frmMajorParam::Show() {
 }
 
 void frmMajorParam::Repaint() {
-    // What isn't painted now is noted as changed, and so is painted with what comes next.
-    if (!m_sincePainted.isValid() || m_sincePainted.hasExpired(kFrame)) {
-        repaint();
-        m_sincePainted.start();
-    }
+    RepaintAtMostEvery(kFrame);
 }
 
 std::string frmMajorParam::DuctNoCaption() const {

@@ -5,8 +5,6 @@
 #include "platform/qt/TextBox.h"
 #include "project/ProjectWindows.h"
 
-#include <QElapsedTimer>
-
 #include <array>
 #include <memory>
 #include <optional>
@@ -61,7 +59,6 @@ class frmMajorParam : public Form, public SheetWindow {
     ScrollBar* scrDuctNo = nullptr;
     std::array<TextBox*, kSheetRows.size()> txtParam = {};
     CheckBox* chkFollowOn = nullptr;
-    QElapsedTimer m_sincePainted; // by Repaint
 };
 
 } // namespace plenair
