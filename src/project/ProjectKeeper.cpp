@@ -33,9 +33,9 @@ bool s_told = false;
 
 void TellOnce(const std::string& reason) {
     if (!std::exchange(s_told, true)) {
-        ShowMessage(
-            {"The project can't be kept for the case of a crash.\n\n" + reason + "\n\nEverything else works.",
-             kSolverTitle, MessageButtons::Ok, MessageIcon::Exclamation});
+        ShowMessage({"The project can't be kept against a crash or a power cut.\n\n" + reason +
+                         "\n\nNothing else is affected.",
+                     kSolverTitle, MessageButtons::Ok, MessageIcon::Exclamation});
     }
 }
 

@@ -1,6 +1,7 @@
 #include "project/Recovery.h"
 
 #include "core/Settings.h"
+#include "platform/desktop/Desktop.h"
 #include "platform/desktop/MessageBox.h"
 #include "platform/files/OwnedFile.h"
 #include "platform/files/ProgramFolder.h"
@@ -9,6 +10,8 @@
 #include "project/model/History.h"
 
 #include <filesystem>
+#include <memory>
+#include <utility>
 
 namespace plenair {
 
@@ -41,6 +44,12 @@ void Restore(const ProjectWindows& windows, const KeptProject& kept) {
     ShowProject(windows, 1, kept.State.PressureShown);
 }
 
+// When the program waits for its user again: one that is told to end takes every question for answered with
+// No.
+void DiscardLater(LeftFile file) {
+    RunLater(0, [left = std::make_shared<LeftFile>(std::move(file))] { left->Remove(); });
+}
+
 // Gives whether the project of this file has become the project.
 bool OfferToRestore(const ProjectWindows& windows, LeftFile& file) {
     KeptProject kept;
@@ -54,7 +63,7 @@ bool OfferToRestore(const ProjectWindows& windows, LeftFile& file) {
         return false;
     }
     if (!WantsRestored()) {
-        file.Remove();
+        DiscardLater(std::move(file));
         return false;
     }
     Restore(windows, kept);
