@@ -39,7 +39,8 @@ class Work : public DesktopTest {
         std::error_code none;
         const std::string bits(reinterpret_cast<const char*>(&number), sizeof number);
         for (const auto& entry : std::filesystem::directory_iterator(File("state/plenair"), none)) {
-            if (ReadFile(entry.path().string()).find(bits) != std::string::npos) {
+            if (entry.path().extension() == ".recovery" &&
+                ReadFile(entry.path().string()).find(bits) != std::string::npos) {
                 return true;
             }
         }
