@@ -149,6 +149,29 @@ BENCHMARK(BenchMesh)
     ->Iterations(1)
     ->Unit(benchmark::kMillisecond);
 
+// Far from practice: the longest tables of some hundred thousand random ones, and one that is easy to type.
+void BenchExtreme(benchmark::State& state, double flow, double height, const char* loss, const char* velocity,
+                  double roughness) {
+    Settings = SettingsRecord();
+    Settings.SurfaceRoughness1 = roughness;
+    LiteArrays view;
+    view.boxes[0] = view.boxes[2] = loss;
+    view.boxes[9] = velocity;
+    for (auto _ : state) {
+        CalculateBasis(view, flow, height, 1, *velocity == 0 ? 0 : 2);
+    }
+    Settings = SettingsRecord();
+}
+BENCHMARK_CAPTURE(BenchExtreme, huge flow and cap, 1E9, 350, "0.8", "4999", 0.00015)
+    ->Name("Huge flow and cap")
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BenchExtreme, caps, 19226.7, 164.305, "0.0461675", "4674.46", 3075.66)
+    ->Name("Longest table within caps")
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BenchExtreme, loss, 30138.5, 469.699, "14363.6", "", 2.0388)
+    ->Name("Longest table for a loss")
+    ->Unit(benchmark::kMillisecond);
+
 } // namespace
 } // namespace plenair
 

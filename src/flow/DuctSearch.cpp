@@ -29,7 +29,7 @@ namespace {
 constexpr int kMostSteps = 500000;
 constexpr int kDiameterPasses = 10000; // for one working value
 constexpr int kMostPasses = 5000000;   // some seconds at most; a usual step takes two to five
-constexpr int kPassesOfAPulse = 1000;
+constexpr int kPassesOfAPulse = 1024;
 constexpr double kStep = 0.01;
 constexpr double kLastChange = 1E-5;    // at most, of a friction factor that has settled
 constexpr double kFarStart = 1E+50;     // of a width, where the height says nothing about it

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <cstddef>
 #include <system_error>
 
@@ -13,7 +14,8 @@ namespace plenair {
 
 namespace {
 
-constexpr std::size_t kPiece = 262'144; // bytes
+constexpr std::size_t kPiece = 131'072; // bytes
+constexpr double kLong = 0.25;          // s, of a whole file
 
 void WritePiece(const Descriptor& file, const std::string& path, std::string_view piece) {
     while (!piece.empty()) {
@@ -24,6 +26,14 @@ void WritePiece(const Descriptor& file, const std::string& path, std::string_vie
             Fail(path, count == 0 ? EIO : errno);
         }
     }
+}
+
+// Gives how long it took, in s. No more than a hint to the system, which may do nothing.
+double WaitForTheDisk(const Descriptor& file, std::size_t from, std::size_t size) {
+    const auto start = std::chrono::steady_clock::now();
+    ::sync_file_range(file.Number(), static_cast<off64_t>(from), static_cast<off64_t>(size),
+                      SYNC_FILE_RANGE_WRITE | SYNC_FILE_RANGE_WAIT_AFTER);
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
 } // namespace
@@ -53,17 +63,15 @@ void WriteAll(const Descriptor& file, const std::string& path, std::string_view 
         }
     };
     tell(0);
-    for (std::size_t done = 0; done < content.size();) {
-        const std::size_t piece = std::min(content.size() - done, kPiece);
-        WritePiece(file, path, content.substr(done, piece));
-        done += piece;
-        if (piece == kPiece) {
-            // Waits for the piece before and sends this one; no more than a hint, which may fail.
-            ::sync_file_range(file.Number(), 0, static_cast<off64_t>(done - piece),
-                              SYNC_FILE_RANGE_WAIT_BEFORE);
-            ::sync_file_range(file.Number(), 0, static_cast<off64_t>(done), SYNC_FILE_RANGE_WRITE);
+    bool isSlow = content.size() > kPiece; // until the first piece shows it
+    for (std::size_t from = 0; from < content.size(); from += kPiece) {
+        const std::string_view piece = content.substr(from, kPiece);
+        WritePiece(file, path, piece);
+        if (isSlow) {
+            isSlow = WaitForTheDisk(file, from, piece.size()) * static_cast<double>(content.size()) >
+                     kLong * static_cast<double>(piece.size());
         }
-        tell(done);
+        tell(from + piece.size());
     }
 }
 

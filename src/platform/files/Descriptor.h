@@ -40,9 +40,8 @@ class Descriptor {
     int m_number;
 };
 
-// Writes all of `content`, a large one in pieces that are on their way to the disk before the next is
-// written: else a slow disk would only be felt at the end, all at once. Throws a FileFailure that names
-// `path`.
+// Writes all of `content`. Where the first piece of a large one shows that the disk is slow, each is waited
+// for: else that would only be felt at the end, all at once. Throws a FileFailure that names `path`.
 void WriteAll(const Descriptor& file, const std::string& path, std::string_view content,
               const FileProgress& progress = {});
 

@@ -2,6 +2,7 @@
 
 #include "platform/files/Descriptor.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstddef>
@@ -30,20 +31,43 @@ struct ItemReader::State {
 
     static constexpr int kEnd = -1;
 
-    int Peek(); // the next byte, or End
+    int Peek() { // the next byte, or End
+        if (m_next == m_filled) {
+            Fill();
+        }
+        return m_next < m_filled ? static_cast<unsigned char>(m_buffer[m_next]) : kEnd;
+    }
     void Skip() { ++m_next; }
     bool SkipIf(char byte);
     void SkipBlanks();
     void SkipSeparator();
     void FailAtEnd();
     [[noreturn]] void FailAsTooLong() const { throw ContentFailure(Path + ": Item too long"); }
-    void Append(std::string& item);
+
+    // Moves the bytes up to the first that `ends` the item, or to the end of the file, into `item`.
+    template <typename Ends>
+    void AppendUntil(Ends ends, std::string& item) {
+        bool ended = false;
+        while (!ended && Peek() != kEnd) {
+            const char* from = m_buffer.data() + m_next;
+            const char* filled = m_buffer.data() + m_filled;
+            const char* end = std::find_if(from, filled, ends);
+            item.append(from, end);
+            if (item.size() > kLongestItem) {
+                FailAsTooLong();
+            }
+            m_next += static_cast<std::size_t>(end - from);
+            ended = end != filled;
+        }
+    }
+
     std::uint64_t Position() const { return m_readSoFar - (m_filled - m_next); }
 
     const std::string Path;
     const Quotes Inner;
 
   private:
+    void Fill();
     void TellProgress() const;
 
     const FileProgress m_progress;
@@ -74,21 +98,18 @@ void ItemReader::State::TellProgress() const {
     }
 }
 
-int ItemReader::State::Peek() {
-    if (m_next == m_filled) {
-        ssize_t count = -1;
-        do {
-            count = ::read(m_file.Number(), m_buffer.data(), m_buffer.size());
-        } while (count < 0 && errno == EINTR);
-        if (count < 0) {
-            Fail(Path, errno);
-        }
-        m_next = 0;
-        m_filled = static_cast<std::size_t>(count);
-        m_readSoFar += m_filled;
-        TellProgress();
+void ItemReader::State::Fill() {
+    ssize_t count = -1;
+    do {
+        count = ::read(m_file.Number(), m_buffer.data(), m_buffer.size());
+    } while (count < 0 && errno == EINTR);
+    if (count < 0) {
+        Fail(Path, errno);
     }
-    return m_next < m_filled ? static_cast<unsigned char>(m_buffer[m_next]) : kEnd;
+    m_next = 0;
+    m_filled = static_cast<std::size_t>(count);
+    m_readSoFar += m_filled;
+    TellProgress();
 }
 
 bool ItemReader::State::SkipIf(char byte) {
@@ -124,15 +145,6 @@ void ItemReader::State::FailAtEnd() {
     }
 }
 
-// Moves the next byte to the end of `item`.
-void ItemReader::State::Append(std::string& item) {
-    if (item.size() == kLongestItem) {
-        FailAsTooLong();
-    }
-    item.push_back(static_cast<char>(Peek()));
-    Skip();
-}
-
 ItemReader::ItemReader(const std::string& path, Quotes quotes, FileProgress progress)
     : m_state(std::make_unique<State>(path, quotes, std::move(progress))) {}
 
@@ -152,18 +164,14 @@ std::string ItemReader::ReadText() {
     state.SkipBlanks();
     std::string item;
     if (state.SkipIf('"')) {
-        const bool doubled = state.Inner == Quotes::Doubled;
-        while (state.Peek() != State::kEnd) {
-            // Of two quotes that stand for one, the second is still there to be appended.
-            if (state.SkipIf('"') && !(doubled && state.Peek() == '"')) {
-                break;
-            }
-            state.Append(item);
+        const auto isQuote = [](char byte) { return byte == '"'; };
+        state.AppendUntil(isQuote, item);
+        while (state.SkipIf('"') && state.Inner == Quotes::Doubled && state.SkipIf('"')) {
+            item += '"'; // two quotes stand for one
+            state.AppendUntil(isQuote, item);
         }
     } else {
-        while (state.Peek() != State::kEnd && state.Peek() != ',' && !EndsLine(state.Peek())) {
-            state.Append(item);
-        }
+        state.AppendUntil([](char byte) { return byte == ',' || EndsLine(byte); }, item);
         item.erase(item.find_last_not_of(" \t") + 1);
     }
     state.SkipSeparator();
@@ -175,10 +183,7 @@ std::string ItemReader::ReadNumberText() {
     state.FailAtEnd();
     state.SkipBlanks();
     std::string item;
-    for (int byte = state.Peek(); byte != State::kEnd && byte != ',' && !IsBlank(byte) && !EndsLine(byte);
-         byte = state.Peek()) {
-        state.Append(item);
-    }
+    state.AppendUntil([](char byte) { return byte == ',' || IsBlank(byte) || EndsLine(byte); }, item);
     state.SkipSeparator();
     return item;
 }

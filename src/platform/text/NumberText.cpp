@@ -165,6 +165,14 @@ bool IsTooLarge(std::string_view plain) {
 
 template <typename Number>
 std::optional<Number> ToNumber(std::string_view text, Mark mark) {
+    if (mark == Mark::Point && text.find_first_not_of("0123456789.") == std::string_view::npos) {
+        // Nearly all that a file holds.
+        Number value = 0;
+        const auto parsed = std::from_chars(text.data(), text.data() + text.size(), value);
+        if (parsed.ec == std::errc() && parsed.ptr == text.data() + text.size()) {
+            return value;
+        }
+    }
     std::string plain;
     if (!MakePlain(text, LocaleOf(mark), plain)) {
         return std::nullopt;
@@ -246,6 +254,9 @@ std::string PlainForm(const Decimal& decimal, std::string_view mark) {
 
 template <typename Number>
 std::string Shortest(Number value, Mark mark) {
+    if (std::abs(value) < Number{1'000'000} && value == std::trunc(value)) {
+        return std::to_string(static_cast<int>(value)); // as sizes and flows mostly are
+    }
     constexpr int kMostDigits = std::is_same_v<Number, float> ? 7 : 15;
     Decimal decimal = ToDecimal(value, kMostDigits);
     decimal.Digits.erase(std::max<std::size_t>(decimal.Digits.find_last_not_of('0') + 1, 1));
