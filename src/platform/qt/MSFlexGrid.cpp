@@ -5,6 +5,7 @@
 #include "platform/qt/Twips.h"
 
 #include <QAccessible>
+#include <QFontMetricsF>
 #include <QPainter>
 
 #include <stdexcept>
@@ -81,6 +82,7 @@ void MSFlexGrid::paintEvent(QPaintEvent*) {
     const bool strong = NeedsStrongLines(palette());
     QColor lines = palette().color(strong ? QPalette::Mid : QPalette::Text);
     lines.setAlphaF(strong ? 1 : 0.2F);
+    const QFontMetricsF metrics(font());
     for (int row = 0; row < m_rows; ++row) {
         double left = 0;
         for (int column = 0; column < m_columns; ++column) {
@@ -100,10 +102,14 @@ void MSFlexGrid::paintEvent(QPaintEvent*) {
                 alignment == 4 ? Qt::AlignHCenter : (alignment == 7 ? Qt::AlignRight : Qt::AlignLeft);
             const QRect room = cell.adjusted(1, 0, -1, -1);
             const QString text = ToQt(TextMatrix(row, column));
+            if (text.isEmpty()) {
+                continue;
+            }
+            const bool fits = metrics.horizontalAdvance(text) <= room.width();
             painter.setPen(palette().color(QPalette::Text));
-            painter.setFont(FontThatFits(font(), text, room.width()));
+            painter.setFont(fits ? font() : FontThatFits(font(), text, room.width()));
             painter.drawText(room, horizontal | int{Qt::AlignVCenter},
-                             TextThatFits(painter.font(), text, room.width()));
+                             fits ? text : TextThatFits(painter.font(), text, room.width()));
         }
     }
     lines.setAlphaF(strong ? 1 : 0.45F);
