@@ -28,7 +28,7 @@ namespace {
 
 constexpr int kMostSteps = 500000;
 constexpr int kDiameterPasses = 10000; // for one working value
-constexpr int kMostPasses = 5000000;   // some seconds at most; a usual step takes two to five
+constexpr int kMostPasses = 5000000;   // a second or so; a usual step takes two to five
 constexpr int kPassesOfAPulse = 1024;
 constexpr double kStep = 0.01;
 constexpr double kLastChange = 1E-5;    // at most, of a friction factor that has settled
@@ -193,6 +193,9 @@ double Stepped(double value, double step, int count) {
     while (count > 0) {
         const double next = value + step;
         const double moved = next - value;
+        if (moved == 0.0) {
+            return value; // too large to feel a step
+        }
         const double power = std::exp2(std::ilogb(value));
         const double room = moved > 0 ? 2 * power - value : value - power;
         const int alike = static_cast<int>(std::min(room / std::fabs(moved) - 1, 1.0 * count));
@@ -232,6 +235,8 @@ double Shortness(Search& probe, double working) {
 // By halving, and first around where that ends if the loss goes with a power of the working value.
 int StepsClearlyShort(Search probe, double working, int least, int most) {
     constexpr int kGuesses = 8;
+    static const SearchPulse kNoPulse;
+    probe.Pulse = &kNoPulse; // what it throws would pass for a step that can't be calculated
     const double power = probe.Kind == Working::Loss ? 1 : -1 / 2.4;
     const auto shortness = [&](int steps) {
         return Shortness(probe, Stepped(working, StepOf(probe), steps));
@@ -255,8 +260,8 @@ int StepsClearlyShort(Search probe, double working, int least, int most) {
     return clear;
 }
 
-// The walk after `steps` steps up to the working value `end`, if it is certain: see above. `search` is any
-// walk.
+// The walk `steps` steps on from the working value `from`, if it is certain how it stands there: see above.
+// `search` is any walk.
 std::optional<Search> RunUpTo(Search search, double from, int steps) {
     Settle(search, from - StepOf(search));
     const int passesBefore = search.Passes;
