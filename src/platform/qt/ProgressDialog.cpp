@@ -1,6 +1,7 @@
 #include "platform/qt/ProgressDialog.h"
 
 #include "platform/qt/FocusEvents.h"
+#include "platform/qt/FormFont.h"
 #include "platform/qt/Twips.h"
 
 #include <QElapsedTimer>
@@ -19,6 +20,7 @@ class ShownProgress {
   public:
     explicit ShownProgress(const ProgressRequest& request)
         : m_dialog(ToQt(request.Text), QProgressDialog::tr("Cancel"), 0, request.Steps, WindowInUse()) {
+        m_dialog.setFont(FormFont());
         m_dialog.setWindowTitle(ToQt(request.Title));
         m_dialog.setWindowModality(Qt::ApplicationModal);
         m_dialog.setMinimumDuration(kShownAfter);
