@@ -12,6 +12,7 @@
 #include "platform/files/WholeFiles.h"
 #include "platform/text/DateText.h"
 #include "platform/text/NumberText.h"
+#include "platform/text/Utf8.h"
 
 #include <limits>
 
@@ -107,7 +108,8 @@ void RecordLog(LiteWindow& window) {
         return;
     }
     try {
-        RewriteFile(dialog.FileName, LogText(), ShowFileProgress("Saving " + dialog.FileTitle, "Record Log"));
+        RewriteFile(dialog.FileName, LogText(),
+                    ShowFileProgress("Saving " + Shortened(dialog.FileTitle), "Record Log"));
     } catch (const DialogCancelled&) {
         return;
     } catch (const FileFailure&) {

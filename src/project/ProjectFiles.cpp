@@ -68,7 +68,8 @@ bool ReadChosenFile(const ProjectWindows& windows) {
         CommonDialog& dialog = SetUpDialog(windows, kPathMustExist, "");
         dialog.ShowOpen();
         ProjectName = dialog.FileTitle;
-        ReadProjectText(dialog.FileName, ShowFileProgress("Opening " + ProjectName, "Load Project"));
+        ReadProjectText(dialog.FileName,
+                        ShowFileProgress("Opening " + Shortened(ProjectName), "Load Project"));
         return true;
     } catch (const DialogCancelled&) {
         StartReading(); // without what has been read so far
@@ -86,7 +87,8 @@ bool SaveProject(const ProjectWindows& windows) {
         ChooseFileToSave(dialog);
         ProjectName = dialog.FileTitle;
         NoteSaved();
-        WriteWholeFile(dialog.FileName, ProjectText(), ShowFileProgress("Saving " + ProjectName, "Save"));
+        WriteWholeFile(dialog.FileName, ProjectText(),
+                       ShowFileProgress("Saving " + Shortened(ProjectName), "Save"));
     } catch (const DialogCancelled&) {
         return false;
     } catch (const FileFailure&) {
