@@ -13,7 +13,7 @@ Press() {
     ClickTwips "$1" 50 "$2" 400
 }
 
-readonly solver_rigid=2625 solver_flexible=3255 solver_connection=3885
+solver_rigid=2625 solver_flexible=3255 solver_connection=3885
 
 SolverIsNotActive() {
     [[ $(xdotool getactivewindow 2>/dev/null) != "$solver_window" ]]
