@@ -16,7 +16,17 @@ class Work : public DesktopTest {
         for (const int x : {100, 200, 300}) {
             ClickAt("picGrid", x, 100);
         }
-        Click("chkParam");
+        ShowSheet();
+    }
+
+    // A window that the desktop is still putting in its place loses a click.
+    void ShowSheet() {
+        AwaitThat("the sheet is wanted", [this] {
+            if (Ask("checked chkParam") != "true") {
+                Click("chkParam");
+            }
+            return Ask("checked chkParam") == "true";
+        });
         Await("active", "frmMajorParam");
     }
 
@@ -88,8 +98,7 @@ TEST_F(Work, AfterACrashTheProjectIsBack) {
     EXPECT_EQ(Ask("text QMessageBox"), "Plenair was not closed properly. Restore the project it held?");
     Click("Yes");
     Await("active", "frmMajorCalc");
-    Click("chkParam");
-    Await("active", "frmMajorParam");
+    ShowSheet();
     Expect("R1", "123");
     Click("cmdClose");
     Click("No");
@@ -97,24 +106,41 @@ TEST_F(Work, AfterACrashTheProjectIsBack) {
     EXPECT_TRUE(std::filesystem::is_empty(File("state/plenair")));
 }
 
-TEST_F(Work, ATablePasted) {
+TEST_F(Work, TablesPastedAndTheManualOpened) {
+    WriteFile(File("x-www-browser"), "#!/bin/sh\necho \"$1\" >\"$HOME/opened\"\n");
+    std::filesystem::permissions(File("x-www-browser"), std::filesystem::perms::owner_all);
+    std::filesystem::create_directory(File("manual"));
+    WriteFile(File("manual/manual.html"), "");
+    const auto awaitPasted = [this](const std::string& form, const std::string& part) {
+        AwaitThat(part + " in " + form,
+                  [&] { return TheScreen().Pasted(form).find(part) != std::string::npos; });
+    };
     DrawTwo();
     Store("100.5");
+    Keys("F1");
+    AwaitThat("the browser is started",
+              [this] { return ReadFile(File("opened")) == "file://" + File("manual/manual.html#sheet\n"); });
     Click("optDuct(0)");
     Await("active", "frmMajorCalc");
     Keys("Control+c");
-    AwaitThat("the table is there", [] {
-        return TheScreen().Pasted("UTF8_STRING").ends_with("\nR2\tRigid\t100.5\t0\t0\t0\t0\t0\t0\t0\n");
-    });
-    EXPECT_NE(TheScreen().Pasted("text/html").find("<td align=\"right\">100.5</td>"), std::string::npos);
-    EXPECT_NE(TheScreen().Pasted("image/svg+xml").find(">R2</text>"), std::string::npos);
-    EXPECT_EQ(TheScreen().Pasted("image/png").substr(1, 3), "PNG");
-    // In a box it is the box's own.
+    awaitPasted("UTF8_STRING", "\nR2\tRigid\t100.5\t0\t0\t0\t0\t0\t0\t0\n");
+    awaitPasted("text/html", "<td align=\"right\">100.5</td>");
+    awaitPasted("image/svg+xml", ">R2</text>");
+    awaitPasted("image/png", "PNG");
     Click("txtParam(1)");
     Await("active", "frmMajorParam");
     Await("selected", "txtParam(1) 100.5");
-    Keys("Control+c");
+    Keys("Control+c"); // in a box it is the box's own
     AwaitThat("the text is there", [] { return TheScreen().Pasted("UTF8_STRING") == "100.5"; });
+    Click("cmdClose");
+    Click("No");
+    Await("active", "frmMinorCalc");
+    Keys("Alt+h");
+    Type("300");
+    Keys("Tab");
+    Type("500");
+    Keys("Return Control+Shift+c");
+    awaitPasted("UTF8_STRING", "\nRound\t\t\t375\t4.53\t0.69\n");
 }
 
 } // namespace

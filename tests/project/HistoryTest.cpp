@@ -11,22 +11,6 @@
 namespace plenair {
 namespace {
 
-struct State {
-    std::vector<DuctBits> Elements;
-    std::int16_t Count;
-    Flag WasSolved;
-    std::string Name;
-    bool operator==(const State&) const = default;
-};
-
-State Now() {
-    State state{{}, DuctCount, Solved, ProjectName};
-    for (const DuctRecord& duct : Ducts) {
-        state.Elements.push_back(BitsOf(duct));
-    }
-    return state;
-}
-
 void Fill(int ducts, const std::function<double(int)>& flow) {
     DuctCount = static_cast<std::int16_t>(ducts);
     FitDucts();
@@ -72,7 +56,7 @@ TEST(History, EveryStateComesBackBitForBit) {
         [] {}};
     StartProject();
     StartHistory();
-    std::vector<State> states{Now()};
+    std::vector<ProjectState> states{NotedState()};
     std::size_t at = 0;
     for (int turn = 0; turn < 3000; ++turn) {
         if (const int way = below(3); way == 0) {
@@ -83,42 +67,16 @@ TEST(History, EveryStateComesBackBitForBit) {
             at += at + 1 < states.size() ? 1U : 0U;
         } else {
             actions[static_cast<std::size_t>(below(7))]();
-            const bool changed = Now() != states[at];
-            EXPECT_EQ(NoteStep(false), changed);
+            const bool changed = NoteStep(false);
+            EXPECT_EQ(changed, NotedState() != states[at]);
             if (changed) {
                 states.resize(++at);
-                states.push_back(Now());
+                states.push_back(NotedState());
             }
         }
-        ASSERT_EQ(Now(), states[at]) << "turn " << turn;
+        ASSERT_TRUE(NotedState() == states[at]) << "turn " << turn;
     }
     EXPECT_GT(states.size(), 50U);
-}
-
-TEST(History, NamesTheFirstDuctThatChangedAndTheButton) {
-    StartProject();
-    Fill(5, [](int) { return 1; });
-    StartHistory(false);
-    Duct(2).Flow = 7;
-    FollowOn(2, SheetBox::Flow);
-    NoteStep(false);
-    ClearProject();
-    NoteStep(true); // as if a solution had shown it in between
-    AddDuct({0, 0}, {1, 1}, {40, 30});
-    ProjectName = "saved.gsp";
-    NoteName();
-    NoteStep(true);
-    EXPECT_EQ(UndoStep()->Duct, 0) << "the drawn one is gone";
-    EXPECT_EQ(ProjectName, "saved.gsp") << "a save is no step";
-    const auto cleared = UndoStep();
-    EXPECT_EQ(cleared->Duct, 1);
-    EXPECT_FALSE(cleared->PressureShown);
-    EXPECT_EQ(UndoStep()->Duct, 2);
-    EXPECT_EQ(RedoStep()->Duct, 2);
-    EXPECT_TRUE(RedoStep()->PressureShown);
-    EXPECT_EQ(ProjectName, "saved.gsp") << "the name that it had on that side";
-    StartHistory();
-    EXPECT_FALSE(UndoStep() || RedoStep());
 }
 
 // A thousand steps of the largest project stay within their bounds, and so does what can't be packed.
@@ -158,7 +116,7 @@ TEST(History, TheLargestProject) {
         StartProject();
         Fill(kMostDucts, anything);
         StartHistory();
-        const State start = Now();
+        const ProjectState start = NotedState();
         std::size_t bytesOfFirst = 0;
         for (int step = 0; step < kSteps; ++step) {
             row.Action(step);
@@ -174,7 +132,7 @@ TEST(History, TheLargestProject) {
         }
         EXPECT_EQ(undone == kSteps, row.Packs) << undone;
         EXPECT_GT(undone, 5);
-        EXPECT_EQ(Now() == start, row.Packs);
+        EXPECT_EQ(NotedState() == start, row.Packs);
     }
     StartProject();
     StartHistory();

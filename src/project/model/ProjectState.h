@@ -14,6 +14,8 @@ struct ProjectState {
     bool IsSolved = false;
     bool PressureShown = false; // the button of the pressures
     std::string Name;           // ProjectName
+
+    bool operator==(const ProjectState&) const = default;
 };
 
 // Makes it the project in memory.
