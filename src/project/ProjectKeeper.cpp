@@ -120,7 +120,14 @@ void NoteSaved() {
 }
 
 bool KeepAtOnce() {
-    return s_keeper != nullptr && WriteOrReason(s_keeper->File, ContentNow()).empty();
+    if (s_keeper == nullptr) {
+        return false;
+    }
+    if (s_keeper->Write.valid()) {
+        s_keeper->Write.wait();
+    }
+    s_keeper->HasChanged = false;
+    return WriteOrReason(s_keeper->File, ContentNow()).empty();
 }
 
 void KeepProject() {

@@ -24,7 +24,7 @@ void NoteSaved();
 // state before it, by a thread of its own, so that nobody waits for the disk.
 void KeepProject();
 
-// Writes it now. False where it can't be written.
+// Writes it now. False where it can't be written, or nothing is kept.
 bool KeepAtOnce();
 
 // The solver closes as its user wants it: nothing is left behind.

@@ -48,6 +48,7 @@ void UnloadProjectSolver() {
     }
     s_solver = nullptr;
     s_sheet = nullptr;
+    KeepAtOnce(); // where the program ends with the solver open
     LeaveKept();
     EndHistory();
 }
