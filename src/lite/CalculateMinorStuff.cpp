@@ -9,6 +9,7 @@
 #include "flow/GeneralCalcs.h"
 #include "flow/Sizing.h"
 #include "flow/Units.h"
+#include "lite/Bases.h"
 #include "lite/ResultGrids.h"
 #include "platform/desktop/MessageBox.h"
 #include "platform/desktop/Progress.h"
@@ -29,20 +30,19 @@ void Attempt(Step step) {
 }
 
 void RunBasis(LiteWindow& window, double inputA, double inputB, double value, std::int16_t basis) {
-    switch (basis) {
-    case 0:
+    switch (static_cast<Basis>(basis)) {
+    case Basis::LossPerMetre:
         return CalcLossPerMetre(window, inputA, inputB);
-    case 1:
+    case Basis::Velocity:
         return CalcVelocity(window, inputA, inputB);
-    case 2:
+    case Basis::Capped:
         return CalcCapped(window, inputA, inputB);
-    case 3:
+    case Basis::AnalyseFlow:
         return CalcAnalyseFlow(window, inputA, inputB, value);
-    case 4:
+    case Basis::AnalyseVelocity:
         return CalcAnalyseVelocity(window, inputA, inputB, value);
-    default:
-        ShowMessage({"Error in Calculation.  Calculation basis not yet available.", "Plenair"});
     }
+    ShowMessage({"Error in Calculation.  Calculation basis not yet available.", "Plenair"});
 }
 
 // Five rows around the height given, one size step apart; `size` gives the duct for a height in m. The user
@@ -97,7 +97,7 @@ void CalcVelocity(LiteWindow& window, double inputA, double inputB) {
 void CalcCapped(LiteWindow& window, double inputA, double inputB) {
     FillRows(window, inputA, inputB, [&](double flow, double height, const SearchPulse& pulse) {
         const float lossCap = SingleOf(window.BasisText(2));
-        const float velocityCap = SingleOf(window.BasisText(9));
+        const float velocityCap = SingleOf(window.BasisText(kVelocityCapBox));
         return SizeWithinCaps(flow, height, lossCap, velocityCap, Settings.SurfaceRoughness1,
                               Settings.MaxVelocity, pulse);
     });

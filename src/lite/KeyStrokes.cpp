@@ -3,13 +3,14 @@
 #include "core/Settings.h"
 #include "flow/BoxNumbers.h"
 #include "flow/CalcFailure.h"
+#include "lite/Bases.h"
 #include "lite/CalculateMinorStuff.h"
 #include "platform/desktop/KeyCodes.h"
 
 namespace plenair {
 
 void HandleKeyStroke(LiteWindow& window, std::int16_t key, const std::string& controlName) {
-    if (Settings.CalcBasis == 3 || Settings.CalcBasis == 4 || (key != kKeyUpArrow && key != kKeyDownArrow)) {
+    if (IsAnalysis(Settings.CalcBasis) || (key != kKeyUpArrow && key != kKeyDownArrow)) {
         return;
     }
     const int row = key == kKeyUpArrow ? 1 : 3;

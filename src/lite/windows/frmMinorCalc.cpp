@@ -2,6 +2,7 @@
 
 #include "core/Settings.h"
 #include "extras/Misc.h"
+#include "lite/Bases.h"
 #include "lite/CalculationLog.h"
 #include "lite/CopyResults.h"
 #include "lite/KeyStrokes.h"
@@ -129,7 +130,7 @@ void frmMinorCalc::CreateBases() {
     const QString captions[] = {"Loss Per Metre (&Pa)", "&Velocity (m/s)", "&Capped (Pa/m, m/s)",
                                 "&Analyse Duct (L/s)", "&Analyse Duct (m/s)"};
     const double tops[] = {3630, 3990, 4350, 4710, 5040};
-    for (int i = 0; i < 5; ++i) {
+    for (int i = 0; i < kBases; ++i) {
         auto* option = new Option(ArrayName("optCalcBasis", i), captions[i], Client());
         option->Click = [this, i] { optCalcBasis_Click(i); };
         Place(option, 120, tops[i], 1935, 255);
@@ -148,7 +149,7 @@ void frmMinorCalc::CreateBases() {
     box(0, "Loss per metre in Pa", 2040, tops[0], 1215);
     box(1, "Velocity in m/s", 2040, tops[1], 1215);
     box(2, "Greatest loss in Pa/m", 2040, tops[2], 600);
-    box(9, "Greatest velocity in m/s", 2655, tops[2], 600);
+    box(kVelocityCapBox, "Greatest velocity in m/s", 2655, tops[2], 600);
     box(3, "Flow to analyse in L/s", 2040, tops[3], 1215);
     box(4, "Velocity to analyse in m/s", 2040, tops[4], 1215);
 }
@@ -186,8 +187,9 @@ void frmMinorCalc::CreateMenus() {
 }
 
 void frmMinorCalc::SetTabStops() {
-    QWidget* const order[] = {txtInputB,       txtInputA,       TxtCalcBasis(1), TxtCalcBasis(2),
-                              TxtCalcBasis(9), TxtCalcBasis(3), TxtCalcBasis(4), TxtCalcBasis(0)};
+    QWidget* const order[] = {
+        txtInputB,       txtInputA,       TxtCalcBasis(1), TxtCalcBasis(2), TxtCalcBasis(kVelocityCapBox),
+        TxtCalcBasis(3), TxtCalcBasis(4), TxtCalcBasis(0)};
     for (std::size_t i = 1; i < std::size(order); ++i) {
         setTabOrder(order[i - 1], order[i]);
     }
@@ -207,16 +209,13 @@ void frmMinorCalc::Form_Load() {
     }
     lblInputB->setText("&Height (mm)");
     lblInputA->setText("Flow &Rate (L/s)");
-    TxtCalcBasis(0)->SetText(ShortestText(Settings.MaxLPM));
-    TxtCalcBasis(2)->SetText(ShortestText(Settings.MaxLPM));
-    TxtCalcBasis(1)->SetText(ShortestText(Settings.MaxVelocity));
-    TxtCalcBasis(9)->SetText(ShortestText(Settings.MaxVelocity));
-    TxtCalcBasis(4)->SetText(ShortestText(Settings.MaxVelocity));
-    TxtCalcBasis(3)->SetText(ShortestText(Settings.Analysis));
-    if (Settings.CalcBasis < 0 || Settings.CalcBasis > 4) {
+    for (const BasisBox& box : kBasisBoxes) {
+        TxtCalcBasis(box.Index)->SetText(ShortestText(Settings.*box.Default));
+    }
+    if (!IsBasis(Settings.CalcBasis)) {
         Settings.CalcBasis = 0;
     }
-    SelectBasis(Settings.CalcBasis);
+    OptCalcBasis(Settings.CalcBasis)->SetOn();
     ResetGrid();
     ResetLog(*this);
 }
@@ -227,6 +226,18 @@ void frmMinorCalc::ResetGrid() {
     for (Label* lamp : lblRatio) {
         lamp->SetOpaque(false);
     }
+}
+
+void frmMinorCalc::TakeSettings() {
+    if (IsBasis(Settings.CalcBasis)) {
+        OptCalcBasis(Settings.CalcBasis)->SetOn();
+    }
+    for (const BasisBox& box : kBasisBoxes) {
+        if (box.FollowsOptions) {
+            TxtCalcBasis(box.Index)->SetText(ShortestText(Settings.*box.Default));
+        }
+    }
+    FocusInputA();
 }
 
 void frmMinorCalc::SetFolded(bool folded) {
@@ -282,13 +293,13 @@ void frmMinorCalc::txtCalcBasis_KeyPress(int character) {
 
 void frmMinorCalc::optCalcBasis_Click(int index) {
     TxtCalcBasis(index)->setEnabled(true);
-    for (int other = 0; other < 5; ++other) {
+    for (int other = 0; other < kBases; ++other) {
         TxtCalcBasis(other)->setEnabled(other == index);
     }
-    TxtCalcBasis(9)->setEnabled(TxtCalcBasis(2)->isEnabled());
+    TxtCalcBasis(kVelocityCapBox)->setEnabled(TxtCalcBasis(2)->isEnabled());
     Settings.CalcBasis = static_cast<std::int16_t>(index);
     GiveFocus(TxtCalcBasis(index));
-    lblInputA->setText(index >= 3 ? "&Width (mm)" : "Flow &Rate (L/s)");
+    lblInputA->setText(IsAnalysis(index) ? "&Width (mm)" : "Flow &Rate (L/s)");
 }
 
 void frmMinorCalc::cmdMoreInfo_Click() {

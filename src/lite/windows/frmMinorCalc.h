@@ -35,9 +35,9 @@ class frmMinorCalc : public Form, public LiteWindow {
     std::function<void()> ShowAbout = [] {};
     std::function<void()> EndProgram = [] {};
 
-    // For the options dialog and the reminder, which bring this window up to date.
-    void SelectBasis(int index) { OptCalcBasis(index)->SetOn(); }
-    void SetBasisText(int index, const std::string& text) { TxtCalcBasis(index)->SetText(text); }
+    // Takes over the basis and the targets of Settings, as after the options.
+    void TakeSettings();
+
     void FocusInputA() override;
 
     std::string CurrentCell() const override { return grdMinorCalc->Text(); }
