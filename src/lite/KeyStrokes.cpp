@@ -13,8 +13,8 @@ void HandleKeyStroke(LiteWindow& window, std::int16_t key, const std::string& co
     if (IsAnalysis(Settings.CalcBasis) || (key != kKeyUpArrow && key != kKeyDownArrow)) {
         return;
     }
-    const int row = key == kKeyUpArrow ? 1 : 3;
-    window.SetInputB(window.MinorCell(row, 1));
+    const int row = key == kKeyUpArrow ? kMiddleRow - 1 : kMiddleRow + 1;
+    window.SetInputB(window.MinorCell(row, kHeightColumn));
     if (!window.InputA().empty() && !window.InputB().empty()) {
         CalculateTexts(window, window.InputA(), window.InputB(), "1");
     }

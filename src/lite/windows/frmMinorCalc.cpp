@@ -101,11 +101,11 @@ void frmMinorCalc::CreateResults() {
     picScale->setAccessibleName("From wide to tall");
     Place(picScale, 240, 1320, 135, 1215);
 
-    grdMinorCalc = new MSFlexGrid("grdMinorCalc", 5, 4, Client());
+    grdMinorCalc = new MSFlexGrid("grdMinorCalc", kResultRows, kResultColumns, Client());
     grdMinorCalc->setAccessibleName("Rectangular ducts");
     grdMinorCalc->SetRowHeight(243);
     Place(grdMinorCalc, 360, 1320, 2895, 1215);
-    for (int i = 0; i < 5; ++i) {
+    for (int i = 0; i < kResultRows; ++i) {
         auto*& lamp = lblRatio[static_cast<std::size_t>(i)];
         lamp = new Label(ArrayName("lblRatio", i), QString(), Client());
         Place(lamp, 3250, 1320 + 243 * i, 330, i == 0 ? 243 : 240);
@@ -115,7 +115,7 @@ void frmMinorCalc::CreateResults() {
         Place(cmdLog, 3300, 1320 + 243 * i, 230, 243);
     }
     picture("picRound", "lite/round", "Equivalent round duct", 0, 2640);
-    grdOtherShapes = new MSFlexGrid("grdOtherShapes", 5, 4, Client());
+    grdOtherShapes = new MSFlexGrid("grdOtherShapes", kResultRows, kResultColumns, Client());
     grdOtherShapes->setAccessibleName("Equivalent round duct");
     grdOtherShapes->SetRowHeight(255);
     Place(grdOtherShapes, 240, 2640, 3015, 255);
@@ -202,8 +202,8 @@ void frmMinorCalc::Form_Load() {
     SetCurrentCell(0, 0);
     for (MSFlexGrid* grid : {grdMinorCalc, grdOtherShapes}) {
         const double width = grid == grdMinorCalc ? 2895 : 3015;
-        for (int column = 0; column < 4; ++column) {
-            grid->SetColWidth(column, std::nearbyint(width / 4.0));
+        for (int column = 0; column < kResultColumns; ++column) {
+            grid->SetColWidth(column, std::nearbyint(width / kResultColumns));
             grid->SetColAlignment(column, 4);
         }
     }

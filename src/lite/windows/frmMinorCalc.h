@@ -1,5 +1,6 @@
 #pragma once
 
+#include "lite/Bases.h"
 #include "lite/LiteWindow.h"
 #include "platform/qt/Controls.h"
 #include "platform/qt/Form.h"
@@ -95,9 +96,9 @@ class frmMinorCalc : public Form, public LiteWindow {
     TextBox* txtInputB = nullptr;
     MSFlexGrid* grdMinorCalc = nullptr;
     MSFlexGrid* grdOtherShapes = nullptr;
-    std::array<Label*, 5> lblRatio = {};
+    std::array<Label*, kResultRows> lblRatio = {};
     Button* cmdMoreInfo = nullptr;
-    std::array<Option*, 5> optCalcBasis = {};
+    std::array<Option*, kBases> optCalcBasis = {};
     std::map<int, TextBox*> txtCalcBasis; // 0 to 4 and 9
     QAction* mnuFileLog = nullptr;
     QAction* mnuViewOnTop = nullptr;
