@@ -104,7 +104,7 @@ std::vector<Operation> FaultsTest::Operations() {
          },
          [](const std::string& content) { return content.starts_with("\"" + ProgramFolder()); }},
         {"recovery", kept, recovery, Failure::IsSilent,
-         [this] {
+         [] {
              NewProject(2);
              StartHistory();
              return KeepAtOnce();
