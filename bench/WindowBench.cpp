@@ -70,8 +70,7 @@ void BenchEnter(benchmark::State& state) {
     Main();
     QCoreApplication::processEvents();
     Window()->activateWindow();
-    Settings.CalcBasis = static_cast<std::int16_t>(state.range(0));
-    Window()->TakeSettings();
+    Window()->SelectBasis(static_cast<int>(state.range(0)));
     TextBox* const box = Box("txtInputA");
     box->SetText("500");
     Box("txtInputB")->SetText("300");

@@ -2,7 +2,7 @@
 # shellcheck shell=bash disable=SC2034  # the lists are for those who source this
 
 build_packages=(build-essential cmake ninja-build libgtest-dev libgmock-dev libbenchmark-dev)
-qt_packages=(qt6-base-dev qt6-svg-dev)
+qt_packages=(qt6-base-dev qt6-svg-dev libx11-dev)
 desktop_packages=(fonts-liberation fonts-dejavu-core x11-utils)
 check_packages=(clang libclang-rt-14-dev clang-format poppler-utils)
 real_desktop_packages=(libxtst-dev libxcb1-dev xvfb openbox xfwm4 metacity mutter imagemagick)

@@ -13,7 +13,6 @@
 #include "project/ProjectFiles.h"
 #include "project/ProjectGrid.h"
 #include "project/ProjectKeeper.h"
-#include "project/model/ProjectModel.h"
 
 namespace plenair {
 

@@ -1,6 +1,4 @@
 #include "project/PlotDrawing.h"
-#include "project/DuctColour.h"
-#include "project/model/ProjectModel.h"
 
 namespace plenair {
 

@@ -1,6 +1,4 @@
 #include "project/ProjectDrawing.h"
-#include "project/DuctColour.h"
-#include "project/model/ProjectModel.h"
 
 namespace plenair {
 

@@ -51,6 +51,8 @@ class DesktopTest : public testing::Test {
 
   private:
     void Note(const std::string& step) { m_steps += step + "\n  "; }
+    // Whether the window manager knows by now what windows there are and which of them has the keyboard.
+    bool IsSettled();
     int Presses();
     void AwaitPresses(int count);
     [[noreturn]] void GiveUp(const std::string& missed);

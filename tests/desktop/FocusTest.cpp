@@ -1,31 +1,199 @@
 #include "desktop/DesktopTest.h"
 
+#include <filesystem>
+#include <sstream>
+
 namespace plenair {
 namespace {
 
-class Focus : public DesktopTest {};
+const std::string kTable =
+    "450 250 4.74 0.72, 400 275 4.80 0.74, 375 300 4.68 0.69, 350 325 4.61 0.67, 325 350 4.61 0.67";
 
-TEST_F(Focus, TheBenchWorks) {
-    Start();
-    Await("focus", "txtInputB");
-    Type("300");
-    Keys("Tab");
-    Await("focus", "txtInputA");
-    Type("500");
-    Keys("Return");
-    Await("selected", "txtInputA 500");
-    EXPECT_EQ(Ask("table grdMinorCalc"),
-              "450 250 4.74 0.72, 400 275 4.80 0.74, 375 300 4.68 0.69, 350 325 4.61 "
-              "0.67, 325 350 4.61 0.67");
-    Choose("mnuFile", "mnuFileMajor");
+class Focus : public DesktopTest {
+  protected:
+    // The Lite window with results, its focus in txtInputA.
+    void Calculate() {
+        Start();
+        Type("300");
+        Keys("Tab");
+        Await("focus", "txtInputA");
+        Type("500");
+        Keys("Return");
+        Await("selected", "txtInputA 500");
+        EXPECT_EQ(Ask("table grdMinorCalc"), kTable);
+    }
+
+    void OpenSolver() {
+        Choose("mnuFile", "mnuFileMajor");
+        Await("active", "frmMajorCalc");
+    }
+
+    // The solver with a project of rigid ducts with these flows.
+    void OpenProject(const std::string& flows) {
+        std::string file = "\"\xa4\x30\"\r\n";
+        const auto append = [&file](const std::string& flow) {
+            for (const char* item :
+                 {"0.1", "0.1", "0", flow.c_str(), "0", "0", "0", "0", "0.2", "0.2", "0", "0"}) {
+                file += std::string(item) + "\r\n";
+            }
+        };
+        file += "0\r\n0\r\n";
+        append("0");
+        std::istringstream words(flows);
+        for (std::string flow; words >> flow;) {
+            file += "\"\xa4\x31\"\r\n255\r\n0\r\n";
+            append(flow);
+        }
+        WriteFile(File("p.gsp"), file);
+        Start();
+        OpenSolver();
+        Click("cmdLoadGsp");
+        Await("active", "QFileDialog");
+        Type("p.gsp");
+        Keys("Return");
+        Await("active", "frmMajorCalc");
+    }
+
+    void ShowSheet() {
+        Click("chkParam");
+        Await("active", "frmMajorParam");
+    }
+
+    // Saves the project by a click on its button, and gives the flows in the file.
+    std::string SavedFlows() {
+        Click("cmdSaveGsp");
+        Await("active", "QFileDialog");
+        Keys("Control+a");
+        Type("q.gsp");
+        Keys("Return");
+        Await("active", "QMessageBox");
+        Keys("Return");
+        std::istringstream lines(ReadFile(File("q.gsp")));
+        std::string flows;
+        int number = 0;
+        for (std::string line; std::getline(lines, line);) {
+            if (++number % 15 == 7 && number > 15) {
+                line.pop_back();
+                flows += (flows.empty() ? "" : " ") + line;
+            }
+        }
+        std::filesystem::remove(File("q.gsp"));
+        return flows;
+    }
+};
+
+TEST_F(Focus, LiteComesBackFromTheSolverAsItWas) {
+    Calculate();
+    for (const std::string button : {"", "&Less", "&More"}) {
+        for (const bool byMouse : {true, false}) {
+            if (!button.empty() && byMouse) {
+                Click("cmdMoreInfo");
+                Await("text cmdMoreInfo", button);
+            }
+            if (byMouse) {
+                OpenSolver();
+                Click("cmdClose");
+                Click("No");
+            } else {
+                Keys("Home Right"); // the caret stays where the user put it
+                Keys("Alt+f");
+                Await("focus", "mnuFile");
+                Keys("p");
+                Await("active", "frmMajorCalc");
+                Keys("Alt+c");
+                Await("active", "QMessageBox");
+                Keys("Alt+n");
+            }
+            Await("active", "frmMinorCalc");
+            Await("selected", byMouse ? "txtInputA 500" : "txtInputA ");
+            EXPECT_EQ(Ask("cursorPosition txtInputA"), byMouse ? "3" : "1");
+            EXPECT_EQ(Ask("table grdMinorCalc"), kTable);
+            EXPECT_EQ(Ask("colour lblRatio(0)"), "#00ff00");
+        }
+        Keys("Control+a");
+        Await("selected", "txtInputA 500");
+        Keys("Return");
+        Await("table grdMinorCalc", kTable);
+    }
+}
+
+TEST_F(Focus, ASheetThatIsOnlyShownStoresNothing) {
+    OpenProject("100 50 25");
+    ShowSheet();
+    EXPECT_EQ(SavedFlows(), "100 50 25");
+    ClickAt("lblParameter", 5, 5); // wakes it
+    Await("active", "frmMajorParam");
+    EXPECT_EQ(SavedFlows(), "100 50 25");
+    ClickAt("chkFollowOn", -5, 5);
+    Await("active", "frmMajorParam");
+    Click("chkParam");
+    Await("visible frmMajorParam", "false");
+    EXPECT_EQ(SavedFlows(), "100 50 25");
+    ShowSheet();
+    Click("txtParam(1)");
+    Type("77");
+    EXPECT_EQ(SavedFlows(), "77 77 77") << "what the user did enter is stored";
+}
+
+TEST_F(Focus, TheFirstClickAfterWakingKeepsTheWholeTextSelected) {
+    OpenProject("100 50 25");
+    ShowSheet();
+    Click("txtParam(1)");
+    Type("55");
+    Await("text txtParam(1)", "55");
+    ClickAt("txtParam(1)", 20, 6); // no double click
+    Type("6");
+    Await("text txtParam(1)", "655");
+    ClickAt("cmdSaveGsp", 5, 5);
+    Await("active", "QFileDialog");
+    Keys("Escape");
     Await("active", "frmMajorCalc");
-    Click("cmdClose");
-    Click("No");
-    Await("active", "frmMinorCalc");
-    Keys("Alt+f");
-    Await("focus", "mnuFile");
-    Keys("x");
-    AwaitThat("the program ends", [this] { return HasEnded(); });
+    Click("txtParam(3)");
+    Await("active", "frmMajorParam");
+    Type("7");
+    Await("text txtParam(3)", "7");
+}
+
+TEST_F(Focus, MenusAndBoxesLeaveSelectionAndCaret) {
+    Calculate();
+    const std::pair<std::string, std::string> ways[] = {{"Alt_L", "Escape"},        {"Alt_L", "Alt_L"},
+                                                        {"Alt+f", "Escape Escape"}, {"F10", "Escape Escape"},
+                                                        {"F1", "Return"},           {"Alt+e o", "Alt+c"}};
+    for (const auto& [out, back] : ways) {
+        SCOPED_TRACE(out);
+        for (const std::string caret : {"Control+a", "Home Right"}) {
+            Keys(caret);
+            Keys(out);
+            Await("focus", out == "Alt_L"                   ? "QMenuBar"
+                           : out == "Alt+f" || out == "F10" ? "mnuFile"
+                           : out == "F1"                    ? "QPushButton"
+                                                            : "txtDefPath");
+            Keys(back);
+            Await("active", "frmMinorCalc");
+            Await("selected", caret == "Control+a" ? "txtInputA 500" : "txtInputA ");
+            EXPECT_EQ(Ask("table grdMinorCalc"), caret == "Control+a" ? "" : "");
+            Type("7");
+            Await("text txtInputA", caret == "Control+a" ? "7" : "5700");
+            Keys("Control+a");
+            Type("500");
+        }
+    }
+}
+
+TEST_F(Focus, UpAndDownStepOnceAtTheRelease) {
+    Calculate();
+    const std::pair<std::string, std::string> steps[] = {
+        {"Down", "325"}, {"Down", "350"}, {"Up", "325"}, {"Up", "300"}};
+    for (const auto& [key, height] : steps) {
+        const int before = std::atoi(Ask("presses").c_str());
+        TheScreen().Key(key, true);
+        AwaitThat("the key repeats", [&] { return std::atoi(Ask("presses").c_str()) > before + 15; });
+        TheScreen().Key(key, false);
+        Await("selected", "txtInputB " + height);
+        Keys("Shift_L"); // nothing comes after it
+        EXPECT_EQ(Ask("selected"), "txtInputB " + height);
+    }
+    EXPECT_EQ(Ask("table grdMinorCalc"), kTable);
 }
 
 } // namespace

@@ -24,14 +24,17 @@ class Probe : public QObject, public QAbstractNativeEventFilter {
         qApp->installNativeEventFilter(this);
     }
 
-    // Counts the keys and mouse buttons going down that the server has delivered.
+    // Counts the keys and mouse buttons going down that have come from the server, the buttons as those of
+    // the one pointer and not of each mouse behind it: the window manager may hold the former back for a
+    // while.
     bool nativeEventFilter(const QByteArray&, void* message, qintptr*) override {
-        const auto* event = static_cast<xcb_generic_event_t*>(message);
+        const auto* event = static_cast<xcb_ge_generic_event_t*>(message);
         constexpr int kXiButtonPress = 4;
+        constexpr int kPointer = 2;
         const int type = event->response_type & 0x7f;
+        const int device = event->pad0[0] + event->pad0[1]; // 16 bits, and never many
         const bool isButton =
-            type == XCB_GE_GENERIC &&
-            reinterpret_cast<const xcb_ge_generic_event_t*>(event)->event_type == kXiButtonPress;
+            type == XCB_GE_GENERIC && event->event_type == kXiButtonPress && device == kPointer;
         m_presses += type == XCB_KEY_PRESS || isButton ? 1 : 0;
         return false;
     }
@@ -127,26 +130,32 @@ class Probe : public QObject, public QAbstractNativeEventFilter {
         return {origin + (inWindow * scale).toPoint(), (part.size().toSizeF() * scale).toSize()};
     }
 
-    static QRect Place(QObject* object) {
-        if (auto* action = qobject_cast<QAction*>(object)) {
-            for (QObject* owner : action->associatedObjects()) {
-                auto* menu = qobject_cast<QMenu*>(owner);
-                auto* bar = qobject_cast<QMenuBar*>(owner);
-                if (menu != nullptr && menu->isVisible()) {
-                    return Place(menu, menu->actionGeometry(action));
-                }
-                if (bar != nullptr && bar->isVisible()) {
-                    return Place(bar, bar->actionGeometry(action));
-                }
-            }
-            return {};
-        }
+    // The widget that shows an object, and the part of it that does: a menu's entry, the entry of a closed
+    // menu in its bar, or a whole control.
+    static std::pair<const QWidget*, QRect> Shown(QObject* object) {
         auto* menu = qobject_cast<QMenu*>(object);
-        if (menu != nullptr && !menu->isVisible()) {
-            return Place(menu->menuAction());
+        QAction* action = menu != nullptr && !menu->isVisible() ? menu->menuAction() : nullptr;
+        action = action != nullptr ? action : qobject_cast<QAction*>(object);
+        if (action == nullptr) {
+            auto* widget = qobject_cast<QWidget*>(object);
+            return {widget, widget != nullptr ? widget->rect() : QRect()};
         }
-        auto* widget = qobject_cast<QWidget*>(object);
-        return widget == nullptr ? QRect() : Place(widget, widget->rect());
+        for (QObject* owner : action->associatedObjects()) {
+            auto* opened = qobject_cast<QMenu*>(owner);
+            auto* bar = qobject_cast<QMenuBar*>(owner);
+            if (opened != nullptr && opened->isVisible()) {
+                return {opened, opened->actionGeometry(action)};
+            }
+            if (bar != nullptr) {
+                return {bar, bar->actionGeometry(action)};
+            }
+        }
+        return {};
+    }
+
+    static QRect Place(QObject* object) {
+        const auto [widget, part] = Shown(object);
+        return widget == nullptr ? QRect() : Place(widget, part);
     }
 
     static QString Words(const QRect& rect) {
@@ -193,6 +202,10 @@ class Probe : public QObject, public QAbstractNativeEventFilter {
         if (asked == "active") {
             return NameOf(QApplication::activeWindow());
         }
+        if (asked == "activeId") {
+            const QWidget* window = QApplication::activeWindow();
+            return QString::number(window != nullptr ? window->internalWinId() : 0);
+        }
         if (asked == "windows") {
             return Windows();
         }
@@ -208,6 +221,10 @@ class Probe : public QObject, public QAbstractNativeEventFilter {
         if (asked == "place") {
             const QRect place = Place(object);
             return place.isEmpty() ? "hidden" : Words(place);
+        }
+        if (asked == "hovered") { // whether the mouse is over it, as far as the program has heard
+            const QWidget* widget = Shown(object).first;
+            return widget != nullptr && widget->underMouse() ? "yes" : "no";
         }
         if (asked == "table") {
             return Table(object);

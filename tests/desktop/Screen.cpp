@@ -1,9 +1,10 @@
 #include "desktop/Screen.h"
 
+#include <X11/XKBlib.h>
 #include <X11/Xatom.h>
-#include <X11/Xlib.h>
 #include <X11/extensions/XTest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <sstream>
 #include <stdexcept>
@@ -114,6 +115,7 @@ void Child::Kill() {
 Screen::Screen(const std::string& windowManager, const std::string& size) {
     XSetErrorHandler(PassOver);
     StartServer(size);
+    XkbSetAutoRepeatRate(m_display, XkbUseCoreKbd, 150, 10);
     m_manager =
         std::make_unique<Child>(Split(windowManager, ' '), Environment(), -1, m_home.File("manager.log"));
     const bool isManaged = Until([this] {
@@ -236,6 +238,41 @@ std::string Screen::Windows() const {
         list += (list.empty() ? "" : "; ") + line.str();
     }
     return list;
+}
+
+bool Screen::IsPointerFree() {
+    const int answer = XGrabPointer(m_display, DefaultRootWindow(m_display), False, 0, GrabModeAsync,
+                                    GrabModeAsync, None, None, CurrentTime);
+    XUngrabPointer(m_display, CurrentTime);
+    XSync(m_display, False);
+    return answer == GrabSuccess;
+}
+
+bool Screen::IsUpToDate(unsigned long active) const {
+    const Window root = DefaultRootWindow(m_display);
+    const auto windows = Property<std::vector<Window>>(m_display, root, "_NET_CLIENT_LIST");
+    const auto known = Property<std::vector<Window>>(m_display, root, "_NET_ACTIVE_WINDOW");
+    return !known.empty() && known[0] == active &&
+           std::all_of(windows.begin(), windows.end(), [this](Window window) {
+               XWindowAttributes look = {};
+               return XGetWindowAttributes(m_display, window, &look) != 0 && look.map_state == IsViewable;
+           });
+}
+
+void Screen::Close(const std::string& title) {
+    for (const Window window :
+         Property<std::vector<Window>>(m_display, DefaultRootWindow(m_display), "_NET_CLIENT_LIST")) {
+        if (Property<std::string>(m_display, window, "_NET_WM_NAME") == title) {
+            XEvent event = {};
+            event.xclient.type = ClientMessage;
+            event.xclient.window = window;
+            event.xclient.message_type = XInternAtom(m_display, "WM_PROTOCOLS", False);
+            event.xclient.format = 32;
+            event.xclient.data.l[0] = static_cast<long>(XInternAtom(m_display, "WM_DELETE_WINDOW", False));
+            XSendEvent(m_display, window, False, NoEventMask, &event);
+            XSync(m_display, False);
+        }
+    }
 }
 
 std::string Screen::SavePicture(const std::string& path) const {

@@ -61,6 +61,16 @@ class Screen {
     // 10,20 240x300"; the one with the keyboard with a star.
     std::string Windows() const;
 
+    // Whether no program, and no window manager that still looks at a click, holds the mouse.
+    bool IsPointerFree();
+
+    // Whether the window manager knows of every window that has gone, and that this one has the keyboard: it
+    // may swallow clicks until then.
+    bool IsUpToDate(unsigned long active) const;
+
+    // Asks the window of this title to close, as a window manager does.
+    void Close(const std::string& title);
+
     // Saves a picture of the screen; gives its path.
     std::string SavePicture(const std::string& path) const;
 

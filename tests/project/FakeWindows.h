@@ -5,7 +5,6 @@
 #include "project/DuctSheet.h"
 #include "project/ProjectGrid.h"
 #include "project/ProjectWindows.h"
-#include "project/model/ProjectModel.h"
 #include "support/ScriptedDesktop.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,4 @@
 #include "project/model/ProjectGeometry.h"
-#include "project/DuctColour.h"
 
 #include <gtest/gtest.h>
 

@@ -30,7 +30,9 @@ class Controls : public testing::Test {
         m_first->setFocus();
         m_form.show();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&m_form));
-        Events();
+        EXPECT_EQ(Events(), "") << "being shown enters no box";
+        GiveFocus(m_first);
+        EXPECT_EQ(Events(), "first got ");
     }
 
     void Watch(TextBox& box, const std::string& name) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "lite/Bases.h"
 #include "lite/LiteWindow.h"
 #include "platform/qt/Controls.h"
 #include "platform/qt/Form.h"
@@ -36,9 +35,9 @@ class frmMinorCalc : public Form, public LiteWindow {
     std::function<void()> ShowAbout = [] {};
     std::function<void()> EndProgram = [] {};
 
-    // Takes over the basis and the targets of Settings, as after the options.
-    void TakeSettings();
-
+    // For the options dialog and the reminder, which bring this window up to date.
+    void SelectBasis(int index) { OptCalcBasis(index)->SetOn(); }
+    void SetBasisText(int index, const std::string& text) { TxtCalcBasis(index)->SetText(text); }
     void FocusInputA() override;
 
     std::string CurrentCell() const override { return grdMinorCalc->Text(); }
@@ -54,7 +53,7 @@ class frmMinorCalc : public Form, public LiteWindow {
     void LightLamp(int row, Lamp colour) override;
     std::string InputA() const override { return txtInputA->Text(); }
     std::string InputB() const override { return txtInputB->Text(); }
-    void SetInputB(const std::string& text) override { txtInputB->SetText(text); }
+    void SetInputB(const std::string& text) override;
     void FocusInputB() override { GiveFocus(txtInputB); }
 
   private:
@@ -96,9 +95,9 @@ class frmMinorCalc : public Form, public LiteWindow {
     TextBox* txtInputB = nullptr;
     MSFlexGrid* grdMinorCalc = nullptr;
     MSFlexGrid* grdOtherShapes = nullptr;
-    std::array<Label*, kResultRows> lblRatio = {};
+    std::array<Label*, 5> lblRatio = {};
     Button* cmdMoreInfo = nullptr;
-    std::array<Option*, kBases> optCalcBasis = {};
+    std::array<Option*, 5> optCalcBasis = {};
     std::map<int, TextBox*> txtCalcBasis; // 0 to 4 and 9
     QAction* mnuFileLog = nullptr;
     QAction* mnuViewOnTop = nullptr;

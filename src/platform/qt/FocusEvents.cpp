@@ -1,84 +1,177 @@
 #include "platform/qt/FocusEvents.h"
 
 #include "platform/qt/Form.h"
+#include "platform/qt/KeyRepeat.h"
 
 #include <QApplication>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
 #include <QPointer>
-#include <QWidget>
 
 namespace plenair {
 
 namespace {
 
-// The control that has the focus as far as handlers are concerned.
-QPointer<QWidget>& Current() {
-    static QPointer<QWidget> s_current;
-    return s_current;
+// The entered controls, the latest last: one of the windows that the user can reach, and one in each window
+// that is hidden or waits for a dialog.
+QList<QPointer<QWidget>>& Entered() {
+    static QList<QPointer<QWidget>> s_entered;
+    s_entered.removeAll(nullptr);
+    return s_entered;
 }
 
 bool IsControlOfAForm(const QWidget* widget) {
-    return widget != nullptr && widget->focusPolicy() != Qt::NoFocus &&
+    return widget != nullptr && widget->focusPolicy() != Qt::NoFocus && widget->isVisible() &&
            qobject_cast<Form*>(widget->window()) != nullptr;
 }
 
-void FocusMovedTo(QWidget* now) {
-    if (now == Current() || !IsControlOfAForm(now)) {
-        return;
-    }
-    const QPointer<QWidget> target = now;
-    const QPointer<QWidget> before = Current();
-    Current() = now;
-    if (auto* control = dynamic_cast<FocusEvents*>(before.data())) {
-        control->TellLostFocus();
-    }
-    // A handler may have moved the focus on; then that move has told of everything.
-    if (Current() != target || target.isNull()) {
-        return;
-    }
-    auto* form = qobject_cast<Form*>(target->window());
-    if (form->GotFocus && (before.isNull() || before->window() != form)) {
-        form->GotFocus();
-    }
-    auto* control = dynamic_cast<FocusEvents*>(target.data());
-    if (Current() == target && control != nullptr) {
-        control->TellGotFocus();
+// Leaves what is entered elsewhere, now that the user is in `window`, at `control`. What is hidden or waits
+// for that window stays entered.
+void LeaveOthers(const QWidget* window, const QWidget* control) {
+    const QList<QPointer<QWidget>> entered = Entered();
+    for (const QPointer<QWidget>& other : entered) {
+        const bool stays = other == nullptr || other == control || !other->window()->isVisible() ||
+                           (other->window() != window && window->isModal());
+        if (!stays && Entered().removeOne(other)) {
+            if (auto* told = dynamic_cast<FocusEvents*>(other.data())) {
+                told->TellLostFocus();
+            }
+        }
     }
 }
 
-// A window that isn't the active one gets the mouse button before the desktop makes it active, or it never
-// becomes active. The click must find the focus moved all the same, and so must a key that comes after it.
+// The user is at a control of this form; where that is news, the form is told.
+void ComeTo(Form* form) {
+    static QPointer<Form> s_form;
+    if (s_form != form) {
+        s_form = form;
+        if (form->GotFocus) {
+            form->GotFocus();
+        }
+    }
+}
+
+void Enter(QWidget* control, bool byPress) {
+    static QPointer<QWidget> s_coming; // to which the handlers that run here may prefer another
+    if (!IsControlOfAForm(control) || Entered().contains(control)) {
+        return;
+    }
+    const QPointer<QWidget> target = control;
+    auto* form = qobject_cast<Form*>(control->window());
+    s_coming = target;
+    LeaveOthers(form, control);
+    if (s_coming != target || target == nullptr || Entered().contains(target)) {
+        return;
+    }
+    Entered().append(target);
+    ComeTo(form);
+    if (auto* told = dynamic_cast<FocusEvents*>(target.data());
+        told != nullptr && Entered().contains(target)) {
+        told->TellGotFocus(byPress);
+    }
+}
+
+bool IsModifier(int key) {
+    return (key >= Qt::Key_Shift && key <= Qt::Key_ScrollLock) || key == Qt::Key_AltGr ||
+           (key >= Qt::Key_Super_L && key <= Qt::Key_Hyper_R);
+}
+
+// Sees what the toolkit's own events don't tell of: why the focus moved, presses in windows that aren't
+// active yet, which may come before the desktop makes them so, and keys in a box that got the keyboard by
+// waking.
 class InputWatcher : public QObject {
   public:
     using QObject::QObject;
 
+    void FocusMoved(QWidget* now) const {
+        if (!IsControlOfAForm(now)) {
+            return;
+        }
+        switch (m_reason) {
+        case Qt::ActiveWindowFocusReason:
+            LeaveOthers(now->window(), now);
+            ComeTo(qobject_cast<Form*>(now->window()));
+            break;
+        case Qt::PopupFocusReason:
+        case Qt::MenuBarFocusReason:
+            break;
+        default:
+            Enter(now, m_reason == Qt::MouseFocusReason);
+        }
+    }
+
     bool eventFilter(QObject* receiver, QEvent* event) override {
         auto* widget = qobject_cast<QWidget*>(receiver);
-        if (widget == nullptr || widget == Current() || !widget->isEnabled()) {
+        if (widget == nullptr || !widget->isEnabled()) {
             return false;
         }
-        // In the active window the toolkit has moved the focus by now, and told of it; where it is somewhere
-        // else, a handler wanted it there.
-        if (widget->window()->isActiveWindow() && widget != QApplication::focusWidget()) {
-            return false;
-        }
-        const bool takesClick = (widget->focusPolicy() & Qt::ClickFocus) == Qt::ClickFocus;
-        const bool takesWheel = (widget->focusPolicy() & Qt::WheelFocus) == Qt::WheelFocus;
-        if ((event->type() == QEvent::MouseButtonPress && takesClick) ||
-            (event->type() == QEvent::Wheel && takesWheel)) {
-            FocusMovedTo(widget);
-        } else if (event->type() == QEvent::KeyPress && widget == QApplication::focusWidget()) {
-            FocusMovedTo(widget);
+        switch (event->type()) {
+        case QEvent::FocusIn:
+            m_reason = static_cast<QFocusEvent*>(event)->reason();
+            break;
+        case QEvent::MouseButtonPress:
+            Press(widget, Qt::ClickFocus);
+            break;
+        case QEvent::Wheel:
+            Press(widget, Qt::WheelFocus);
+            break;
+        case QEvent::KeyPress:
+            if (!IsModifier(static_cast<QKeyEvent*>(event)->key())) {
+                Key(widget);
+            }
+            break;
+        case QEvent::InputMethod:
+            if (!static_cast<QInputMethodEvent*>(event)->commitString().isEmpty()) {
+                Key(widget);
+            }
+            break;
+        default:
+            break;
         }
         return false;
     }
+
+  private:
+    static void Press(QWidget* widget, Qt::FocusPolicy needed) {
+        // In the active window the toolkit has moved the focus by now, and told of it; where it is somewhere
+        // else, a handler wanted it there.
+        const bool isMovedOn = widget->window()->isActiveWindow() && widget != QApplication::focusWidget();
+        if ((widget->focusPolicy() & needed) == needed && !isMovedOn) {
+            Enter(widget, true);
+        }
+    }
+
+    static void Key(QWidget* widget) {
+        // A key may come before the desktop has told that the window is active.
+        const QWidget* focus = QApplication::focusWidget();
+        if (widget == (focus != nullptr ? focus : widget->window()->focusWidget())) {
+            Enter(widget, false);
+        }
+    }
+
+    Qt::FocusReason m_reason = Qt::NoFocusReason;
 };
 
 } // namespace
 
+void FocusEvents::TellGotFocus(bool) {
+    if (GotFocus) {
+        GotFocus();
+    }
+}
+
+void FocusEvents::TellLostFocus() {
+    if (LostFocus) {
+        LostFocus();
+    }
+}
+
 void WatchFocus() {
-    QObject::connect(qApp, &QApplication::focusChanged, qApp,
-                     [](QWidget*, QWidget* now) { FocusMovedTo(now); });
-    qApp->installEventFilter(new InputWatcher(qApp));
+    auto* watcher = new InputWatcher(qApp);
+    qApp->installEventFilter(watcher);
+    QObject::connect(qApp, &QApplication::focusChanged, watcher,
+                     [watcher](QWidget*, QWidget* now) { watcher->FocusMoved(now); });
+    TellRepeatFromRelease();
 }
 
 QWidget* WindowInUse() {
@@ -86,7 +179,11 @@ QWidget* WindowInUse() {
     if (active != nullptr && active->isVisible()) {
         return active;
     }
-    return Current() != nullptr && Current()->window()->isVisible() ? Current()->window() : nullptr;
+    QWidget* last = nullptr;
+    for (const QPointer<QWidget>& control : Entered()) {
+        last = control->window()->isVisible() ? control->window() : last;
+    }
+    return last;
 }
 
 void GiveFocus(QWidget* control) {
@@ -99,7 +196,7 @@ void GiveFocus(QWidget* control) {
     control->setFocus(Qt::OtherFocusReason);
     // A window that is about to become active again gets its focus from the desktop later; the handlers run
     // now.
-    FocusMovedTo(control);
+    Enter(control, false);
 }
 
 } // namespace plenair

@@ -6,25 +6,30 @@ class QWidget;
 
 namespace plenair {
 
-// Focus as the program's handlers see it. A control that derives from this one is told when it gets or loses
-// the focus among the controls of all windows of the program: first the loss of the one, then the gain of the
-// other, before the next statement, and before the click that moved the focus does anything else. A menu, a
-// message box or another program taking the keyboard for a while is neither a loss nor a gain.
+// Focus as the program's handlers see it: of all controls in its windows at most one is entered. It was told
+// that it got the focus, and will be told when it loses it.
+//
+// What enters a control, and leaves the one that was entered before:
+// - the toolkit moves the focus by Tab, an access key or a press in the active window;
+// - a press, or the first key, in a control that wasn't entered though it may have had the keyboard;
+// - the program gives the focus (GiveFocus).
+// What leaves the entered control and enters none:
+// - another window of the program is shown or woken: its box that gets the keyboard by it waits for that key
+// or
+//   press. The form itself is told.
+// What is neither: a menu, a message box or another program has the keyboard for a while; a window is hidden;
+// a dialog of the program opens over it. The control that was entered there still is when it comes back.
+//
+// In this order, each before the next statement and before the key or press does anything else: LostFocus of
+// the one; GotFocus of the form, if the user comes from another; GotFocus of the other. A handler that moves
+// the focus on ends the telling; its own move tells of the rest.
 class FocusEvents {
   public:
     virtual ~FocusEvents() = default;
 
-    // Runs GotFocus, or LostFocus.
-    virtual void TellGotFocus() {
-        if (GotFocus) {
-            GotFocus();
-        }
-    }
-    void TellLostFocus() {
-        if (LostFocus) {
-            LostFocus();
-        }
-    }
+    // Runs GotFocus. `byPress`: a mouse button went down here, and its click is still to come.
+    virtual void TellGotFocus(bool byPress);
+    void TellLostFocus();
 
     std::function<void()> GotFocus;
     std::function<void()> LostFocus;
@@ -33,12 +38,11 @@ class FocusEvents {
 // Starts the telling; call once, after the application object is made.
 void WatchFocus();
 
-// The window that a dialog belongs over: the active one, or between two dialogs the one that the focus was in
-// last. Null if there is none.
+// The window that a dialog belongs over: the active one, or between two dialogs the one in which a control
+// was entered last. Null if there is none.
 QWidget* WindowInUse();
 
-// Gives `control` the focus, its window becoming the active one. Nothing happens if it is disabled or not
-// shown.
+// Enters `control`, its window becoming the active one. Nothing happens if it is disabled or not shown.
 void GiveFocus(QWidget* control);
 
 } // namespace plenair

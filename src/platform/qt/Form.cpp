@@ -9,7 +9,6 @@
 #include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QMenuBar>
-#include <QPointer>
 #include <QScreen>
 #include <QShortcut>
 #include <QTimer>
@@ -59,6 +58,8 @@ QMenuBar* Form::MenuBar() {
     if (m_menuBar == nullptr) {
         m_menuBar = new QMenuBar(this);
         m_menuBar->setNativeMenuBar(false);
+        connect(new QShortcut(Qt::Key_F10, this), &QShortcut::activated, m_menuBar,
+                [this] { m_menuBar->setActiveAction(m_menuBar->actions().constFirst()); });
     }
     return m_menuBar;
 }
@@ -206,7 +207,17 @@ void Form::closeEvent(QCloseEvent* event) {
 void Form::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
     if (!event->spontaneous()) {
+        m_focusWhenHidden = focusWidget();
         emit Hidden();
+    }
+}
+
+void Form::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    // The desktop may have woken the window once more while it was being hidden, and the toolkit then takes
+    // another control.
+    if (!event->spontaneous() && m_focusWhenHidden != nullptr) {
+        m_focusWhenHidden->setFocus(Qt::ActiveWindowFocusReason);
     }
 }
 

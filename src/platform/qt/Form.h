@@ -3,6 +3,7 @@
 #include <QElapsedTimer>
 #include <QKeySequence>
 #include <QList>
+#include <QPointer>
 #include <QWidget>
 
 #include <functional>
@@ -57,7 +58,7 @@ class Form : public QWidget {
     // for the next time, or for the loop of events.
     void RepaintAtMostEvery(int milliseconds);
 
-    // A control of this window gets the focus from one of another window; runs before that control's own.
+    // The user comes to this window from another one of the program; runs before a control's own.
     std::function<void()> GotFocus;
 
     // Shows the window over the active one and waits until it is hidden. In the meantime no other window of
@@ -81,6 +82,7 @@ class Form : public QWidget {
     bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
   private:
@@ -99,6 +101,7 @@ class Form : public QWidget {
     QWidget* m_client;
     QList<QKeySequence> m_keys;
     QMenuBar* m_menuBar = nullptr;
+    QPointer<QWidget> m_focusWhenHidden;
     QSize m_clientSize;
     std::optional<Spot> m_firstSpot; // asked for before the window was on the screen
     bool m_seen = false;

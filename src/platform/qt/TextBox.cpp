@@ -7,9 +7,11 @@
 
 #include <QHelpEvent>
 #include <QKeyEvent>
+
 #include <QPainter>
 #include <QStyleOptionFrame>
 #include <QToolTip>
+#include <utility>
 
 namespace plenair {
 
@@ -148,8 +150,9 @@ void TextBox::keyPressEvent(QKeyEvent* event) {
         event->ignore();
         return;
     }
-    if (KeyPress) {
-        for (const QChar character : CharactersOf(event)) {
+    for (const QChar character : CharactersOf(event)) {
+        m_wasWoken = false;
+        if (KeyPress) {
             KeyPress(character.unicode());
         }
     }
@@ -172,31 +175,47 @@ void TextBox::inputMethodEvent(QInputMethodEvent* event) {
     QLineEdit::inputMethodEvent(event);
 }
 
-void TextBox::focusInEvent(QFocusEvent* event) {
-    // The line edit selects everything itself for some reasons of getting the focus; whether that happens is
-    // the handler's affair here.
+void TextBox::KeepingSelection(const std::function<void()>& focusEvent) {
     const int cursor = cursorPosition();
-    const QString selected = selectedText();
+    const int length = selectionLength();
     const int start = selectionStart();
-    QLineEdit::focusInEvent(event);
-    if (selected.isEmpty()) {
+    focusEvent();
+    if (length == 0) {
         deselect();
         setCursorPosition(cursor);
+    } else if (cursor == start) {
+        setSelection(start + length, -length);
     } else {
-        setSelection(start, static_cast<int>(selected.size()));
+        setSelection(start, length);
     }
 }
 
-void TextBox::TellGotFocus() {
-    FocusEvents::TellGotFocus();
-    m_sinceGotFocus.start();
+void TextBox::focusInEvent(QFocusEvent* event) {
+    // What is selected is the handler's affair here.
+    KeepingSelection([&] { QLineEdit::focusInEvent(event); });
+    if (event->reason() == Qt::ActiveWindowFocusReason) {
+        m_wasWoken = !std::exchange(m_wakesByPress, false);
+    }
+}
+
+void TextBox::focusOutEvent(QFocusEvent* event) {
+    if (event->reason() == Qt::MenuBarFocusReason) {
+        KeepingSelection([&] { QLineEdit::focusOutEvent(event); });
+    } else {
+        QLineEdit::focusOutEvent(event);
+    }
+}
+
+void TextBox::TellGotFocus(bool byPress) {
+    FocusEvents::TellGotFocus(byPress);
+    m_entering = byPress && GotFocus;
+    m_wasWoken = false;
 }
 
 void TextBox::mousePressEvent(QMouseEvent* event) {
-    // The focus comes at once before the press, or, where the click woke the window, a little earlier.
-    constexpr qint64 kLittle = 500; // ms
-    m_entering = GotFocus && m_sinceGotFocus.isValid() && m_sinceGotFocus.elapsed() < kLittle;
-    m_sinceGotFocus.invalidate();
+    m_wakesByPress = !isActiveWindow();
+    const bool wakes = std::exchange(m_wasWoken, false) || m_wakesByPress;
+    m_entering = m_entering || (wakes && hasSelectedText() && selectedText() == text());
     if (!m_entering) {
         QLineEdit::mousePressEvent(event);
     }

@@ -2,7 +2,6 @@
 
 #include "platform/qt/FocusEvents.h"
 
-#include <QElapsedTimer>
 #include <QLineEdit>
 
 #include <functional>
@@ -40,7 +39,7 @@ class TextBox : public QLineEdit, public FocusEvents {
     std::function<void(int keyCode)> KeyDown;
     std::function<void(int keyCode)> KeyUp;
 
-    void TellGotFocus() override;
+    void TellGotFocus(bool byPress) override;
 
   protected:
     bool event(QEvent* event) override;
@@ -49,6 +48,7 @@ class TextBox : public QLineEdit, public FocusEvents {
     void keyReleaseEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -58,9 +58,15 @@ class TextBox : public QLineEdit, public FocusEvents {
     QRect TextArea() const;
     bool IsTextTooWide() const;
 
-    // The press that brings the focus leaves the selection to GotFocus, until the button is up again.
-    QElapsedTimer m_sinceGotFocus;
+    // Runs `focusEvent`, which selects or deselects for reasons of its own, and leaves the selection as it
+    // was.
+    void KeepingSelection(const std::function<void()>& focusEvent);
+
+    // A click that enters the box, or wakes the window around it, leaves the selection alone, from the press
+    // until the button is up again.
     bool m_entering = false;
+    bool m_wasWoken = false;     // and nothing was typed or clicked since
+    bool m_wakesByPress = false; // a press came before the desktop made the window active
 };
 
 } // namespace plenair

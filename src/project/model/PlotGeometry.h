@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/plane/Point.h"
+#include "platform/drawing/Point.h"
 
 #include <string>
 #include <vector>

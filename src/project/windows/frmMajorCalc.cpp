@@ -11,7 +11,6 @@
 #include "project/Printout.h"
 #include "project/ProjectFiles.h"
 #include "project/ProjectGrid.h"
-#include "project/model/ProjectModel.h"
 #include "project/windows/SolverKeys.h"
 
 namespace plenair {

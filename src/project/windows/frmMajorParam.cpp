@@ -6,7 +6,6 @@
 #include "platform/qt/SurfacePainter.h"
 #include "platform/qt/Twips.h"
 #include "platform/qt/WindowPos.h"
-#include "project/DuctColour.h"
 #include "project/DuctSheet.h"
 #include "project/windows/SolverKeys.h"
 
