@@ -70,7 +70,8 @@ void BenchEnter(benchmark::State& state) {
     Main();
     QCoreApplication::processEvents();
     Window()->activateWindow();
-    Window()->SelectBasis(static_cast<int>(state.range(0)));
+    Settings.CalcBasis = static_cast<std::int16_t>(state.range(0));
+    Window()->TakeSettings();
     TextBox* const box = Box("txtInputA");
     box->SetText("500");
     Box("txtInputB")->SetText("300");

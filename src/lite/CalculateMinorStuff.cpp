@@ -9,6 +9,7 @@
 #include "flow/GeneralCalcs.h"
 #include "flow/Sizing.h"
 #include "flow/Units.h"
+#include "lite/Bases.h"
 #include "lite/ResultGrids.h"
 #include "platform/desktop/MessageBox.h"
 #include "platform/desktop/Progress.h"
@@ -29,20 +30,19 @@ void Attempt(Step step) {
 }
 
 void RunBasis(LiteWindow& window, double inputA, double inputB, double value, std::int16_t basis) {
-    switch (basis) {
-    case 0:
+    switch (static_cast<Basis>(basis)) {
+    case Basis::LossPerMetre:
         return CalcLossPerMetre(window, inputA, inputB);
-    case 1:
+    case Basis::Velocity:
         return CalcVelocity(window, inputA, inputB);
-    case 2:
+    case Basis::Capped:
         return CalcCapped(window, inputA, inputB);
-    case 3:
+    case Basis::AnalyseFlow:
         return CalcAnalyseFlow(window, inputA, inputB, value);
-    case 4:
+    case Basis::AnalyseVelocity:
         return CalcAnalyseVelocity(window, inputA, inputB, value);
-    default:
-        ShowMessage({"Error in Calculation.  Calculation basis not yet available.", "Plenair"});
     }
+    ShowMessage({"Error in Calculation.  Calculation basis not yet available.", "Plenair"});
 }
 
 // Five rows around the height given, one size step apart; `size` gives the duct for a height in m. The user
@@ -57,16 +57,19 @@ void FillRows(LiteWindow& window, double inputA, double inputB, Size size) {
     };
     const double flow = ToCubicMetres(inputA);
     double height = inputB - ToInt16(2.0 * Settings.RoundOff);
-    for (std::int16_t row = 0; row <= 4; ++row) {
+    for (int row = 0; row < kResultRows; ++row) {
         const SizedDuct duct = size(flow, ToMetres(height), pulse);
-        FillGrids(window, ToSingle(ToMillimetres(duct.Width)), ToSingle(height), ToSingle(duct.Velocity),
-                  ToSingle(duct.Loss), duct.Equivalent, flow, row);
+        FillGrids(window,
+                  {.Width = ToSingle(ToMillimetres(duct.Width)),
+                   .Height = ToSingle(height),
+                   .Velocity = ToSingle(duct.Velocity),
+                   .Loss = ToSingle(duct.Loss),
+                   .Equivalent = duct.Equivalent,
+                   .Flow = flow},
+                  row);
         height += Settings.RoundOff;
     }
 }
-
-// The one row of an analysis, in the middle of the table.
-constexpr std::int16_t kAnalysisRow = 2;
 
 // Friction factor of a duct that is given, from the usual start.
 double FrictionOf(double flow, double equivalent) {
@@ -97,7 +100,7 @@ void CalcVelocity(LiteWindow& window, double inputA, double inputB) {
 void CalcCapped(LiteWindow& window, double inputA, double inputB) {
     FillRows(window, inputA, inputB, [&](double flow, double height, const SearchPulse& pulse) {
         const float lossCap = SingleOf(window.BasisText(2));
-        const float velocityCap = SingleOf(window.BasisText(9));
+        const float velocityCap = SingleOf(window.BasisText(kVelocityCapBox));
         return SizeWithinCaps(flow, height, lossCap, velocityCap, Settings.SurfaceRoughness1,
                               Settings.MaxVelocity, pulse);
     });
@@ -110,8 +113,14 @@ void CalcAnalyseFlow(LiteWindow& window, double inputA, double inputB, double va
     const double friction = FrictionOf(flow, equivalent);
     const double loss = LossGradient(friction, equivalent, velocity, Density(Settings.FluidTemp));
     const double rounded = RoundedUpSize(equivalent);
-    FillGrids(window, ToSingle(inputA), ToSingle(inputB), ToSingle(velocity), ToSingle(loss), rounded, flow,
-              kAnalysisRow);
+    FillGrids(window,
+              {.Width = ToSingle(inputA),
+               .Height = ToSingle(inputB),
+               .Velocity = ToSingle(velocity),
+               .Loss = ToSingle(loss),
+               .Equivalent = rounded,
+               .Flow = flow},
+              kMiddleRow);
 }
 
 void CalcAnalyseVelocity(LiteWindow& window, double inputA, double inputB, double value) {
@@ -120,10 +129,16 @@ void CalcAnalyseVelocity(LiteWindow& window, double inputA, double inputB, doubl
     const double friction = FrictionOf(flow, equivalent);
     const double loss = LossGradient(friction, equivalent, value, Density(Settings.FluidTemp));
     const double rounded = RoundedUpSize(equivalent);
-    FillGrids(window, ToSingle(inputA), ToSingle(inputB), ToSingle(value), ToSingle(loss), rounded, flow,
-              kAnalysisRow);
-    window.SetMinorCell(3, 1, "( " + Format(Checked(ToLitres(flow)), "0"));
-    window.SetMinorCell(3, 2, "L/s )");
+    FillGrids(window,
+              {.Width = ToSingle(inputA),
+               .Height = ToSingle(inputB),
+               .Velocity = ToSingle(value),
+               .Loss = ToSingle(loss),
+               .Equivalent = rounded,
+               .Flow = flow},
+              kMiddleRow);
+    window.SetMinorCell(kMiddleRow + 1, kHeightColumn, "( " + Format(Checked(ToLitres(flow)), "0"));
+    window.SetMinorCell(kMiddleRow + 1, kVelocityColumn, "L/s )");
 }
 
 } // namespace plenair

@@ -23,8 +23,6 @@ std::int16_t LogCount = 0;
 
 namespace {
 
-constexpr int kLastColumn = 3;
-
 float RatioOf(float width, float height) {
     const float wide = ToSingle(Divide(width, height));
     const float tall = ToSingle(Divide(height, width));
@@ -35,11 +33,11 @@ float RatioOf(float width, float height) {
 LogRecord ReadRow(const LiteWindow& window, int row) {
     LogRecord record;
     record.Flow = SingleOf(window.InputA());
-    record.Width = SingleOf(window.MinorCell(row, 0));
-    record.Height = SingleOf(window.MinorCell(row, 1));
+    record.Width = SingleOf(window.MinorCell(row, kWidthColumn));
+    record.Height = SingleOf(window.MinorCell(row, kHeightColumn));
     record.Ratio = RatioOf(record.Width, record.Height);
-    record.Vel = SingleOf(window.MinorCell(row, 2));
-    record.PaPerM = SingleOf(window.MinorCell(row, kLastColumn));
+    record.Vel = SingleOf(window.MinorCell(row, kVelocityColumn));
+    record.PaPerM = SingleOf(window.MinorCell(row, kLossColumn));
     record.Basis = Settings.CalcBasis;
     return record;
 }
@@ -96,7 +94,7 @@ void RecordRow(LiteWindow& window, int row) {
     }
     ++LogCount;
     window.EnableRecordLog(true);
-    window.SetCurrentCell(row, kLastColumn);
+    window.SetCurrentCell(row, kLossColumn);
     window.FocusInputA();
 }
 

@@ -6,6 +6,15 @@
 
 namespace plenair {
 
+// The table of results, grdMinorCalc. Its middle row is the one of the height typed, or of an analysis.
+constexpr int kResultRows = 5;
+constexpr int kMiddleRow = 2;
+constexpr int kResultColumns = 4;
+constexpr int kWidthColumn = 0;
+constexpr int kHeightColumn = 1;
+constexpr int kVelocityColumn = 2;
+constexpr int kLossColumn = 3;
+
 enum class Lamp { Green, Yellow, Orange, Red };
 
 // What the Lite calculator needs of frmMinorCalc: the boxes that it reads, the grids and lamps that it fills,
@@ -24,7 +33,7 @@ class LiteWindow {
     virtual void FocusInputA() = 0;
     virtual void FocusInputB() = 0;
 
-    // A cell of grdMinorCalc, 5 rows and 4 columns: width, height, velocity, loss.
+    // A cell of the table.
     virtual std::string MinorCell(int row, int column) const = 0;
     virtual void SetMinorCell(int row, int column, const std::string& text) = 0;
 
@@ -32,7 +41,7 @@ class LiteWindow {
     virtual std::string CurrentCell() const = 0;
     virtual void SetCurrentCell(int row, int column) = 0;
 
-    // A cell of row 0 of grdOtherShapes, the equivalent round duct.
+    // A cell of row 0 of grdOtherShapes, the equivalent round duct, in the columns of the table.
     virtual std::string OtherCell(int column) const = 0;
     virtual void SetOtherCell(int column, const std::string& text) = 0;
 

@@ -21,18 +21,18 @@ Lamp LampFor(double width, double height) {
     return ratio > 4.0F ? Lamp::Yellow : Lamp::Green;
 }
 
-void FillGrids(LiteWindow& window, float width, float height, float velocity, float loss, double equivalent,
-               double flow, std::int16_t row) {
-    window.SetMinorCell(row, 0, Format(width, "0"));
-    const double shownWidth = NumberOf(window.MinorCell(row, 0));
-    window.SetMinorCell(row, 1, Format(height, "0"));
-    const double shownHeight = NumberOf(window.MinorCell(row, 1));
-    window.SetMinorCell(row, 2, Format(velocity, "0.00"));
-    window.SetMinorCell(row, 3, Format(loss, "0.00"));
-    if (row == 2) {
-        window.SetOtherCell(0, Format(Checked(ToMillimetres(equivalent)), "0"));
-        window.SetOtherCell(2, Format(RoundDuctVelocity(flow, equivalent), "0.00"));
-        window.SetOtherCell(3, Format(loss, "0.00"));
+void FillGrids(LiteWindow& window, const ResultRow& result, int row) {
+    window.SetMinorCell(row, kWidthColumn, Format(result.Width, "0"));
+    const double shownWidth = NumberOf(window.MinorCell(row, kWidthColumn));
+    window.SetMinorCell(row, kHeightColumn, Format(result.Height, "0"));
+    const double shownHeight = NumberOf(window.MinorCell(row, kHeightColumn));
+    window.SetMinorCell(row, kVelocityColumn, Format(result.Velocity, "0.00"));
+    window.SetMinorCell(row, kLossColumn, Format(result.Loss, "0.00"));
+    if (row == kMiddleRow) {
+        window.SetOtherCell(kWidthColumn, Format(Checked(ToMillimetres(result.Equivalent)), "0"));
+        window.SetOtherCell(kVelocityColumn,
+                            Format(RoundDuctVelocity(result.Flow, result.Equivalent), "0.00"));
+        window.SetOtherCell(kLossColumn, Format(result.Loss, "0.00"));
     }
     window.LightLamp(row, LampFor(shownWidth, shownHeight));
 }

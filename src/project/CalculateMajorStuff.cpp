@@ -13,6 +13,7 @@
 #include "project/ProjectFiles.h"
 #include "project/ProjectGrid.h"
 #include "project/ProjectKeeper.h"
+#include "project/model/ProjectModel.h"
 
 namespace plenair {
 

@@ -3,6 +3,8 @@
 #include "platform/desktop/Clipboard.h"
 #include "platform/text/NumberText.h"
 #include "project/PlotDrawing.h"
+#include "project/model/DuctPath.h"
+#include "project/model/ProjectModel.h"
 
 namespace plenair {
 

@@ -2,9 +2,11 @@
 
 #include "flow/Sizing.h"
 #include "platform/text/NumberText.h"
+#include "project/DuctColour.h"
 #include "project/ProjectGrid.h"
 #include "project/ProjectKeeper.h"
 #include "project/model/DuctBits.h"
+#include "project/model/ProjectModel.h"
 
 #include <algorithm>
 #include <string>

@@ -10,6 +10,7 @@
 #include "project/PlotDrawing.h"
 #include "project/model/DuctPath.h"
 #include "project/model/DuctRecord.h"
+#include "project/model/ProjectModel.h"
 
 namespace plenair {
 

@@ -4,6 +4,7 @@
 #include "platform/desktop/MessageBox.h"
 #include "project/PlotDrawing.h"
 #include "project/ProjectGrid.h"
+#include "project/model/ProjectModel.h"
 
 #include <functional>
 

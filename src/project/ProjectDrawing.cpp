@@ -1,4 +1,6 @@
 #include "project/ProjectDrawing.h"
+#include "project/DuctColour.h"
+#include "project/model/ProjectModel.h"
 
 namespace plenair {
 

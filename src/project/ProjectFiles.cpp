@@ -10,6 +10,7 @@
 #include "project/ProjectGrid.h"
 #include "project/ProjectKeeper.h"
 #include "project/model/ProjectBlocks.h"
+#include "project/model/ProjectModel.h"
 
 #include <algorithm>
 #include <cctype>

@@ -2,7 +2,9 @@
 
 #include "platform/desktop/Desktop.h"
 #include "platform/desktop/MessageBox.h"
+#include "project/DuctColour.h"
 #include "project/ProjectKeeper.h"
+#include "project/model/ProjectModel.h"
 
 #include <algorithm>
 #include <charconv>

@@ -39,9 +39,6 @@ class SolverWindow {
     virtual CommonDialog& Dialog() = 0; // dlgMajor; its CancelError is on
 };
 
-// Dark green: lblDuctNo while no duct has been chosen.
-constexpr ColourNumber kNoDuctColour = 32768;
-
 // frmMajorParam. Boxes are numbered 1 to SheetBoxes.
 class SheetWindow {
   public:

@@ -18,12 +18,14 @@ namespace {
 struct File {
     bool isOurs = false;
     bool isDirty = false; // holds what is not on the disk
+    bool isFolder = false;
 };
 
 const char* s_folder = nullptr;
 long s_call = 0;
 long s_seen = 0;
 int s_fault = 0;
+const char* s_struck = "";
 std::array<File, 1024> s_files; // by descriptor
 
 bool Concerns(const char* path) {
@@ -47,13 +49,15 @@ void End() {
 
 // Whether the call that is being made is the one that fails.
 template <typename What>
-bool IsDue(What what) {
-    return Concerns(what) && ++s_seen == s_call;
+bool IsDue(What what, const char* name) {
+    const bool isDue = Concerns(what) && ++s_seen == s_call;
+    s_struck = isDue ? name : s_struck;
+    return isDue;
 }
 
 template <typename What>
-bool Fails(What what) {
-    if (!IsDue(what) || s_fault == kShortCount) {
+bool Fails(What what, const char* name = __builtin_FUNCTION()) {
+    if (!IsDue(what, name) || s_fault == kShortCount) {
         return false;
     }
     if (s_fault < 0) {
@@ -72,8 +76,9 @@ Function* Next(Function*& next, const char* name) {
 }
 
 template <typename Buffer>
-ssize_t Move(ssize_t (*next)(int, Buffer*, size_t), int file, Buffer* bytes, size_t count) {
-    if (!IsDue(file)) {
+ssize_t Move(ssize_t (*next)(int, Buffer*, size_t), int file, Buffer* bytes, size_t count,
+             const char* name = __builtin_FUNCTION()) {
+    if (!IsDue(file, name)) {
         return next(file, bytes, count);
     }
     if (s_fault > 0) {
@@ -87,9 +92,9 @@ ssize_t Move(ssize_t (*next)(int, Buffer*, size_t), int file, Buffer* bytes, siz
     return moved;
 }
 
-int Opened(int file, const char* path) {
+int Opened(int file, const char* path, bool isFolder = false) {
     if (File* const record = FileOf(file)) {
-        *record = {Concerns(path), false};
+        *record = {Concerns(path), false, isFolder};
     }
     return file;
 }
@@ -109,6 +114,7 @@ void ArmFault(const char* folder, long call, int fault) {
     s_call = call;
     s_fault = fault;
     s_seen = 0;
+    s_struck = "";
 }
 
 void LoseWhatIsNotOnTheDisk() {
@@ -122,6 +128,10 @@ void LoseWhatIsNotOnTheDisk() {
 long DisarmFault() {
     s_folder = nullptr;
     return s_seen;
+}
+
+const char* StruckCall() {
+    return s_struck;
 }
 
 #define CALL(result, name, parameters, arguments, concerned, ...)                                            \
@@ -148,7 +158,7 @@ CALL(ssize_t, readlink, (const char* path, char* buffer, size_t size), (path, bu
 
 int fsync(int file) {
     static int (*s_next)(int) = nullptr;
-    if (Fails(file)) {
+    if (Fails(file, Concerns(file) && FileOf(file)->isFolder ? "fsync of a folder" : "fsync")) {
         return -1;
     }
     if (Concerns(file)) {
@@ -182,7 +192,7 @@ int fcntl(int file, int command, ...) {
     const bool isCopy = command == F_DUPFD_CLOEXEC && Concerns(file);
     const int result = isCopy && Fails(file) ? -1 : Next(s_next, "fcntl")(file, command, argument);
     if (isCopy && result >= 0) {
-        *FileOf(result) = {true, false};
+        *FileOf(result) = {true, false, false};
     }
     return result;
 }
@@ -207,7 +217,7 @@ ssize_t write(int file, const void* bytes, size_t count) {
         va_start(rest, flags);                                                                               \
         const mode_t mode = (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(rest, mode_t) : 0;                 \
         va_end(rest);                                                                                        \
-        return Fails(path) ? -1 : Opened(Next(s_next, #name) arguments, path);                               \
+        return Fails(path) ? -1 : Opened(Next(s_next, #name) arguments, path, (flags & O_DIRECTORY) != 0);   \
     }
 
 OPEN(open, (const char* path, int flags, ...), (path, flags, mode))

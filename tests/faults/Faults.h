@@ -17,6 +17,9 @@ extern "C" {
 void ArmFault(const char* folder, long call, int fault);
 long DisarmFault(); // gives the calls seen since
 
+// The name of the call that the fault struck; empty if none was reached.
+const char* StruckCall();
+
 // What a power cut does to the files that are or were open.
 void LoseWhatIsNotOnTheDisk();
 }

@@ -19,13 +19,13 @@ TEST(ResultGrids, LampsGoByTheRatio) {
     for (const auto& row : rows) {
         SCOPED_TRACE(testing::Message() << row.width << " x " << row.height);
         LiteArrays view;
-        FillGrids(view, row.width, row.height, 5, 1, 0.3, 0.5, 1);
-        FillGrids(view, row.height, row.width, 5, 1, 0.3, 0.5, 4);
+        FillGrids(view, {row.width, row.height, 5, 1, 0.3, 0.5}, 1);
+        FillGrids(view, {row.height, row.width, 5, 1, 0.3, 0.5}, 4);
         EXPECT_EQ(view.lamps[1], row.lamp);
         EXPECT_EQ(view.lamps[4], row.lamp) << "with the sides swapped";
     }
     LiteArrays view;
-    EXPECT_THROW(FillGrids(view, 300, 0.4F, 5, 1, 0.3, 0.5, 2), CalcFailure);
+    EXPECT_THROW(FillGrids(view, {300, 0.4F, 5, 1, 0.3, 0.5}, 2), CalcFailure);
     EXPECT_EQ(view.Row(2), "300 0 5.00 1.00") << "it fails after the cells";
     EXPECT_FALSE(view.lamps[2]);
 }

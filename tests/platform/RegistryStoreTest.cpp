@@ -65,6 +65,10 @@ TEST_F(RegistryStore, KeysComeWithThoseAboveThem) {
     }
     ASSERT_EQ(Open("Software", m_key), ERROR_SUCCESS);
     EXPECT_EQ(Open("ZVK", m_key, m_key), ERROR_SUCCESS);
+    EXPECT_EQ(Get(m_key, "Reminder"), "122026");
+    EXPECT_EQ(Set(m_key, "Reminder", "012027"), ERROR_SUCCESS);
+    EXPECT_EQ(Get(m_key, "Reminder"), "012027");
+    EXPECT_EQ(Set(HKEY_CURRENT_USER, "of the root", "x"), ERROR_SUCCESS);
 }
 
 TEST_F(RegistryStore, ADamagedFileIsAnEmptyStoreThatCanBeWritten) {

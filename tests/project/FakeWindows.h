@@ -5,6 +5,7 @@
 #include "project/DuctSheet.h"
 #include "project/ProjectGrid.h"
 #include "project/ProjectWindows.h"
+#include "project/model/ProjectModel.h"
 #include "support/ScriptedDesktop.h"
 
 #include <gtest/gtest.h>

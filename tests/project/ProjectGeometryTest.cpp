@@ -1,4 +1,5 @@
 #include "project/model/ProjectGeometry.h"
+#include "project/DuctColour.h"
 
 #include <gtest/gtest.h>
 

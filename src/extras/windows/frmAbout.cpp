@@ -11,7 +11,7 @@ namespace {
 constexpr double kWidth = 5370;
 constexpr double kHeight = 4890;
 
-const QString kVersion = " Plenair v1.02";
+const QString kVersion = " Plenair v" PLENAIR_VERSION;
 const QString kCopyright = " \u00A9 2026 the Plenair developers";
 const QString kStuff = "\n"
                        "Made by the Plenair developers, free to use under the MIT licence.\n"

@@ -2,6 +2,7 @@
 
 #include "core/Settings.h"
 #include "extras/Misc.h"
+#include "lite/Bases.h"
 #include "lite/CalculationLog.h"
 #include "lite/CopyResults.h"
 #include "lite/KeyStrokes.h"
@@ -100,11 +101,11 @@ void frmMinorCalc::CreateResults() {
     picScale->setAccessibleName("From wide to tall");
     Place(picScale, 240, 1320, 135, 1215);
 
-    grdMinorCalc = new MSFlexGrid("grdMinorCalc", 5, 4, Client());
+    grdMinorCalc = new MSFlexGrid("grdMinorCalc", kResultRows, kResultColumns, Client());
     grdMinorCalc->setAccessibleName("Rectangular ducts");
     grdMinorCalc->SetRowHeight(243);
     Place(grdMinorCalc, 360, 1320, 2895, 1215);
-    for (int i = 0; i < 5; ++i) {
+    for (int i = 0; i < kResultRows; ++i) {
         auto*& lamp = lblRatio[static_cast<std::size_t>(i)];
         lamp = new Label(ArrayName("lblRatio", i), QString(), Client());
         Place(lamp, 3250, 1320 + 243 * i, 330, i == 0 ? 243 : 240);
@@ -114,7 +115,7 @@ void frmMinorCalc::CreateResults() {
         Place(cmdLog, 3300, 1320 + 243 * i, 230, 243);
     }
     picture("picRound", "lite/round", "Equivalent round duct", 0, 2640);
-    grdOtherShapes = new MSFlexGrid("grdOtherShapes", 5, 4, Client());
+    grdOtherShapes = new MSFlexGrid("grdOtherShapes", kResultRows, kResultColumns, Client());
     grdOtherShapes->setAccessibleName("Equivalent round duct");
     grdOtherShapes->SetRowHeight(255);
     Place(grdOtherShapes, 240, 2640, 3015, 255);
@@ -129,7 +130,7 @@ void frmMinorCalc::CreateBases() {
     const QString captions[] = {"Loss Per Metre (&Pa)", "&Velocity (m/s)", "&Capped (Pa/m, m/s)",
                                 "&Analyse Duct (L/s)", "&Analyse Duct (m/s)"};
     const double tops[] = {3630, 3990, 4350, 4710, 5040};
-    for (int i = 0; i < 5; ++i) {
+    for (int i = 0; i < kBases; ++i) {
         auto* option = new Option(ArrayName("optCalcBasis", i), captions[i], Client());
         option->Click = [this, i] { optCalcBasis_Click(i); };
         Place(option, 120, tops[i], 1935, 255);
@@ -148,7 +149,7 @@ void frmMinorCalc::CreateBases() {
     box(0, "Loss per metre in Pa", 2040, tops[0], 1215);
     box(1, "Velocity in m/s", 2040, tops[1], 1215);
     box(2, "Greatest loss in Pa/m", 2040, tops[2], 600);
-    box(9, "Greatest velocity in m/s", 2655, tops[2], 600);
+    box(kVelocityCapBox, "Greatest velocity in m/s", 2655, tops[2], 600);
     box(3, "Flow to analyse in L/s", 2040, tops[3], 1215);
     box(4, "Velocity to analyse in m/s", 2040, tops[4], 1215);
 }
@@ -186,8 +187,9 @@ void frmMinorCalc::CreateMenus() {
 }
 
 void frmMinorCalc::SetTabStops() {
-    QWidget* const order[] = {txtInputB,       txtInputA,       TxtCalcBasis(1), TxtCalcBasis(2),
-                              TxtCalcBasis(9), TxtCalcBasis(3), TxtCalcBasis(4), TxtCalcBasis(0)};
+    QWidget* const order[] = {
+        txtInputB,       txtInputA,       TxtCalcBasis(1), TxtCalcBasis(2), TxtCalcBasis(kVelocityCapBox),
+        TxtCalcBasis(3), TxtCalcBasis(4), TxtCalcBasis(0)};
     for (std::size_t i = 1; i < std::size(order); ++i) {
         setTabOrder(order[i - 1], order[i]);
     }
@@ -200,23 +202,20 @@ void frmMinorCalc::Form_Load() {
     SetCurrentCell(0, 0);
     for (MSFlexGrid* grid : {grdMinorCalc, grdOtherShapes}) {
         const double width = grid == grdMinorCalc ? 2895 : 3015;
-        for (int column = 0; column < 4; ++column) {
-            grid->SetColWidth(column, std::nearbyint(width / 4.0));
+        for (int column = 0; column < kResultColumns; ++column) {
+            grid->SetColWidth(column, std::nearbyint(width / kResultColumns));
             grid->SetColAlignment(column, 4);
         }
     }
     lblInputB->setText("&Height (mm)");
     lblInputA->setText("Flow &Rate (L/s)");
-    TxtCalcBasis(0)->SetText(ShortestText(Settings.MaxLPM));
-    TxtCalcBasis(2)->SetText(ShortestText(Settings.MaxLPM));
-    TxtCalcBasis(1)->SetText(ShortestText(Settings.MaxVelocity));
-    TxtCalcBasis(9)->SetText(ShortestText(Settings.MaxVelocity));
-    TxtCalcBasis(4)->SetText(ShortestText(Settings.MaxVelocity));
-    TxtCalcBasis(3)->SetText(ShortestText(Settings.Analysis));
-    if (Settings.CalcBasis < 0 || Settings.CalcBasis > 4) {
+    for (const BasisBox& box : kBasisBoxes) {
+        TxtCalcBasis(box.Index)->SetText(ShortestText(Settings.*box.Default));
+    }
+    if (!IsBasis(Settings.CalcBasis)) {
         Settings.CalcBasis = 0;
     }
-    SelectBasis(Settings.CalcBasis);
+    OptCalcBasis(Settings.CalcBasis)->SetOn();
     ResetGrid();
     ResetLog(*this);
 }
@@ -227,6 +226,18 @@ void frmMinorCalc::ResetGrid() {
     for (Label* lamp : lblRatio) {
         lamp->SetOpaque(false);
     }
+}
+
+void frmMinorCalc::TakeSettings() {
+    if (IsBasis(Settings.CalcBasis)) {
+        OptCalcBasis(Settings.CalcBasis)->SetOn();
+    }
+    for (const BasisBox& box : kBasisBoxes) {
+        if (box.FollowsOptions) {
+            TxtCalcBasis(box.Index)->SetText(ShortestText(Settings.*box.Default));
+        }
+    }
+    FocusInputA();
 }
 
 void frmMinorCalc::SetFolded(bool folded) {
@@ -282,13 +293,13 @@ void frmMinorCalc::txtCalcBasis_KeyPress(int character) {
 
 void frmMinorCalc::optCalcBasis_Click(int index) {
     TxtCalcBasis(index)->setEnabled(true);
-    for (int other = 0; other < 5; ++other) {
+    for (int other = 0; other < kBases; ++other) {
         TxtCalcBasis(other)->setEnabled(other == index);
     }
-    TxtCalcBasis(9)->setEnabled(TxtCalcBasis(2)->isEnabled());
+    TxtCalcBasis(kVelocityCapBox)->setEnabled(TxtCalcBasis(2)->isEnabled());
     Settings.CalcBasis = static_cast<std::int16_t>(index);
     GiveFocus(TxtCalcBasis(index));
-    lblInputA->setText(index >= 3 ? "&Width (mm)" : "Flow &Rate (L/s)");
+    lblInputA->setText(IsAnalysis(index) ? "&Width (mm)" : "Flow &Rate (L/s)");
 }
 
 void frmMinorCalc::cmdMoreInfo_Click() {

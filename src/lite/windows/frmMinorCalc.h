@@ -1,5 +1,6 @@
 #pragma once
 
+#include "lite/Bases.h"
 #include "lite/LiteWindow.h"
 #include "platform/qt/Controls.h"
 #include "platform/qt/Form.h"
@@ -35,9 +36,9 @@ class frmMinorCalc : public Form, public LiteWindow {
     std::function<void()> ShowAbout = [] {};
     std::function<void()> EndProgram = [] {};
 
-    // For the options dialog and the reminder, which bring this window up to date.
-    void SelectBasis(int index) { OptCalcBasis(index)->SetOn(); }
-    void SetBasisText(int index, const std::string& text) { TxtCalcBasis(index)->SetText(text); }
+    // Takes over the basis and the targets of Settings, as after the options.
+    void TakeSettings();
+
     void FocusInputA() override;
 
     std::string CurrentCell() const override { return grdMinorCalc->Text(); }
@@ -95,9 +96,9 @@ class frmMinorCalc : public Form, public LiteWindow {
     TextBox* txtInputB = nullptr;
     MSFlexGrid* grdMinorCalc = nullptr;
     MSFlexGrid* grdOtherShapes = nullptr;
-    std::array<Label*, 5> lblRatio = {};
+    std::array<Label*, kResultRows> lblRatio = {};
     Button* cmdMoreInfo = nullptr;
-    std::array<Option*, 5> optCalcBasis = {};
+    std::array<Option*, kBases> optCalcBasis = {};
     std::map<int, TextBox*> txtCalcBasis; // 0 to 4 and 9
     QAction* mnuFileLog = nullptr;
     QAction* mnuViewOnTop = nullptr;

@@ -50,7 +50,7 @@ std::size_t BytesOf(const Step& step) {
     std::size_t bytes = sizeof step + (step.OtherName ? step.OtherName->capacity() : 0);
     for (const auto& column : step.Columns) {
         // A shared column counts for the first step that has it, and is freed with the last.
-        bytes += sizeof column + (column.use_count() == 1 ? column->Difference.Bytes() + sizeof *column : 0);
+        bytes += sizeof column + (column.use_count() == 1 ? BytesOf(column->Difference) + sizeof *column : 0);
     }
     return bytes;
 }
@@ -120,7 +120,7 @@ std::shared_ptr<const Column> ColumnOf(std::size_t word, const Changes& changes)
     for (std::size_t element = changes.First; element <= changes.Last; ++element) {
         difference.push_back(Before(element)[word] ^ Present(element)[word]);
     }
-    return Share({word, changes.First, PackedWords(difference)});
+    return Share({word, changes.First, Pack(difference)});
 }
 
 void ForgetUndone() {
@@ -139,8 +139,8 @@ void ForgetOldest() {
 }
 
 void ApplyColumn(const Column& column) {
-    for (std::size_t place = 0; place < column.Difference.Size(); ++place) {
-        const std::uint64_t difference = column.Difference[place];
+    for (std::size_t place = 0; place < column.Difference.Size; ++place) {
+        const std::uint64_t difference = WordAt(column.Difference, place);
         if (difference != 0) {
             DuctRecord& duct = Ducts[column.First + place];
             DuctBits bits = BitsOf(duct);

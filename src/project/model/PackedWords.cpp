@@ -11,45 +11,49 @@ constexpr std::size_t kWordBits = 64;
 
 } // namespace
 
-PackedWords::PackedWords(const std::vector<std::uint64_t>& words) : m_size(words.size()) {
+PackedWords Pack(const std::vector<std::uint64_t>& words) {
+    PackedWords packed;
+    packed.Size = words.size();
     std::unordered_map<std::uint64_t, std::size_t> known;
     std::vector<std::size_t> numbers;
     numbers.reserve(words.size());
     for (const std::uint64_t word : words) {
-        const auto [place, isNew] = known.try_emplace(word, m_different.size());
+        const auto [place, isNew] = known.try_emplace(word, packed.Different.size());
         if (isNew) {
-            m_different.push_back(word);
+            packed.Different.push_back(word);
         }
         numbers.push_back(place->second);
     }
-    m_different.shrink_to_fit();
-    m_bits = m_different.empty() ? 0 : static_cast<unsigned>(std::bit_width(m_different.size() - 1));
-    m_numbers.resize((m_size * m_bits + kWordBits - 1) / kWordBits);
-    for (std::size_t place = 0; m_bits > 0 && place < m_size; ++place) {
-        const std::size_t at = place * m_bits;
+    packed.Different.shrink_to_fit();
+    const std::size_t bits = packed.Different.empty() ? 0 : std::bit_width(packed.Different.size() - 1);
+    packed.Bits = static_cast<unsigned>(bits);
+    packed.Numbers.resize((packed.Size * bits + kWordBits - 1) / kWordBits);
+    for (std::size_t place = 0; bits > 0 && place < packed.Size; ++place) {
+        const std::size_t at = place * bits;
         const std::size_t shift = at % kWordBits;
-        m_numbers[at / kWordBits] |= numbers[place] << shift;
-        if (shift + m_bits > kWordBits) {
-            m_numbers[at / kWordBits + 1] |= numbers[place] >> (kWordBits - shift);
+        packed.Numbers[at / kWordBits] |= numbers[place] << shift;
+        if (shift + bits > kWordBits) {
+            packed.Numbers[at / kWordBits + 1] |= numbers[place] >> (kWordBits - shift);
         }
     }
+    return packed;
 }
 
-std::uint64_t PackedWords::operator[](std::size_t place) const {
-    if (m_bits == 0) {
-        return m_different[0];
+std::uint64_t WordAt(const PackedWords& packed, std::size_t place) {
+    if (packed.Bits == 0) {
+        return packed.Different[0];
     }
-    const std::size_t at = place * m_bits;
+    const std::size_t at = place * packed.Bits;
     const std::size_t shift = at % kWordBits;
-    std::uint64_t number = m_numbers[at / kWordBits] >> shift;
-    if (shift + m_bits > kWordBits) {
-        number |= m_numbers[at / kWordBits + 1] << (kWordBits - shift);
+    std::uint64_t number = packed.Numbers[at / kWordBits] >> shift;
+    if (shift + packed.Bits > kWordBits) {
+        number |= packed.Numbers[at / kWordBits + 1] << (kWordBits - shift);
     }
-    return m_different[number & ((std::uint64_t{1} << m_bits) - 1)];
+    return packed.Different[number & ((std::uint64_t{1} << packed.Bits) - 1)];
 }
 
-std::size_t PackedWords::Bytes() const {
-    return sizeof *this + (m_different.capacity() + m_numbers.capacity()) * sizeof(std::uint64_t);
+std::size_t BytesOf(const PackedWords& packed) {
+    return sizeof packed + (packed.Different.capacity() + packed.Numbers.capacity()) * sizeof(std::uint64_t);
 }
 
 } // namespace plenair

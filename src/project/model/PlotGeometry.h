@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/drawing/Point.h"
+#include "platform/plane/Point.h"
 
 #include <string>
 #include <vector>

@@ -8,7 +8,6 @@ namespace plenair {
 namespace {
 
 constexpr double kFarOff = 1E7;
-constexpr double kHighestColour = 16777215.0;
 
 double Drawable(double coordinate) {
     return std::isnan(coordinate) ? 0.0 : std::clamp(coordinate, -kFarOff, kFarOff);
@@ -47,16 +46,6 @@ Point EndOf(const DuctRecord& duct, Extent surface) {
 Point LabelPlace(const DuctRecord& duct, Extent surface) {
     return WholeDrawable({(surface.Width * duct.EndX + surface.Width * duct.StartX) / 2,
                           (surface.Height * duct.EndY + surface.Height * duct.StartY) / 2});
-}
-
-bool IsColourNumber(float colour) {
-    const double whole = Whole(static_cast<double>(colour));
-    return whole >= 0.0 && whole <= kHighestColour;
-}
-
-ColourNumber DrawnColour(float colour) {
-    return IsColourNumber(colour) ? static_cast<ColourNumber>(Whole(static_cast<double>(colour)))
-                                  : kBlackColour;
 }
 
 Point Drawable(Point place) {

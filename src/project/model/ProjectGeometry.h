@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/drawing/DrawingSurface.h"
-#include "project/model/ProjectModel.h"
+#include "platform/plane/Point.h"
+#include "project/model/DuctRecord.h"
 
 // Where things stand on the grid and on a page. Pure functions; units are those of the drawing surface.
 namespace plenair {
@@ -24,10 +24,6 @@ float SnapToGrid(float value, double size, Axis axis);
 Point StartOf(const DuctRecord& duct, Extent surface);
 Point EndOf(const DuctRecord& duct, Extent surface);
 Point LabelPlace(const DuctRecord& duct, Extent surface);
-
-// The colour number that a duct is drawn in: black where its Colour is no colour number.
-ColourNumber DrawnColour(float colour);
-bool IsColourNumber(float colour);
 
 // `place` as it can be drawn. What lies 10 million units off any surface, or nowhere, as in a damaged file,
 // comes back to that distance, or to 0.

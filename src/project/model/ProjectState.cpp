@@ -47,40 +47,29 @@ std::uint64_t SumOf(std::string_view content) {
     return sum;
 }
 
-// Takes words and texts off a content.
-class Reader {
-  public:
-    explicit Reader(std::string_view content) : m_rest(content) {}
-
-    std::uint64_t Word() {
-        const std::string_view taken = Take(kWord);
-        return WordAt(taken, 0);
+void Require(bool isWhole) {
+    if (!isWhole) {
+        throw ContentFailure("Damaged");
     }
+}
 
-    std::string Text() {
-        const std::uint64_t size = Word();
-        Require(size <= m_rest.size());
-        return std::string(Take((size + kWord - 1) / kWord * kWord).substr(0, size));
-    }
+// Each of these takes its part off the front of the content.
+std::string_view Take(std::string_view& content, std::size_t size) {
+    Require(size <= content.size());
+    const std::string_view taken = content.substr(0, size);
+    content.remove_prefix(size);
+    return taken;
+}
 
-    static void Require(bool isWhole) {
-        if (!isWhole) {
-            throw ContentFailure("Damaged");
-        }
-    }
+std::uint64_t TakeWord(std::string_view& content) {
+    return WordAt(Take(content, kWord), 0);
+}
 
-    bool AtEnd() const { return m_rest.empty(); }
-
-  private:
-    std::string_view Take(std::size_t size) {
-        Require(size <= m_rest.size());
-        const std::string_view taken = m_rest.substr(0, size);
-        m_rest.remove_prefix(size);
-        return taken;
-    }
-
-    std::string_view m_rest;
-};
+std::string TakeText(std::string_view& content) {
+    const std::uint64_t size = TakeWord(content);
+    Require(size <= content.size());
+    return std::string(Take(content, (size + kWord - 1) / kWord * kWord).substr(0, size));
+}
 
 } // namespace
 
@@ -113,23 +102,23 @@ std::string KeptContent(const ProjectState& state, const std::string& folder) {
 }
 
 KeptProject ReadKept(std::string_view content) {
-    Reader::Require(content.size() % kWord == 0);
-    Reader reader(content);
-    Reader::Require(reader.Word() == kMark);
-    Reader::Require(reader.Word() == SumOf(content));
+    Require(content.size() % kWord == 0);
+    std::string_view rest = content;
+    Require(TakeWord(rest) == kMark);
+    Require(TakeWord(rest) == SumOf(content));
     KeptProject kept;
-    const std::uint64_t flags = reader.Word();
+    const std::uint64_t flags = TakeWord(rest);
     kept.State.IsSolved = (flags & kSolvedBit) != 0;
     kept.State.PressureShown = (flags & kPressureBit) != 0;
-    kept.State.Name = reader.Text();
-    kept.Folder = reader.Text();
-    const std::uint64_t elements = reader.Word();
-    Reader::Require(elements >= 1 && elements <= std::size_t{kMostDucts} + 1);
+    kept.State.Name = TakeText(rest);
+    kept.Folder = TakeText(rest);
+    const std::uint64_t elements = TakeWord(rest);
+    Require(elements >= 1 && elements <= std::size_t{kMostDucts} + 1);
     kept.State.Elements.resize(elements);
     for (DuctBits& element : kept.State.Elements) {
-        std::generate(element.begin(), element.end(), [&] { return reader.Word(); });
+        std::generate(element.begin(), element.end(), [&] { return TakeWord(rest); });
     }
-    Reader::Require(reader.AtEnd());
+    Require(rest.empty());
     return kept;
 }
 

@@ -11,6 +11,7 @@
 #include "project/Printout.h"
 #include "project/ProjectFiles.h"
 #include "project/ProjectGrid.h"
+#include "project/model/ProjectModel.h"
 #include "project/windows/SolverKeys.h"
 
 namespace plenair {

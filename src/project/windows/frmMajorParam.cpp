@@ -6,6 +6,7 @@
 #include "platform/qt/SurfacePainter.h"
 #include "platform/qt/Twips.h"
 #include "platform/qt/WindowPos.h"
+#include "project/DuctColour.h"
 #include "project/DuctSheet.h"
 #include "project/windows/SolverKeys.h"
 
