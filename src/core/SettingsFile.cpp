@@ -3,14 +3,18 @@
 #include "core/Settings.h"
 #include "core/modRegistry.h"
 #include "platform/desktop/MessageBox.h"
+#include "platform/files/FileFailure.h"
 #include "platform/files/Folders.h"
 #include "platform/files/ItemReader.h"
 #include "platform/files/ProgramFolder.h"
+#include "platform/files/RegistryStore.h"
 #include "platform/files/WholeFiles.h"
 #include "platform/text/NumberText.h"
 
 #include <cmath>
+#include <cstdint>
 #include <optional>
+#include <string>
 #include <utility>
 
 namespace plenair {

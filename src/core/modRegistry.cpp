@@ -1,6 +1,7 @@
 #include "core/modRegistry.h"
 
 #include "platform/desktop/Clock.h"
+#include "platform/text/LocalTime.h"
 
 #include <cstring>
 

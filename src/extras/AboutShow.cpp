@@ -2,6 +2,7 @@
 
 #include "platform/desktop/RandomNumbers.h"
 #include "platform/drawing/QBColor.h"
+#include "platform/plane/Point.h"
 
 #include <cmath>
 

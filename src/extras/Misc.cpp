@@ -5,9 +5,12 @@
 #include "platform/desktop/RandomNumbers.h"
 #include "platform/desktop/Sound.h"
 #include "platform/files/ProgramFolder.h"
+#include "platform/files/RegistryStore.h"
 
 #include <array>
+#include <cstddef>
 #include <string>
+#include <variant>
 
 namespace plenair {
 

@@ -3,6 +3,8 @@
 #include "flow/CalcFailure.h"
 #include "platform/text/NumberText.h"
 
+#include <optional>
+
 namespace plenair {
 
 double NumberOf(const std::string& text) {

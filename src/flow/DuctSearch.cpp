@@ -8,6 +8,7 @@
 #include "flow/Units.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <optional>
 

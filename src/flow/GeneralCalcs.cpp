@@ -2,7 +2,10 @@
 
 #include "core/Settings.h"
 #include "flow/Arithmetic.h"
+#include "flow/CalcFailure.h"
 #include "flow/FluidProperties.h"
+
+#include <cmath>
 
 namespace plenair {
 

@@ -2,7 +2,11 @@
 
 #include "core/Settings.h"
 #include "flow/Arithmetic.h"
+#include "flow/CalcFailure.h"
 #include "platform/text/NumberText.h"
+
+#include <cstdint>
+#include <optional>
 
 namespace plenair {
 

@@ -4,6 +4,7 @@
 #include "extras/Misc.h"
 #include "flow/Arithmetic.h"
 #include "flow/BoxNumbers.h"
+#include "flow/CalcFailure.h"
 #include "flow/DuctSearch.h"
 #include "flow/FluidProperties.h"
 #include "flow/GeneralCalcs.h"
@@ -14,6 +15,8 @@
 #include "platform/desktop/MessageBox.h"
 #include "platform/desktop/Progress.h"
 #include "platform/text/NumberText.h"
+
+#include <string>
 
 namespace plenair {
 

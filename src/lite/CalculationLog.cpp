@@ -3,18 +3,23 @@
 #include "core/Settings.h"
 #include "flow/Arithmetic.h"
 #include "flow/BoxNumbers.h"
+#include "flow/CalcFailure.h"
 #include "platform/desktop/Clock.h"
+#include "platform/desktop/CommonDialog.h"
 #include "platform/desktop/Desktop.h"
 #include "platform/desktop/Editor.h"
 #include "platform/desktop/MessageBox.h"
 #include "platform/desktop/Progress.h"
+#include "platform/files/FileFailure.h"
 #include "platform/files/Folders.h"
 #include "platform/files/WholeFiles.h"
 #include "platform/text/DateText.h"
 #include "platform/text/NumberText.h"
 #include "platform/text/Utf8.h"
 
+#include <cstddef>
 #include <limits>
+#include <string>
 
 namespace plenair {
 

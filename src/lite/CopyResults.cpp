@@ -2,6 +2,8 @@
 
 #include "platform/desktop/Clipboard.h"
 
+#include <string>
+
 namespace plenair {
 
 TableRows ResultTable(const LiteWindow& window) {

@@ -3,6 +3,7 @@
 #include "core/Settings.h"
 #include "extras/Misc.h"
 #include "flow/BoxNumbers.h"
+#include "flow/CalcFailure.h"
 #include "flow/DuctSearch.h"
 #include "flow/Units.h"
 #include "platform/desktop/Desktop.h"
@@ -13,7 +14,12 @@
 #include "project/ProjectFiles.h"
 #include "project/ProjectGrid.h"
 #include "project/ProjectKeeper.h"
+#include "project/model/DuctRecord.h"
 #include "project/model/ProjectModel.h"
+#include "project/model/SheetBoxes.h"
+
+#include <cstdint>
+#include <string>
 
 namespace plenair {
 

@@ -3,8 +3,19 @@
 #include "platform/desktop/Clipboard.h"
 #include "platform/text/NumberText.h"
 #include "project/PlotDrawing.h"
+#include "project/ProjectDrawing.h"
 #include "project/model/DuctPath.h"
+#include "project/model/DuctRecord.h"
 #include "project/model/ProjectModel.h"
+#include "project/model/SheetBoxes.h"
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 namespace plenair {
 

@@ -6,9 +6,11 @@
 #include "project/ProjectGrid.h"
 #include "project/ProjectKeeper.h"
 #include "project/model/DuctBits.h"
+#include "project/model/DuctRecord.h"
 #include "project/model/ProjectModel.h"
 
 #include <algorithm>
+#include <array>
 #include <string>
 #include <utility>
 

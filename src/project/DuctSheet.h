@@ -1,6 +1,9 @@
 #pragma once
 
 #include "project/ProjectWindows.h"
+#include "project/model/SheetBoxes.h"
+
+#include <cstdint>
 
 // The sheet of one duct: eight boxes, the one channel between text and DuctRecord in both directions. Boxes
 // hold numbers in the user's locale.

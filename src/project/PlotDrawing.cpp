@@ -1,5 +1,6 @@
 #include "project/PlotDrawing.h"
 #include "project/DuctColour.h"
+#include "project/ProjectDrawing.h"
 #include "project/model/ProjectModel.h"
 
 namespace plenair {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/drawing/DrawingSurface.h"
 #include "project/ProjectWindows.h"
 #include "project/model/DuctPath.h"
 #include "project/model/PlotGeometry.h"

@@ -2,6 +2,7 @@
 
 #include "core/Settings.h"
 #include "flow/Arithmetic.h"
+#include "flow/CalcFailure.h"
 #include "flow/FluidProperties.h"
 #include "flow/Units.h"
 #include "platform/desktop/InputBox.h"
@@ -10,7 +11,9 @@
 #include "project/PlotDrawing.h"
 #include "project/model/DuctPath.h"
 #include "project/model/DuctRecord.h"
-#include "project/model/ProjectModel.h"
+
+#include <cstddef>
+#include <vector>
 
 namespace plenair {
 

@@ -2,6 +2,8 @@
 
 #include "project/ProjectWindows.h"
 
+#include <string>
+
 // The pressure drop along a path.
 namespace plenair {
 

@@ -2,11 +2,19 @@
 
 #include "flow/CalcFailure.h"
 #include "platform/desktop/MessageBox.h"
+#include "platform/drawing/DrawingSurface.h"
 #include "project/PlotDrawing.h"
+#include "project/ProjectDrawing.h"
 #include "project/ProjectGrid.h"
+#include "project/model/DuctRecord.h"
+#include "project/model/PlotGeometry.h"
 #include "project/model/ProjectModel.h"
+#include "project/model/SheetBoxes.h"
 
+#include <array>
+#include <cstdint>
 #include <functional>
+#include <string>
 
 namespace plenair {
 

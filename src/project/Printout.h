@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/desktop/CommonDialog.h"
 #include "platform/drawing/Printer.h"
 #include "project/ProjectWindows.h"
 

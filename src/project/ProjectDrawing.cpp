@@ -1,6 +1,10 @@
 #include "project/ProjectDrawing.h"
 #include "project/DuctColour.h"
+#include "project/model/DuctRecord.h"
+#include "project/model/ProjectGeometry.h"
 #include "project/model/ProjectModel.h"
+
+#include <vector>
 
 namespace plenair {
 

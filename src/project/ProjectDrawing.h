@@ -1,7 +1,11 @@
 #pragma once
 
+#include "platform/drawing/DrawingSurface.h"
 #include "platform/drawing/RecordedSurface.h"
-#include "project/model/ProjectGeometry.h"
+#include "platform/plane/Point.h"
+
+#include <cstddef>
+#include <cstdint>
 
 // The network as it is drawn, on the grid and on paper alike.
 namespace plenair {

@@ -1,8 +1,10 @@
 #include "project/ProjectFiles.h"
 
 #include "core/Settings.h"
+#include "platform/desktop/CommonDialog.h"
 #include "platform/desktop/MessageBox.h"
 #include "platform/desktop/Progress.h"
+#include "platform/files/FileFailure.h"
 #include "platform/files/Folders.h"
 #include "platform/files/WholeFiles.h"
 #include "platform/text/Utf8.h"
@@ -14,7 +16,9 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cstddef>
 #include <filesystem>
+#include <system_error>
 
 namespace plenair {
 

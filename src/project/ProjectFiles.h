@@ -2,6 +2,8 @@
 
 #include "project/ProjectWindows.h"
 
+#include <string>
+
 // Storing and loading projects. Saving and loading tell the user nothing about a failure: the operation ends,
 // gives false, and what stood on the disk before stands there still.
 namespace plenair {

@@ -2,12 +2,18 @@
 
 #include "platform/desktop/Desktop.h"
 #include "platform/desktop/MessageBox.h"
+#include "platform/plane/Point.h"
 #include "project/DuctColour.h"
+#include "project/ProjectDrawing.h"
 #include "project/ProjectKeeper.h"
+#include "project/model/ProjectGeometry.h"
 #include "project/model/ProjectModel.h"
+#include "project/model/SheetBoxes.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
+#include <string>
 
 namespace plenair {
 

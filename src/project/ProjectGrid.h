@@ -2,6 +2,8 @@
 
 #include "project/ProjectWindows.h"
 
+#include <cstdint>
+
 // Drawing and editing the network on picGrid.
 namespace plenair {
 

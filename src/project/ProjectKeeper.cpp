@@ -3,9 +3,11 @@
 #include "core/Settings.h"
 #include "platform/desktop/Desktop.h"
 #include "platform/desktop/MessageBox.h"
+#include "platform/files/FileFailure.h"
 #include "platform/files/OwnedFile.h"
 #include "platform/files/ProgramFolder.h"
 #include "project/model/History.h"
+#include "project/model/ProjectState.h"
 
 #include <chrono>
 #include <functional>
@@ -13,6 +15,7 @@
 #include <memory>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 namespace plenair {
 

@@ -3,15 +3,21 @@
 #include "core/Settings.h"
 #include "platform/desktop/Desktop.h"
 #include "platform/desktop/MessageBox.h"
+#include "platform/files/FileFailure.h"
 #include "platform/files/OwnedFile.h"
 #include "platform/files/ProgramFolder.h"
 #include "project/ProjectKeeper.h"
 #include "project/UndoRedo.h"
 #include "project/model/History.h"
+#include "project/model/ProjectState.h"
 
+#include <cstddef>
 #include <filesystem>
 #include <memory>
+#include <string>
+#include <system_error>
 #include <utility>
+#include <vector>
 
 namespace plenair {
 

@@ -4,6 +4,9 @@
 #include "project/ProjectGrid.h"
 #include "project/ProjectKeeper.h"
 #include "project/model/History.h"
+#include "project/model/ProjectModel.h"
+
+#include <optional>
 
 namespace plenair {
 

@@ -2,6 +2,8 @@
 
 #include "project/ProjectWindows.h"
 
+#include <cstdint>
+
 // The way back and forward through what was done to the project, from either window.
 namespace plenair {
 

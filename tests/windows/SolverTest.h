@@ -2,6 +2,7 @@
 
 #include "platform/qt/PictureBox.h"
 #include "platform/text/NumberText.h"
+#include "project/model/ProjectGeometry.h"
 #include "project/model/ProjectModel.h"
 #include "project/windows/frmMajorCalc.h"
 #include "project/windows/frmMajorParam.h"

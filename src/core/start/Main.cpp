@@ -8,6 +8,7 @@
 #include "platform/qt/Application.h"
 #include "project/windows/ProjectSolver.h"
 
+#include <functional>
 #include <memory>
 
 // All that leads from one window to another is tied here.

@@ -3,15 +3,21 @@
 #include "core/SettingsFile.h"
 #include "platform/desktop/MessageBox.h"
 #include "platform/files/FileFailure.h"
+#include "platform/qt/FocusEvents.h"
 #include "platform/qt/FormFont.h"
 #include "platform/qt/Twips.h"
 #include "platform/text/NumberText.h"
 #include "platform/text/Utf8.h"
 
+#include <QFont>
 #include <QPainter>
+#include <QPalette>
+#include <QRect>
+#include <QString>
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 #include <optional>
 #include <utility>

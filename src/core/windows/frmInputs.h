@@ -5,7 +5,10 @@
 #include "platform/qt/Form.h"
 #include "platform/qt/TextBox.h"
 
+#include <QPaintEvent>
+
 #include <array>
+#include <cstddef>
 #include <functional>
 #include <string>
 

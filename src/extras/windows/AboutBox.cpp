@@ -1,7 +1,9 @@
 #include "extras/windows/AboutBox.h"
 
 #include "extras/windows/frmAbout.h"
+#include "platform/qt/Form.h"
 
+#include <QObject>
 #include <QPointer>
 
 namespace plenair {

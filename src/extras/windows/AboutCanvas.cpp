@@ -1,13 +1,20 @@
 #include "extras/windows/AboutCanvas.h"
 
+#include "platform/plane/Point.h"
 #include "platform/qt/SurfacePainter.h"
 #include "platform/qt/Twips.h"
 
 #include <QPaintEvent>
 #include <QPainter>
+#include <QPointF>
+#include <QRect>
+#include <QRectF>
+#include <QRegion>
+#include <QSizeF>
 
 #include <algorithm>
-#include <cmath>
+#include <cstdlib>
+#include <vector>
 
 namespace plenair {
 

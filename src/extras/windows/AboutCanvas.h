@@ -1,9 +1,15 @@
 #pragma once
 
+#include "platform/drawing/DrawingSurface.h"
 #include "platform/drawing/RecordedSurface.h"
 
 #include <QImage>
+#include <QPaintEvent>
+#include <QResizeEvent>
+#include <QString>
 #include <QWidget>
+
+#include <cstddef>
 
 namespace plenair {
 

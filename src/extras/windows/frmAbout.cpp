@@ -4,6 +4,15 @@
 #include "extras/Misc.h"
 #include "platform/qt/Twips.h"
 
+#include <QFont>
+#include <QFontMetrics>
+#include <QMetaObject>
+#include <QPalette>
+#include <QSize>
+#include <QWidget>
+
+#include <functional>
+
 namespace plenair {
 
 namespace {

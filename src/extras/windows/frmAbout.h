@@ -5,6 +5,9 @@
 #include "platform/qt/Form.h"
 #include "platform/qt/Pictures.h"
 
+#include <QShowEvent>
+#include <QString>
+
 namespace plenair {
 
 // The about box. Being shown for the first time makes it play its show, and only after that its texts and its

@@ -13,9 +13,16 @@
 #include "platform/qt/WindowPos.h"
 #include "platform/text/NumberText.h"
 
+#include <QColor>
+#include <QKeySequence>
 #include <QMenuBar>
+#include <QWidget>
 
 #include <cmath>
+#include <cstdint>
+#include <iterator>
+#include <optional>
+#include <utility>
 
 namespace plenair {
 

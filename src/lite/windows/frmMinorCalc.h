@@ -2,16 +2,22 @@
 
 #include "lite/Bases.h"
 #include "lite/LiteWindow.h"
+#include "platform/desktop/CommonDialog.h"
 #include "platform/qt/Controls.h"
+#include "platform/qt/FocusEvents.h"
 #include "platform/qt/Form.h"
 #include "platform/qt/MSFlexGrid.h"
 #include "platform/qt/TextBox.h"
 
 #include <QAction>
+#include <QMenu>
+#include <QString>
 
 #include <array>
+#include <cstddef>
 #include <functional>
 #include <map>
+#include <string>
 
 class QMenu;
 

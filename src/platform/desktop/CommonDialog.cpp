@@ -4,6 +4,8 @@
 #include "platform/files/Folders.h"
 
 #include <filesystem>
+#include <functional>
+#include <system_error>
 
 namespace plenair {
 

@@ -3,13 +3,13 @@
 #include "platform/desktop/Clock.h"
 #include "platform/desktop/Editor.h"
 #include "platform/desktop/Sound.h"
+#include "platform/files/FileProgress.h"
 
 #include <chrono>
 #include <cstdint>
 #include <cstdio>
 #include <ctime>
 #include <memory>
-#include <time.h>
 #include <utility>
 
 namespace plenair {

@@ -1,6 +1,8 @@
 #include "platform/desktop/DesktopEntry.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <memory>
 
 namespace plenair {
 

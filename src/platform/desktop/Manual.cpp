@@ -1,10 +1,13 @@
 #include "platform/desktop/Manual.h"
 
 #include "platform/desktop/Desktop.h"
+#include "platform/desktop/MessageBox.h"
 #include "platform/files/ProgramFolder.h"
 
 #include <algorithm>
 #include <filesystem>
+#include <functional>
+#include <system_error>
 #include <vector>
 
 namespace plenair {

@@ -1,6 +1,7 @@
 #include "platform/desktop/RandomNumbers.h"
 
 #include "platform/desktop/Clock.h"
+#include "platform/text/LocalTime.h"
 
 #include <bit>
 #include <cstdint>

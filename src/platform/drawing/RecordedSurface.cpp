@@ -1,6 +1,7 @@
 #include "platform/drawing/RecordedSurface.h"
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 namespace plenair {

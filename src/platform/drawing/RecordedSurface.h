@@ -1,9 +1,12 @@
 #pragma once
 
 #include "platform/drawing/DrawingSurface.h"
+#include "platform/plane/Point.h"
 
 #include <cstddef>
 #include <functional>
+#include <string>
+#include <utility>
 #include <vector>
 
 namespace plenair {

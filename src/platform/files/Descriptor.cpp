@@ -2,13 +2,13 @@
 
 #include "platform/files/FileFailure.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <cstddef>
 #include <system_error>
 
 #include <fcntl.h>
+#include <sys/stat.h>
 
 namespace plenair {
 

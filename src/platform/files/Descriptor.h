@@ -4,9 +4,9 @@
 
 #include <string>
 #include <string_view>
+#include <sys/stat.h>
 #include <utility>
 
-#include <sys/stat.h>
 #include <unistd.h>
 
 // What reading and writing share; for the files of this folder alone.

@@ -4,8 +4,11 @@
 #include "platform/files/FileFailure.h"
 
 #include <cerrno>
+#include <chrono>
 #include <filesystem>
 #include <system_error>
+
+#include <sys/stat.h>
 
 namespace plenair {
 

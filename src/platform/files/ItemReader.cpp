@@ -1,6 +1,7 @@
 #include "platform/files/ItemReader.h"
 
 #include "platform/files/Descriptor.h"
+#include "platform/files/FileFailure.h"
 
 #include <algorithm>
 #include <array>
@@ -9,6 +10,8 @@
 #include <utility>
 
 #include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace plenair {
 

@@ -3,9 +3,11 @@
 #include "platform/files/Descriptor.h"
 #include "platform/files/FileFailure.h"
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace plenair {

@@ -2,6 +2,7 @@
 
 #include "platform/files/Folders.h"
 
+#include <chrono>
 #include <filesystem>
 #include <system_error>
 

@@ -1,6 +1,7 @@
 #include "platform/files/RegistryStore.h"
 
 #include "platform/files/Descriptor.h"
+#include "platform/files/FileFailure.h"
 #include "platform/files/Folders.h"
 #include "platform/files/ItemReader.h"
 #include "platform/files/WholeFiles.h"
@@ -8,16 +9,20 @@
 #include <algorithm>
 #include <cerrno>
 #include <charconv>
+#include <chrono>
 #include <cstddef>
 #include <filesystem>
 #include <map>
 #include <optional>
 #include <string_view>
 #include <system_error>
+#include <type_traits>
 #include <utility>
+#include <vector>
 
 #include <fcntl.h>
 #include <sys/file.h>
+#include <unistd.h>
 
 // The file holds items, in rows of three kinds:
 //

@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <string>
-#include <vector>
 
 // The per-user registry: keys below a root, each with named values of a type. Where the system has none of
 // its own, one per-user text file holds them; a missing or damaged file is an empty store, one that can't be

@@ -6,6 +6,8 @@
 #include "platform/qt/ReadableStyle.h"
 
 #include <QApplication>
+#include <QEvent>
+#include <QObject>
 
 namespace plenair {
 

@@ -1,6 +1,9 @@
 #include "platform/qt/ConnectDesktop.h"
 
+#include "platform/desktop/CommonDialog.h"
 #include "platform/desktop/Desktop.h"
+#include "platform/desktop/MessageBox.h"
+#include "platform/desktop/Progress.h"
 #include "platform/files/ProgramFolder.h"
 #include "platform/files/RegistryStore.h"
 #include "platform/qt/Clipboard.h"
@@ -18,9 +21,18 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QList>
 #include <QLocale>
 #include <QStandardPaths>
+#include <QString>
+#include <QStringList>
 #include <QTimer>
+
+#include <array>
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <type_traits>
 
 namespace plenair {
 

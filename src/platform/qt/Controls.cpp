@@ -3,10 +3,16 @@
 #include "platform/qt/Icons.h"
 #include "platform/qt/Twips.h"
 
+#include <QChar>
 #include <QEvent>
 #include <QKeyEvent>
+#include <QKeySequence>
+#include <QList>
 #include <QPainter>
+#include <QPen>
+#include <QRectF>
 #include <QShortcutEvent>
+#include <QSize>
 
 #include <cmath>
 

@@ -3,10 +3,18 @@
 #include "platform/qt/FocusEvents.h"
 
 #include <QCheckBox>
+#include <QColor>
+#include <QEvent>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QPaintEvent>
+#include <QPalette>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QResizeEvent>
 #include <QScrollBar>
+#include <QString>
+#include <QWidget>
 
 #include <functional>
 

@@ -1,19 +1,37 @@
 #include "platform/qt/DesktopPrinter.h"
 
+#include "platform/drawing/DrawingSurface.h"
+#include "platform/plane/Point.h"
 #include "platform/qt/FocusEvents.h"
 #include "platform/qt/SurfacePainter.h"
 #include "platform/qt/Twips.h"
 
-#include <QApplication>
+#include <QAbstractPrintDialog>
+#include <QByteArray>
+#include <QDialog>
 #include <QFile>
 #include <QFileInfo>
+#include <QFont>
+#include <QFontMetricsF>
+#include <QIODevice>
+#include <QList>
+#include <QPageLayout>
+#include <QPageSize>
 #include <QPainter>
+#include <QPen>
+#include <QPointF>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QRectF>
+#include <QSizeF>
+#include <QString>
+#include <QStringList>
+#include <QWidget>
 
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
+#include <system_error>
 
 namespace plenair {
 

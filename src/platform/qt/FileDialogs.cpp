@@ -3,12 +3,14 @@
 #include "platform/qt/FocusEvents.h"
 #include "platform/qt/Twips.h"
 
-#include <QApplication>
+#include <QDialog>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QList>
 #include <QMessageBox>
 #include <QRegularExpression>
+#include <QString>
 
 namespace plenair {
 

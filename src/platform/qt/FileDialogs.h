@@ -4,6 +4,8 @@
 
 #include <QStringList>
 
+#include <string>
+
 namespace plenair {
 
 // The file dialogs of the desktop. Gives whether one was accepted, with the full path in `dialog`. A name

@@ -4,8 +4,10 @@
 #include "platform/qt/KeyRepeat.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QObject>
 #include <QPointer>
 
 namespace plenair {

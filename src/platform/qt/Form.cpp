@@ -8,10 +8,13 @@
 #include <QCloseEvent>
 #include <QDeadlineTimer>
 #include <QEventLoop>
+#include <QGuiApplication>
 #include <QMenuBar>
+#include <QRect>
 #include <QScreen>
 #include <QShortcut>
 #include <QTimer>
+#include <QWidgetList>
 #include <QWindow>
 
 namespace plenair {

@@ -1,9 +1,18 @@
 #pragma once
 
+#include <QCloseEvent>
 #include <QElapsedTimer>
+#include <QEvent>
+#include <QHideEvent>
 #include <QKeySequence>
 #include <QList>
+#include <QObject>
+#include <QPaintEvent>
+#include <QPoint>
 #include <QPointer>
+#include <QShortcut>
+#include <QSize>
+#include <QString>
 #include <QWidget>
 
 #include <functional>

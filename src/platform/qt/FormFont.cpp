@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QFontInfo>
 #include <QFontMetricsF>
+#include <QString>
 
 #include <algorithm>
 

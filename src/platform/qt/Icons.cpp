@@ -1,11 +1,18 @@
 #include "platform/qt/Icons.h"
 
+#include <QByteArray>
 #include <QFile>
 #include <QHash>
+#include <QIODevice>
 #include <QIconEngine>
 #include <QPalette>
 #include <QPixmap>
+#include <QPoint>
+#include <QRect>
+#include <QSize>
 #include <QSvgRenderer>
+
+#include <utility>
 
 namespace plenair {
 

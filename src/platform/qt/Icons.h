@@ -3,7 +3,9 @@
 #include <QColor>
 #include <QIcon>
 #include <QPainter>
+#include <QPalette>
 #include <QRectF>
+#include <QString>
 
 namespace plenair {
 

@@ -2,8 +2,14 @@
 
 #include "platform/qt/TextFit.h"
 
+#include <QColor>
+#include <QFont>
+#include <QFontMetricsF>
 #include <QPainter>
 #include <QPainterPath>
+#include <QPalette>
+#include <QPen>
+#include <QRect>
 
 #include <cstdlib>
 

@@ -2,6 +2,8 @@
 
 #include "platform/qt/Controls.h"
 
+#include <QPaintEvent>
+
 // Labels that stand out.
 namespace plenair {
 

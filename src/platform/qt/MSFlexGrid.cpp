@@ -5,9 +5,13 @@
 #include "platform/qt/Twips.h"
 
 #include <QAccessible>
+#include <QColor>
 #include <QFontMetricsF>
 #include <QPainter>
+#include <QPalette>
+#include <QRect>
 
+#include <memory>
 #include <stdexcept>
 
 namespace plenair {

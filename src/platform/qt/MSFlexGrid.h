@@ -1,7 +1,10 @@
 #pragma once
 
+#include <QPaintEvent>
+#include <QString>
 #include <QWidget>
 
+#include <cstddef>
 #include <string>
 #include <vector>
 

@@ -5,9 +5,16 @@
 #include "platform/qt/Twips.h"
 
 #include <QApplication>
+#include <QDialog>
+#include <QFont>
+#include <QFontMetrics>
+#include <QGridLayout>
 #include <QInputDialog>
 #include <QLayout>
 #include <QMessageBox>
+#include <QSizePolicy>
+#include <QSpacerItem>
+#include <QString>
 
 #include <algorithm>
 

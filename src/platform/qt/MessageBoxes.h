@@ -1,8 +1,11 @@
 #pragma once
 
 #include "platform/desktop/Desktop.h"
+#include "platform/desktop/InputBox.h"
+#include "platform/desktop/MessageBox.h"
 
 #include <QWidget>
+#include <string>
 
 namespace plenair {
 

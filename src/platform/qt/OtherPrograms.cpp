@@ -4,14 +4,22 @@
 #include "platform/desktop/DesktopEntry.h"
 #include "platform/qt/Twips.h"
 
+#include <QByteArray>
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
+#include <QIODevice>
+#include <QList>
+#include <QObject>
 #include <QProcess>
 #include <QStandardPaths>
+#include <QString>
+#include <QStringList>
 #include <QUrl>
 
 #include <algorithm>
+#include <optional>
+#include <vector>
 
 namespace plenair {
 

@@ -5,6 +5,11 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPointF>
+#include <QSize>
+#include <QSizeF>
+
+#include <vector>
 
 namespace plenair {
 

@@ -3,9 +3,14 @@
 #include "platform/drawing/RecordedSurface.h"
 #include "platform/qt/FocusEvents.h"
 
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QPainter>
 #include <QPixmap>
+#include <QString>
 #include <QWidget>
 
+#include <cstddef>
 #include <functional>
 
 namespace plenair {

@@ -1,10 +1,18 @@
 #include "platform/qt/Pictures.h"
 
+#include <QColor>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPalette>
+#include <QPen>
+#include <QPointF>
+#include <QRect>
+#include <QRectF>
+#include <QSizeF>
 #include <QStyle>
 
 #include <cmath>
+#include <cstdlib>
 
 namespace plenair {
 

@@ -3,6 +3,10 @@
 #include "platform/qt/Controls.h"
 
 #include <QImage>
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QString>
+#include <QWidget>
 
 #include <functional>
 

@@ -2,6 +2,7 @@
 
 #include "platform/qt/Twips.h"
 
+#include <QPainter>
 #include <QStyleOption>
 
 #include <algorithm>

@@ -1,8 +1,12 @@
 #include "platform/qt/SurfacePainter.h"
 
+#include "platform/plane/Point.h"
 #include "platform/qt/Twips.h"
 
 #include <QPainter>
+#include <QPen>
+#include <QPointF>
+#include <QRectF>
 #include <QStaticText>
 
 #include <algorithm>

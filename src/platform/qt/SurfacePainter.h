@@ -1,9 +1,11 @@
 #pragma once
 
+#include "platform/drawing/DrawingSurface.h"
 #include "platform/drawing/RecordedSurface.h"
 
 #include <QColor>
 #include <QFont>
+#include <QPainter>
 
 class QPainter;
 

@@ -8,7 +8,11 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 
+#include <QChar>
+#include <QFontMetrics>
 #include <QPainter>
+#include <QPalette>
+#include <QStyle>
 #include <QStyleOptionFrame>
 #include <QToolTip>
 #include <utility>

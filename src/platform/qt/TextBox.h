@@ -2,7 +2,16 @@
 
 #include "platform/qt/FocusEvents.h"
 
+#include <QEvent>
+#include <QFocusEvent>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
 #include <QLineEdit>
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QRect>
+#include <QString>
+#include <QWidget>
 
 #include <functional>
 #include <string>

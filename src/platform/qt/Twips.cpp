@@ -1,6 +1,7 @@
 #include "platform/qt/Twips.h"
 
 #include <QGuiApplication>
+#include <QPoint>
 #include <QScreen>
 
 #include <cmath>

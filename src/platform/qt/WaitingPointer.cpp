@@ -1,10 +1,14 @@
 #include "platform/qt/WaitingPointer.h"
 
+#include "platform/desktop/Desktop.h"
 #include "platform/qt/MessageBoxes.h"
 
 #include <QApplication>
+#include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QEvent>
 #include <QKeyEvent>
+#include <QObject>
 #include <QPointer>
 
 #include <memory>

@@ -3,6 +3,8 @@
 #include "platform/qt/Form.h"
 #include "platform/qt/Twips.h"
 
+#include <QPoint>
+#include <QRect>
 #include <QWindow>
 
 #include <algorithm>

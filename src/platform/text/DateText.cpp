@@ -1,5 +1,7 @@
 #include "platform/text/DateText.h"
 
+#include <cstddef>
+
 namespace plenair {
 
 namespace {

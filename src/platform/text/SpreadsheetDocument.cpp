@@ -5,7 +5,9 @@
 #include <array>
 #include <cstdint>
 #include <initializer_list>
+#include <optional>
 #include <string_view>
+#include <vector>
 
 namespace plenair {
 

@@ -2,6 +2,8 @@
 
 #include "platform/text/TableText.h"
 
+#include <string>
+
 namespace plenair {
 
 // The table as a small OpenDocument spreadsheet: the bytes of a .ods file. Cells that hold a number in the

@@ -2,6 +2,8 @@
 
 #include "platform/text/NumberText.h"
 
+#include <optional>
+
 namespace plenair {
 
 std::string EscapedForMarkup(const std::string& text) {

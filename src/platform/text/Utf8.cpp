@@ -1,5 +1,7 @@
 #include "platform/text/Utf8.h"
 
+#include <cstddef>
+
 namespace plenair {
 
 std::string Shortened(std::string_view text) {

@@ -1,8 +1,9 @@
 #pragma once
 
-#include "project/model/ProjectModel.h"
+#include "project/model/DuctRecord.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 
 // The exact bits of an element: what compares, undoes and restores values without any rounding.

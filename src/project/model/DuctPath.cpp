@@ -1,12 +1,15 @@
 #include "project/model/DuctPath.h"
 
 #include "platform/text/Utf8.h"
+#include "project/model/DuctRecord.h"
 #include "project/model/ProjectModel.h"
 
 #include <algorithm>
 #include <charconv>
+#include <cstddef>
 #include <limits>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 namespace plenair {

@@ -1,9 +1,12 @@
 #include "project/model/History.h"
 
+#include "project/model/DuctBits.h"
+#include "project/model/DuctRecord.h"
 #include "project/model/PackedWords.h"
 #include "project/model/ProjectModel.h"
 
 #include <algorithm>
+#include <array>
 #include <deque>
 #include <memory>
 #include <string>

@@ -2,6 +2,7 @@
 
 #include <bit>
 #include <unordered_map>
+#include <utility>
 
 namespace plenair {
 

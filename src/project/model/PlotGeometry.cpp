@@ -4,10 +4,12 @@
 #include "flow/Units.h"
 #include "platform/text/NumberText.h"
 #include "project/model/DuctPath.h"
+#include "project/model/DuctRecord.h"
 #include "project/model/ProjectGeometry.h"
 
 #include <cmath>
 #include <cstddef>
+#include <memory>
 
 namespace plenair {
 

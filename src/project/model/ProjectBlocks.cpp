@@ -1,10 +1,17 @@
 #include "project/model/ProjectBlocks.h"
 
+#include "platform/files/FileFailure.h"
 #include "platform/files/ItemReader.h"
 #include "platform/text/NumberText.h"
+#include "project/model/DuctRecord.h"
 #include "project/model/ProjectModel.h"
 
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
 #include <string_view>
+#include <vector>
 
 namespace plenair {
 

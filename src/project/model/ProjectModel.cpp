@@ -1,5 +1,7 @@
 #include "project/model/ProjectModel.h"
 
+#include <cstddef>
+
 namespace plenair {
 
 std::vector<DuctRecord> Ducts(1);

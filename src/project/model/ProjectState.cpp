@@ -4,6 +4,7 @@
 #include "project/model/ProjectModel.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 
 // The content is a row of 64-bit words in the byte order of the machine: mark, sum of all words after it,

@@ -3,6 +3,7 @@
 #include "project/model/DuctRecord.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>

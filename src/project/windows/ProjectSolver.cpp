@@ -1,5 +1,6 @@
 #include "project/windows/ProjectSolver.h"
 
+#include "platform/qt/Form.h"
 #include "project/ProjectKeeper.h"
 #include "project/Recovery.h"
 #include "project/model/History.h"
@@ -7,6 +8,7 @@
 #include "project/windows/frmMajorCalc.h"
 #include "project/windows/frmMajorParam.h"
 
+#include <QObject>
 #include <QPointer>
 
 namespace plenair {

@@ -4,6 +4,8 @@
 #include "platform/qt/Form.h"
 #include "project/UndoRedo.h"
 
+#include <QKeySequence>
+#include <QList>
 #include <QShortcut>
 
 namespace plenair {

@@ -2,6 +2,7 @@
 
 #include "extras/Misc.h"
 #include "platform/qt/DesktopPrinter.h"
+#include "platform/qt/FocusEvents.h"
 #include "platform/qt/ReadableStyle.h"
 #include "platform/qt/SurfacePainter.h"
 #include "platform/qt/Twips.h"
@@ -11,8 +12,15 @@
 #include "project/Printout.h"
 #include "project/ProjectFiles.h"
 #include "project/ProjectGrid.h"
+#include "project/model/DuctRecord.h"
 #include "project/model/ProjectModel.h"
 #include "project/windows/SolverKeys.h"
+
+#include <QColor>
+#include <QKeySequence>
+#include <QPalette>
+
+#include <cstddef>
 
 namespace plenair {
 

@@ -1,10 +1,16 @@
 #pragma once
 
+#include "platform/desktop/CommonDialog.h"
+#include "platform/drawing/DrawingSurface.h"
 #include "platform/drawing/Printer.h"
+#include "platform/plane/Point.h"
 #include "platform/qt/Controls.h"
 #include "platform/qt/Form.h"
 #include "platform/qt/PictureBox.h"
+#include "project/ProjectDrawing.h"
 #include "project/ProjectWindows.h"
+
+#include <QString>
 
 #include <array>
 #include <functional>

@@ -1,6 +1,7 @@
 #include "project/windows/frmMajorParam.h"
 
 #include "platform/desktop/KeyCodes.h"
+#include "platform/qt/FocusEvents.h"
 #include "platform/qt/FormFont.h"
 #include "platform/qt/Labels.h"
 #include "platform/qt/SurfacePainter.h"
@@ -10,12 +11,15 @@
 #include "project/DuctSheet.h"
 #include "project/windows/SolverKeys.h"
 
-#include <QPainter>
-#include <QPainterPath>
+#include <QColor>
+#include <QFont>
+#include <QPalette>
+#include <QString>
+#include <QWidget>
 
 #include <algorithm>
 #include <cctype>
-#include <cstdlib>
+#include <functional>
 
 namespace plenair {
 

@@ -1,13 +1,16 @@
 #pragma once
 
+#include "platform/drawing/DrawingSurface.h"
 #include "platform/qt/Controls.h"
 #include "platform/qt/Form.h"
 #include "platform/qt/TextBox.h"
 #include "project/ProjectWindows.h"
+#include "project/model/SheetBoxes.h"
 
 #include <array>
 #include <memory>
 #include <optional>
+#include <string>
 
 namespace plenair {
 
