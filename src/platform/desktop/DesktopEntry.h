@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-// Desktop entries: the files by which a desktop knows its applications. Standard C++.
+// Desktop entries: the files by which a desktop knows its applications.
 namespace plenair {
 
 struct EntryCommand {

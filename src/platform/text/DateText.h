@@ -5,7 +5,7 @@
 #include <array>
 #include <string>
 
-// Dates and times as text for the user. Standard C++, UTF-8 text.
+// Dates and times as text for the user. UTF-8.
 namespace plenair {
 
 enum class DateOrder { DayMonthYear, MonthDayYear, YearMonthDay };

@@ -5,7 +5,7 @@
 #include <string_view>
 
 // Numbers as text. Windows use the machine's locale, files always a point; this is the only place that
-// knows the difference. Standard C++, UTF-8 text.
+// knows the difference. UTF-8 text.
 namespace plenair {
 
 // How the user's locale writes numbers. Marks are UTF-8 text. An empty groupMark means that the locale does
