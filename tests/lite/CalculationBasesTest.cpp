@@ -1,14 +1,12 @@
 #include "lite/CalculateMinorStuff.h"
 
 #include "core/Settings.h"
-#include "platform/text/NumberText.h"
 #include "support/LiteArrays.h"
 #include "support/ScriptedDesktop.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <random>
 
 namespace plenair {
 namespace {
@@ -186,24 +184,6 @@ TEST_F(CalculationBases, TheUserCanEndACalculation) {
     EXPECT_EQ(asked, 20);
     EXPECT_LT(Settings.MaxVelocity, 4999);
     EXPECT_EQ(m_view.Rows(), Texts(5));
-}
-
-TEST_F(CalculationBases, CapsAreNotExceeded) {
-    std::mt19937 random(3);
-    const auto between = [&](double low, double high) {
-        return std::uniform_real_distribution<double>(low, high)(random);
-    };
-    for (int i = 0; i < 300; ++i) {
-        const double flow = between(50, 5000);
-        const double height = between(100, 1000);
-        Calculate(2, flow, height, 1,
-                  {{2, Format(between(0.3, 3), "0.00")}, {9, Format(between(2, 12), "0.00")}});
-        for (int row = 0; row < 5; ++row) {
-            ASSERT_NE(m_view.Row(row), "") << flow << ", " << height;
-            EXPECT_LE(*NumberFromText(m_view.MinorCell(row, 2)), *NumberFromText(m_view.boxes[9]));
-            EXPECT_LE(*NumberFromText(m_view.MinorCell(row, 3)), *NumberFromText(m_view.boxes[2]));
-        }
-    }
 }
 
 } // namespace

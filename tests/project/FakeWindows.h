@@ -59,13 +59,24 @@ class FakeSheet : public SheetWindow {
 
     std::string DuctNoCaption() const override { return caption; }
     void SetDuctNoCaption(const std::string& text) override { caption = text; }
-    void SetDuctNoColour(ColourNumber) override {}
+    void SetDuctNoColour(ColourNumber number) override { colour = number; }
     std::string BoxText(SheetBox box) const override { return texts.contains(box) ? texts.at(box) : ""; }
     void SetBoxText(SheetBox box, const std::string& text) override { texts[box] = text; }
     bool IsBoxEdited(SheetBox) const override { return false; }
-    bool IsBoxLocked(SheetBox) const override { return false; }
-    void SetBoxLook(SheetBox, bool, bool) override {}
-    bool FollowOnTicked() const override { return false; }
+    bool IsBoxLocked(SheetBox box) const override { return looks.contains(box) && looks.at(box) != 'o'; }
+    void SetBoxLook(SheetBox box, bool locked, bool white) override {
+        looks[box] = white ? (locked ? 'L' : 'o') : (locked ? 'l' : '!');
+    }
+    bool FollowOnTicked() const override { return followOn; }
+
+    // A letter for each box: open on white o, locked on white L, without white l.
+    std::string Looks() const {
+        std::string all;
+        for (const auto& [box, look] : looks) {
+            all += look;
+        }
+        return all;
+    }
 
     // The texts of all boxes, divided by blanks.
     std::string AllTexts() const {
@@ -80,7 +91,10 @@ class FakeSheet : public SheetWindow {
     int value = 1;
     int maximum = 1;
     std::string caption = "1";
+    ColourNumber colour = 0;
     std::map<SheetBox, std::string> texts;
+    std::map<SheetBox, char> looks;
+    bool followOn = false;
     std::vector<std::string>* log = nullptr;
     const ProjectWindows* windows = nullptr;
 };

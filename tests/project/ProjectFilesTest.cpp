@@ -172,19 +172,6 @@ TEST_F(ProjectFilesTest, DamagedFiles) {
     }
 }
 
-// Cut anywhere, a file gives what stands before the cut, or an empty project.
-TEST_F(ProjectFilesTest, CutFiles) {
-    const std::string text = Block(0, kZeros) + Block(1, kOne) + Block(2, kTwo);
-    for (std::size_t length = 0; length <= text.size(); ++length) {
-        SCOPED_TRACE(length);
-        StartProject();
-        LoadText(text.substr(0, length));
-        ASSERT_TRUE(DuctCount >= 0 && DuctCount <= 2);
-        ASSERT_EQ(Ducts.size(), static_cast<std::size_t>(DuctCount) + 1);
-        RedrawProject(windows);
-    }
-}
-
 TEST_F(ProjectFilesTest, FileThatBreaksOffKeepsWhatWasRead) {
     const std::string start = Block(0, kZeros) + Block(1, kOne);
     const std::pair<const char*, std::string> rows[] = {
