@@ -43,8 +43,8 @@ double PressureDropOf(const PathElement& element) {
     return 0;
 }
 
-// Works out each element's drop, and the sum of them.
-double TotalOfPath() {
+// Fills in the drop of each element, and gives their sum.
+double WorkOutDrops() {
     for (PathElement& element : PathElements) {
         element.PressureDrop = PressureDropOf(element);
     }
@@ -84,7 +84,7 @@ void PathPressure(const ProjectWindows& windows, std::string path) {
     }
     try {
         ParseDuctPath(path);
-        if (!WantsPlot(TotalOfPath())) {
+        if (!WantsPlot(WorkOutDrops())) {
             return;
         }
         const std::string problem = WhyNoPlot();
