@@ -3,7 +3,7 @@
 #include "platform/desktop/Desktop.h"
 #include "platform/files/Folders.h"
 #include "platform/qt/DesktopPrinter.h"
-#include "platform/qt/Twips.h"
+#include "platform/qt/QtText.h"
 #include "project/ProjectGrid.h"
 #include "project/model/ProjectGeometry.h"
 #include "project/model/ProjectModel.h"

@@ -5,6 +5,7 @@
 #include "platform/files/FileFailure.h"
 #include "platform/qt/FocusEvents.h"
 #include "platform/qt/FormFont.h"
+#include "platform/qt/QtText.h"
 #include "platform/qt/Twips.h"
 #include "platform/text/NumberText.h"
 #include "platform/text/Utf8.h"

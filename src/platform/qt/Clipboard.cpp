@@ -1,6 +1,7 @@
 #include "platform/qt/Clipboard.h"
 
 #include "platform/qt/FormFont.h"
+#include "platform/qt/QtText.h"
 #include "platform/qt/SurfacePainter.h"
 #include "platform/qt/Twips.h"
 #include "platform/text/SpreadsheetDocument.h"

@@ -14,7 +14,7 @@
 #include "platform/qt/MessageBoxes.h"
 #include "platform/qt/OtherPrograms.h"
 #include "platform/qt/ProgressDialog.h"
-#include "platform/qt/Twips.h"
+#include "platform/qt/QtText.h"
 #include "platform/qt/WaitingPointer.h"
 #include "platform/text/NumberText.h"
 

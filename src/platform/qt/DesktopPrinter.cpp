@@ -3,6 +3,7 @@
 #include "platform/drawing/DrawingSurface.h"
 #include "platform/plane/Point.h"
 #include "platform/qt/FocusEvents.h"
+#include "platform/qt/QtText.h"
 #include "platform/qt/SurfacePainter.h"
 #include "platform/qt/Twips.h"
 

@@ -1,5 +1,6 @@
 #include "platform/qt/MSFlexGrid.h"
 
+#include "platform/qt/QtText.h"
 #include "platform/qt/ReadableStyle.h"
 #include "platform/qt/TextFit.h"
 #include "platform/qt/Twips.h"

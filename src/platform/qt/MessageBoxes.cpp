@@ -2,7 +2,7 @@
 
 #include "platform/qt/FocusEvents.h"
 #include "platform/qt/FormFont.h"
-#include "platform/qt/Twips.h"
+#include "platform/qt/QtText.h"
 
 #include <QApplication>
 #include <QDialog>

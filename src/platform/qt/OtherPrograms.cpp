@@ -2,7 +2,7 @@
 
 #include "platform/desktop/Desktop.h"
 #include "platform/desktop/DesktopEntry.h"
-#include "platform/qt/Twips.h"
+#include "platform/qt/QtText.h"
 
 #include <QByteArray>
 #include <QCoreApplication>

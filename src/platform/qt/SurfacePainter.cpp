@@ -1,6 +1,7 @@
 #include "platform/qt/SurfacePainter.h"
 
 #include "platform/plane/Point.h"
+#include "platform/qt/QtText.h"
 #include "platform/qt/Twips.h"
 
 #include <QPainter>

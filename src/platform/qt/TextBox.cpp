@@ -2,8 +2,8 @@
 
 #include "platform/desktop/KeyCodes.h"
 #include "platform/qt/Form.h"
+#include "platform/qt/QtText.h"
 #include "platform/qt/TextFit.h"
-#include "platform/qt/Twips.h"
 
 #include <QHelpEvent>
 #include <QKeyEvent>

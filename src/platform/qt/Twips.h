@@ -1,9 +1,6 @@
 #pragma once
 
 #include <QRect>
-#include <QString>
-
-#include <string>
 
 class QWidget;
 
@@ -30,13 +27,5 @@ int ToPixelsY(double twips);
 
 // The rectangle in logical pixels. Both edges are rounded, so that what adjoins in twips adjoins in pixels.
 QRect ToPixels(double left, double top, double width, double height);
-
-inline QString ToQt(const std::string& text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-inline std::string FromQt(const QString& text) {
-    return text.toStdString();
-}
 
 } // namespace plenair

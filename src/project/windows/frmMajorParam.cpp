@@ -4,6 +4,7 @@
 #include "platform/qt/FocusEvents.h"
 #include "platform/qt/FormFont.h"
 #include "platform/qt/Labels.h"
+#include "platform/qt/QtText.h"
 #include "platform/qt/SurfacePainter.h"
 #include "platform/qt/Twips.h"
 #include "platform/qt/WindowPos.h"
