@@ -28,7 +28,7 @@ class Spectator : public QObject {
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
-        auto* canvas = qobject_cast<AboutCanvas*>(watched);
+        auto* canvas = qobject_cast<StrokeCanvas*>(watched);
         if (canvas != nullptr && event->type() == QEvent::Paint) {
             bool visible = false;
             for (const char* name : {"picGus", "lblPlenair", "lblCR", "lblStuff"}) {

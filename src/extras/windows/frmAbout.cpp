@@ -59,7 +59,7 @@ frmAbout::frmAbout()
     : Form("frmAbout", "About Plenair",
            Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                Qt::WindowCloseButtonHint),
-      m_canvas(new AboutCanvas("canvas", Client())),
+      m_canvas(new StrokeCanvas("canvas", Client())),
       picGus(new ImagePicture("picGus", ":/mascot/gus.jpg", Client())),
       lblPlenair(AddLabel("lblPlenair", 1470, 210, 2955, 330)),
       lblCR(AddLabel("lblCR", 1470, 945, 2955, 225)), lblStuff(AddLabel("lblStuff", 210, 1260, 4935, 3120)) {

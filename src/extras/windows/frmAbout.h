@@ -1,9 +1,9 @@
 #pragma once
 
-#include "extras/windows/AboutCanvas.h"
 #include "platform/qt/Controls.h"
 #include "platform/qt/Form.h"
 #include "platform/qt/Pictures.h"
+#include "platform/qt/StrokeCanvas.h"
 
 #include <QShowEvent>
 #include <QString>
@@ -32,7 +32,7 @@ class frmAbout : public Form {
     void Form_Activate();
     void picGus_Click();
 
-    AboutCanvas* m_canvas;
+    StrokeCanvas* m_canvas;
     ImagePicture* picGus;
     Label* lblPlenair;
     Label* lblCR;

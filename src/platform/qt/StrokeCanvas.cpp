@@ -1,4 +1,4 @@
-#include "extras/windows/AboutCanvas.h"
+#include "platform/qt/StrokeCanvas.h"
 
 #include "platform/plane/Point.h"
 #include "platform/qt/SurfacePainter.h"
@@ -48,19 +48,19 @@ QRegion PixelsOf(const DrawnItem& item) {
 
 } // namespace
 
-AboutCanvas::AboutCanvas(const QString& name, QWidget* parent) : QWidget(parent) {
+StrokeCanvas::StrokeCanvas(const QString& name, QWidget* parent) : QWidget(parent) {
     setObjectName(name);
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
-void AboutCanvas::resizeEvent(QResizeEvent*) {
+void StrokeCanvas::resizeEvent(QResizeEvent*) {
     m_surface.SetSize({width() * TwipsPerPixelX(), height() * TwipsPerPixelY()});
     m_picture = QImage((QSizeF(size()) * devicePixelRatio()).toSize(), QImage::Format_RGB32);
     m_picture.setDevicePixelRatio(devicePixelRatio());
     m_picture.fill(Qt::black);
 }
 
-void AboutCanvas::Refresh() {
+void StrokeCanvas::Refresh() {
     QRegion fresh;
     {
         QPainter painter(&m_picture);
@@ -74,7 +74,7 @@ void AboutCanvas::Refresh() {
     repaint(fresh);
 }
 
-void AboutCanvas::paintEvent(QPaintEvent*) {
+void StrokeCanvas::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.drawImage(0, 0, m_picture);
 }

@@ -13,13 +13,13 @@
 
 namespace plenair {
 
-// The black ground of the about box. What is drawn on its surface appears at the next Refresh, which costs
-// what the new strokes cover, whatever stands there already.
-class AboutCanvas : public QWidget {
+// A black ground. What is drawn on its surface appears at the next Refresh, which costs what the new strokes
+// cover, whatever stands there already.
+class StrokeCanvas : public QWidget {
     Q_OBJECT
 
   public:
-    AboutCanvas(const QString& name, QWidget* parent);
+    StrokeCanvas(const QString& name, QWidget* parent);
 
     DrawingSurface& Surface() { return m_surface; }
     void Refresh();
