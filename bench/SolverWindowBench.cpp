@@ -28,6 +28,10 @@ namespace {
 
 constexpr int kDucts = 1000;
 
+void Sizes(benchmark::internal::Benchmark* benchmark) {
+    benchmark->Arg(kDucts)->Arg(8000)->Arg(kMostDucts)->Unit(benchmark::kMillisecond)->UseRealTime();
+}
+
 class OpenSolver {
   public:
     OpenSolver() : m_before(CurrentFolder()) {
@@ -161,49 +165,56 @@ BENCHMARK_CAPTURE(Solve, with the sheet shown, true)
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
 
-void RedrawThousandDucts(benchmark::State& state) {
+// A change of the whole network, to the painted window.
+void RedrawAll(benchmark::State& state) {
     OpenSolver solver;
-    solver.FillGrid(kDucts);
+    solver.FillGrid(static_cast<int>(state.range(0)));
     for (auto _ : state) {
-        ++NetworkRevision; // as if the network had changed
+        NoteNetworkChange();
         RedrawProject(solver.Windows());
         solver.Paint();
     }
 }
-BENCHMARK(RedrawThousandDucts)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(RedrawAll)->Apply(Sizes);
 
-// A click that adds a duct to a network of 999.
-void ClickThatAddsADuct(benchmark::State& state) {
+void RemoveLast(benchmark::State& state) {
     OpenSolver solver;
-    solver.FillGrid(kDucts - 1);
+    solver.FillGrid(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        solver.Click("cmdLessDuct(2)");
+        solver.Paint();
+    }
+}
+BENCHMARK(RemoveLast)->Apply(Sizes)->Iterations(20);
+
+// A click that adds a duct to a network of that many less some.
+void ClickThatAddsADuct(benchmark::State& state) {
+    constexpr int kClicks = 300;
+    OpenSolver solver;
+    solver.FillGrid(static_cast<int>(state.range(0)) - kClicks);
     solver.ClickGrid(100, 100);
     int place = 0;
     for (auto _ : state) {
         solver.ClickGrid(20 * (place % 30), 25 * (place % 23));
         solver.Paint();
         ++place;
-        if (DuctCount >= 2 * kDucts) {
-            state.PauseTiming();
-            solver.FillGrid(kDucts - 1);
-            state.ResumeTiming();
-        }
     }
 }
-BENCHMARK(ClickThatAddsADuct)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(ClickThatAddsADuct)->Apply(Sizes)->Iterations(250);
 
 // The sheet moves from duct to duct, and with it the green line.
 void HighlightNextDuct(benchmark::State& state) {
     OpenSolver solver;
-    solver.FillGrid(kDucts);
+    solver.FillGrid(static_cast<int>(state.range(0)));
     solver.ShowSheet();
     int duct = 1;
     for (auto _ : state) {
-        duct = duct % kDucts + 1;
+        duct = duct % DuctCount + 1;
         solver.Windows().Sheet.SetScrollValue(duct);
         solver.Paint();
     }
 }
-BENCHMARK(HighlightNextDuct)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(HighlightNextDuct)->Apply(Sizes);
 
 // Enter in the first box of the first duct, whose flow goes on to all others. Argument: the number of ducts.
 void FollowOnFromTheFirst(benchmark::State& state) {

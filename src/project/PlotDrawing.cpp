@@ -51,7 +51,7 @@ void PlotPath(const ProjectWindows& windows) {
     GridPicture& grid = windows.Solver.PicGrid();
     const PlotGeometry plot = LayOutPlot(grid.Size(), kGridPlot);
     grid.Clear();
-    Draw(grid, plot, kGridPlot.PathLineWidth);
+    Draw(grid.Overlay, plot, kGridPlot.PathLineWidth);
     PlotShowing = kFlagSet;
     s_plotted.assign(PathElements.begin() + 1, PathElements.end());
 }

@@ -42,8 +42,8 @@ void DrawEndMark(DrawingSurface& surface, Point at) {
     surface.Box({at.X - kEndMark, at.Y - kEndMark}, {at.X + kEndMark, at.Y + kEndMark}, kBlackColour);
 }
 
-void DrawDucts(DrawingSurface& surface) {
-    for (int number = 1; number <= DuctCount; ++number) {
+void DrawDucts(DrawingSurface& surface, int first) {
+    for (int number = first; number <= DuctCount; ++number) {
         const DuctRecord& duct = Duct(number);
         const Point start = StartOf(duct, surface.Size());
         const Point end = EndOf(duct, surface.Size());
@@ -58,8 +58,8 @@ void PrintLabel(DrawingSurface& surface, std::int16_t duct) {
     surface.Print(DuctLabel(duct));
 }
 
-void PrintLabels(DrawingSurface& surface) {
-    for (int number = 1; number <= DuctCount; ++number) {
+void PrintLabels(DrawingSurface& surface, int first) {
+    for (int number = first; number <= DuctCount; ++number) {
         PrintLabel(surface, static_cast<std::int16_t>(number));
     }
 }
@@ -71,24 +71,26 @@ void DrawHighlight(DrawingSurface& surface, std::int16_t duct) {
     surface.SetLineWidth(kNetworkLineWidth);
 }
 
-void GridPicture::ShowNetwork(ColourNumber gridColour, bool labels) {
-    const Network wanted{NetworkRevision, Size(), gridColour, labels};
-    if (wanted == m_shown && Cuts() == m_cuts) {
-        CutBackTo(m_networkItems);
-    } else {
-        Clear();
-        SetLineStyle(LineStyle::Solid);
-        DrawGridLines(*this, gridColour);
-        SetLineWidth(kNetworkLineWidth);
-        DrawDucts(*this);
-        if (labels) {
-            PrintLabels(*this);
-        }
-        m_shown = wanted;
-        m_networkItems = Items().size();
+void ShowNetwork(GridPicture& picture, ColourNumber gridColour, bool labels) {
+    ShownNetwork wanted{NetworkRevision(), picture.Size(), gridColour, labels,
+                        picture.NetworkLines.Clearings()};
+    if (wanted != picture.Shown || DuctCount < picture.ShownDucts) {
+        picture.Clear();
+        wanted.Clearings = picture.NetworkLines.Clearings();
+        picture.Shown = wanted;
+        picture.ShownDucts = 0;
+        picture.NetworkLines.SetLineStyle(LineStyle::Solid);
+        DrawGridLines(picture.NetworkLines, gridColour);
+        picture.NetworkLines.SetLineWidth(kNetworkLineWidth);
     }
-    SetLineWidth(kNetworkLineWidth);
-    m_cuts = Cuts();
+    DrawDucts(picture.NetworkLines, picture.ShownDucts + 1);
+    if (labels) {
+        PrintLabels(picture.NetworkLabels, picture.ShownDucts + 1);
+    }
+    picture.ShownDucts = DuctCount;
+    picture.Overlay.Clear();
+    picture.Overlay.SetLineStyle(LineStyle::Solid);
+    picture.Overlay.SetLineWidth(kNetworkLineWidth);
 }
 
 } // namespace plenair

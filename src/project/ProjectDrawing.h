@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/drawing/DrawingSurface.h"
-#include "platform/drawing/RecordedSurface.h"
+#include "platform/drawing/LayeredPicture.h"
 #include "platform/plane/Point.h"
 
 #include <cstddef>
@@ -19,37 +19,36 @@ void DrawGridLines(DrawingSurface& surface, ColourNumber colour);
 // The mark of a duct's end: the outline of a square.
 void DrawEndMark(DrawingSurface& surface, Point at);
 
-// The two end marks of each duct and the duct over them, in the order of the numbers and in the line width
-// that is set.
-void DrawDucts(DrawingSurface& surface);
+// The two end marks of each duct from `first` to the last and the duct over them, in the order of the numbers
+// and in the line width that is set.
+void DrawDucts(DrawingSurface& surface, int first = 1);
 
-// Letter and number at the middle of one duct, or of each.
+// Letter and number at the middle of one duct, or of each from `first` to the last.
 void PrintLabel(DrawingSurface& surface, std::int16_t duct);
-void PrintLabels(DrawingSurface& surface);
+void PrintLabels(DrawingSurface& surface, int first = 1);
 
 // A green line over the duct. Leaves the line width of the network.
 void DrawHighlight(DrawingSurface& surface, std::int16_t duct);
 
-// The picture of the grid. It knows how far it is the plain network, so that redrawing an unchanged one, as
-// each highlight does, costs nothing.
-class GridPicture : public RecordedSurface {
-  public:
-    // Clears the surface and draws the grid lines, the ducts and, if wanted, their labels.
-    void ShowNetwork(ColourNumber gridColour, bool labels);
-
-  private:
-    struct Network {
-        std::uint64_t Revision;
-        Extent Size;
-        ColourNumber GridColour;
-        bool Labels;
-        bool operator==(const Network&) const = default;
-    };
-
-    // The first m_networkItems items are m_shown, as long as nobody else has cut the picture.
-    Network m_shown{};
-    std::size_t m_networkItems = 0;
-    std::size_t m_cuts = 0;
+// What of a network stands in a picture.
+struct ShownNetwork {
+    std::uint64_t Revision = 0;
+    Extent Size;
+    ColourNumber GridColour = 0;
+    bool Labels = false;
+    std::size_t Clearings = 0; // of the picture
+    bool operator==(const ShownNetwork&) const = default;
 };
+
+// The picture of the grid.
+struct GridPicture : LayeredPicture {
+    ShownNetwork Shown;
+    int ShownDucts = -1; // ducts 1 to this one stand there
+};
+
+// Shows the network and nothing over it: the grid lines, the ducts and, if wanted, their labels. What of it
+// stands there stays, so that a network that is shown already, as at each highlight, costs nothing, and one
+// that has grown the new ducts alone.
+void ShowNetwork(GridPicture& picture, ColourNumber gridColour, bool labels);
 
 } // namespace plenair

@@ -1,6 +1,7 @@
 #include "project/ProjectGrid.h"
 
 #include "platform/desktop/Desktop.h"
+#include "platform/desktop/KeyCodes.h"
 #include "platform/desktop/MessageBox.h"
 #include "platform/plane/Point.h"
 #include "project/DuctColour.h"
@@ -18,6 +19,8 @@
 namespace plenair {
 
 namespace {
+
+constexpr int kLongStep = 5; // crossings that the keyboard's cross moves by with Ctrl
 
 // The number in the caption of lblDuctNo, which stands after the letter; 0 if there is none.
 int NumberInCaption(const std::string& caption) {
@@ -37,20 +40,20 @@ void HoldPoint(SolverWindow& solver, Point point) {
 
 void ResetProjectGrid(const ProjectWindows& windows) {
     windows.Solver.LayOut();
-    DrawGridLines(windows.Solver.PicGrid(), windows.Solver.BackColour());
+    DrawGridLines(windows.Solver.PicGrid().Overlay, windows.Solver.BackColour());
     DrawPending = kFlagClear;
 }
 
 void RedrawProject(const ProjectWindows& windows) {
     PlotShowing = kFlagClear;
     windows.Solver.LayOut();
-    windows.Solver.PicGrid().ShowNetwork(windows.Solver.BackColour(), windows.Solver.LabelsTicked());
+    ShowNetwork(windows.Solver.PicGrid(), windows.Solver.BackColour(), windows.Solver.LabelsTicked());
     DrawPending = kFlagClear;
 }
 
 void LabelDuct(const ProjectWindows& windows, std::int16_t duct) {
     if (windows.Solver.LabelsTicked() && IsDuct(duct)) {
-        PrintLabel(windows.Solver.PicGrid(), duct);
+        PrintLabel(windows.Solver.PicGrid().Overlay, duct);
     }
 }
 
@@ -59,8 +62,63 @@ void HighlightDuct(const ProjectWindows& windows, std::int16_t duct) {
         return;
     }
     RedrawProject(windows);
-    DrawHighlight(windows.Solver.PicGrid(), duct);
+    DrawHighlight(windows.Solver.PicGrid().Overlay, duct);
     LabelDuct(windows, duct);
+}
+
+bool PressGridKey(const ProjectWindows& windows, int keyCode, bool control) {
+    SolverWindow& solver = windows.Solver;
+    const Extent size = solver.PicGrid().Size();
+    const Point place = PlaceOf(solver.Cross, size);
+    const int step = control ? kLongStep : 1;
+    const auto move = [&](int columns, int rows) { solver.Cross = Moved(solver.Cross, columns, rows); };
+    const auto click = [&](MouseButton button) {
+        ClickGrid(windows, button, static_cast<float>(place.X), static_cast<float>(place.Y));
+    };
+    switch (keyCode) {
+    case kKeyLeft:
+        move(-step, 0);
+        break;
+    case kKeyRight:
+        move(step, 0);
+        break;
+    case kKeyUpArrow:
+        move(0, -step);
+        break;
+    case kKeyDownArrow:
+        move(0, step);
+        break;
+    case kKeyHome:
+        move(-kCellsAcross, 0);
+        break;
+    case kKeyEnd:
+        move(kCellsAcross, 0);
+        break;
+    case kKeyPageUp:
+        move(0, -kCellsDown);
+        break;
+    case kKeyPageDown:
+        move(0, kCellsDown);
+        break;
+    case kKeySpace:
+    case kKeyEnter:
+        click(MouseButton::Left);
+        break;
+    case kKeyEscape:
+        click(MouseButton::Right);
+        break;
+    default:
+        return false;
+    }
+    solver.ShowCross(PlaceOf(solver.Cross, size));
+    return true;
+}
+
+void PointAtGrid(const ProjectWindows& windows, Point place) {
+    SolverWindow& solver = windows.Solver;
+    const Extent size = solver.PicGrid().Size();
+    solver.Cross = CrossingAt(place, size);
+    solver.ShowCross(PlaceOf(solver.Cross, size));
 }
 
 void ClickGrid(const ProjectWindows& windows, MouseButton button, float x, float y) {
@@ -76,10 +134,9 @@ void ClickGrid(const ProjectWindows& windows, MouseButton button, float x, float
         return;
     }
     SolverWindow& solver = windows.Solver;
-    GridPicture& grid = solver.PicGrid();
+    RecordedSurface& grid = solver.PicGrid().Overlay;
     grid.SetLineWidth(kNetworkLineWidth);
-    const Point point{static_cast<double>(SnapToGrid(x, grid.Size().Width, Axis::X)),
-                      static_cast<double>(SnapToGrid(y, grid.Size().Height, Axis::Y))};
+    const Point point = SnapToGrid(Point{static_cast<double>(x), static_cast<double>(y)}, grid.Size());
     DrawEndMark(grid, point);
     if (DrawPending == kFlagClear) {
         DrawPending = kFlagSet;

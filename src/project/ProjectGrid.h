@@ -26,6 +26,14 @@ void HighlightDuct(const ProjectWindows& windows, std::int16_t duct);
 // project, and at the highest number of ducts.
 void ClickGrid(const ProjectWindows& windows, MouseButton button, float x, float y);
 
+// picGrid_KeyDown: the arrows move the cross from crossing to crossing, with Ctrl five at a time; Home, End,
+// Page Up and Page Down move it to the edges. Space and Enter click on it with the left button, Escape with
+// the right one. False for a key that does nothing on the grid.
+bool PressGridKey(const ProjectWindows& windows, int keyCode, bool control);
+
+// Moves the cross to where the mouse has clicked, so that the keyboard goes on from there.
+void PointAtGrid(const ProjectWindows& windows, Point place);
+
 // Whether the project is solved and so closed to changes; beeps then. What cmdLessDuct and cmdSaveGsp ask
 // first.
 bool BeepIfSolved();

@@ -2,6 +2,7 @@
 
 #include "platform/desktop/CommonDialog.h"
 #include "project/ProjectDrawing.h"
+#include "project/model/ProjectGeometry.h"
 #include "project/model/SheetBoxes.h"
 
 // What the work on a project needs of its two windows. The windows implement these and hand every event on to
@@ -20,6 +21,9 @@ class SolverWindow {
     int LastX = 0;
     int LastY = 0;
 
+    // Where the keyboard's cross stands on the grid.
+    Crossing Cross{kCellsAcross / 2, kCellsDown / 2};
+
     // Puts the window over the whole screen, cmdClose at its right and picGrid below, and gives PicGrid its
     // size.
     virtual void LayOut() = 0;
@@ -31,6 +35,9 @@ class SolverWindow {
 
     // The colour of the grid lines: the background of the window, as long as that is a light one.
     virtual ColourNumber BackColour() const = 0;
+
+    // Shows the keyboard's cross at a place of the grid, while picGrid has the focus.
+    virtual void ShowCross(Point place) = 0;
 
     virtual bool LabelsTicked() const = 0;      // chkLabels
     virtual bool SheetTicked() const = 0;       // chkParam

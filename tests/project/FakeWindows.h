@@ -23,6 +23,7 @@ class FakeSolver : public SolverWindow {
     void LayOut() override { picGrid.SetSize({width, height}); }
     GridPicture& PicGrid() override { return picGrid; }
     ColourNumber BackColour() const override { return 15790320; }
+    void ShowCross(Point place) override { cross = place; }
     bool LabelsTicked() const override { return labels; }
     bool SheetTicked() const override { return true; }
     bool IsPressureVisible() const override { return pressureVisible; }
@@ -34,6 +35,7 @@ class FakeSolver : public SolverWindow {
     GridPicture picGrid;
     bool labels = true;
     bool pressureVisible = false;
+    Point cross;
     CommonDialog dialog;
 };
 
@@ -150,6 +152,17 @@ inline std::vector<std::string> Described(const RecordedSurface& surface, std::s
 }
 
 using Lines = std::vector<std::string>;
+
+// The same for a picture in layers, from the bottom up.
+inline std::vector<std::string> Described(const LayeredPicture& picture, std::size_t from = 0) {
+    std::vector<std::string> all;
+    for (const RecordedSurface* layer : {&picture.NetworkLines, &picture.NetworkLabels, &picture.Overlay}) {
+        const std::vector<std::string> described = Described(*layer);
+        all.insert(all.end(), described.begin(), described.end());
+    }
+    all.erase(all.begin(), all.begin() + static_cast<std::ptrdiff_t>(std::min(from, all.size())));
+    return all;
+}
 
 // The grid lines come first in a picture of the network.
 constexpr std::size_t GridLines = 39 + 29;

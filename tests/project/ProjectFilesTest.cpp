@@ -127,7 +127,7 @@ TEST_F(ProjectFilesTest, WithoutABlockTheProjectIsEmptied) {
         EXPECT_EQ(Ducts.size(), 1U);
         EXPECT_EQ(Solved, kFlagClear);
         EXPECT_EQ(ProjectName, "");
-        EXPECT_EQ(solver.picGrid.Items().size(), GridLines);
+        EXPECT_EQ(Described(solver.picGrid).size(), GridLines);
         EXPECT_FALSE(sheet.visible);
     }
 }

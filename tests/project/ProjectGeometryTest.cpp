@@ -29,6 +29,20 @@ TEST(ProjectGeometry, SnapsToTheNearestLine) {
     }
 }
 
+// Also where the pitch is no whole number, and so what a click snaps to lies off the lines.
+TEST(ProjectGeometry, EveryCrossingIsWhereAClickOnItSnapsTo) {
+    for (double width = 15130; width < 15170; width += 0.7) {
+        const Extent surface{width, width - 4000.1};
+        for (int column = 0; column <= kCellsAcross; ++column) {
+            const Crossing crossing{column, column * kCellsDown / kCellsAcross};
+            const Point place = PlaceOf(crossing, surface);
+            EXPECT_NEAR(place.X, column * width / kCellsAcross, 20.5);
+            EXPECT_EQ(CrossingAt(place, surface), crossing);
+            EXPECT_EQ(CrossingAt({place.X + 150, place.Y - 150}, surface), crossing);
+        }
+    }
+}
+
 TEST(ProjectGeometry, EndsAndLabelAreWholeHalvesToEven) {
     const DuctRecord duct{.StartX = 0.25, .EndX = 0.35, .EndY = 0.5};
     EXPECT_EQ(StartOf(duct, {10, 1}).X, 2);

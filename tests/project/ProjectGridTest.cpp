@@ -1,3 +1,4 @@
+#include "platform/desktop/KeyCodes.h"
 #include "project/FakeWindows.h"
 
 namespace plenair {
@@ -36,6 +37,32 @@ TEST_F(ProjectTest, ClicksDrawAndAdd) {
               (Lines{"4 line 65280: 1137,349 379,1745", "text C2: 758,1047"}));
 }
 
+TEST_F(ProjectTest, KeysDrawLikeClicks) {
+    const auto press = [&](std::initializer_list<int> keys, bool control = false) {
+        for (const int key : keys) {
+            EXPECT_TRUE(PressGridKey(windows, key, control));
+        }
+        return solver.Cross;
+    };
+    EXPECT_EQ(press({kKeyHome, kKeyPageUp, kKeyLeft, kKeyUpArrow}), (Crossing{0, 0}));
+    EXPECT_EQ(press({kKeyRight, kKeyRight, kKeyLeft, kKeyDownArrow}), (Crossing{1, 1}));
+    EXPECT_EQ(solver.cross, (Point{P, Q}));
+    press({kKeySpace});
+    EXPECT_EQ(press({kKeyRight, kKeyDownArrow}, true), (Crossing{6, 6}));
+    press({kKeyEnter, kKeyUpArrow, kKeyEnter, kKeyEscape});
+    EXPECT_EQ(press({kKeyEnd, kKeyPageDown, kKeyRight, kKeyDownArrow}), (Crossing{40, 30}));
+    press({kKeySpace});
+    PointAtGrid(windows, {3 * P - 20, 4 * Q + 20});
+    EXPECT_EQ(press({kKeyLeft}), (Crossing{2, 4}));
+    press({kKeySpace});
+    EXPECT_FALSE(PressGridKey(windows, 'A', false));
+    EXPECT_EQ(Described(solver.picGrid, GridLines + 1),
+              (Lines{"2 box 0: 2224,2044 2324,2144", "2 line 255: 379,349 2274,2094", "text R1: 1326,1222",
+                     "2 box 0: 2224,1695 2324,1795", "2 line 255: 2274,2094 2274,1745", "text R2: 2274,1920",
+                     "2 box 0: 15110,10420 15210,10520", "2 box 0: 708,1346 808,1446",
+                     "2 line 255: 15160,10470 758,1396", "text R3: 7959,5933"}));
+}
+
 TEST_F(ProjectTest, NoDuctBeyondTheLast) {
     DuctCount = kMostDucts;
     FitDucts();
@@ -54,7 +81,7 @@ TEST_F(ProjectTest, RedrawShowsWhatIsThereNow) {
         RedrawProject(windows);
         GridPicture anew;
         anew.SetSize({solver.width, solver.height});
-        anew.ShowNetwork(solver.BackColour(), solver.labels);
+        ShowNetwork(anew, solver.BackColour(), solver.labels);
         EXPECT_EQ(Described(solver.picGrid), Described(anew)) << change;
     };
     for (int click = 0; click < 5; ++click) {
@@ -66,15 +93,20 @@ TEST_F(ProjectTest, RedrawShowsWhatIsThereNow) {
     solver.labels = false;
     expectAnew("labels off");
     solver.picGrid.Clear();
-    solver.picGrid.Line({0, 0}, {1, 1}, 0);
+    solver.picGrid.Overlay.Line({0, 0}, {1, 1}, 0);
     expectAnew("another picture");
     solver.height = 20000;
     expectAnew("another size");
     RemoveLastDuct(windows);
     expectAnew("a duct less");
     HighlightDuct(windows, 2);
-    solver.picGrid.CutBackTo(3);
-    expectAnew("a cut");
+    Click(P, Q);
+    Click(2 * P, Q);
+    DuctCount = 1;
+    FitDucts();
+    Click(P, Q);
+    Click(2 * P, 3 * Q);
+    expectAnew("others in their place");
 }
 
 } // namespace plenair

@@ -1,6 +1,8 @@
+#include "project/ProjectGrid.h"
 #include "windows/SolverTest.h"
 
 #include <cmath>
+#include <random>
 #include <sstream>
 
 namespace plenair {
@@ -25,7 +27,8 @@ TEST_F(SolverGrid, ButtonsInTheOrderOfTheirTabs) {
     Get("cmdClearGrid(2)").setFocus();
     for (const std::string name :
          {"cmdClearGrid(2)", "cmdLoadGsp", "cmdSaveGsp", "cmdPrintGus", "cmdMajorOptions", "optDuct(0)",
-          "optDuct(1)", "optDuct(2)", "cmdLessDuct(2)", "chkLabels", "chkParam", "cmdGus", "cmdClose"}) {
+          "optDuct(1)", "optDuct(2)", "cmdLessDuct(2)", "chkLabels", "chkParam", "cmdGus", "cmdClose",
+          "picGrid"}) {
         EXPECT_EQ(Focused(), name);
         const bool group = name == "optDuct(0)" || name == "optDuct(1)"; // there the arrows go on, and select
         Press(group ? Qt::Key_Right : Qt::Key_Tab);
@@ -122,6 +125,63 @@ TEST_F(SolverGrid, ColoursOnTheScreen) {
     EXPECT_EQ(colours(), "#ff0000#00ff00#ffff00");
     ClickOn("chkParam");
     EXPECT_EQ(colours(), "#ff0000#0000ff#ffff00");
+}
+
+TEST_F(SolverGrid, AProjectCanBeDrawnByTheKeyboard) {
+    OpenSolver();
+    const auto purple = [&] {
+        const QImage grid = Grid();
+        return ColourAt(grid, grid.width() * 3 / kCellsAcross, grid.height() * 2 / kCellsDown) == "#c800c8";
+    };
+    ClickGrid(3, 2);
+    EXPECT_FALSE(purple()) << "the mouse needs no cross";
+    Press(Qt::Key_Right, Qt::ControlModifier);
+    Press(Qt::Key_Space);
+    Press(Qt::Key_Left, Qt::ControlModifier);
+    EXPECT_TRUE(purple());
+    Get("cmdClose").setFocus();
+    EXPECT_FALSE(purple());
+    Press(Qt::Key_Tab);
+    EXPECT_TRUE(purple());
+    for (const auto key : {Qt::Key_Escape, Qt::Key_Home, Qt::Key_Return, Qt::Key_PageDown, Qt::Key_Return}) {
+        Press(key);
+    }
+    EXPECT_EQ(Network(), "R 3,2-8,2 R 0,2-0,30");
+}
+
+// However a picture came about, it is the one that its network gives when it is painted in one go.
+TEST_F(SolverGrid, PaintingInStepsIsPaintingInOneGo) {
+    OpenSolver();
+    std::mt19937 random(3);
+    const auto below = [&](int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); };
+    for (int step = 0; step < 80; ++step) {
+        ClickGrid(below(kCellsAcross), below(kCellsDown));
+        if (below(2) == 0) {
+            Grid();
+        }
+        const auto marked = static_cast<std::int16_t>(below(3) == 0 ? below(DuctCount + 1) : 0);
+        if (marked != 0) {
+            HighlightDuct({Solver(), Sheet()}, marked);
+        } else if (below(2) == 0) {
+            ClickOn(below(2) == 0 ? "cmdLessDuct(2)" : "chkLabels");
+        }
+        if (DrawPending == kFlagSet) {
+            continue; // what a click has drawn since lies over the labels
+        }
+        GridPicture anew;
+        anew.SetSize(Solver().PicGrid().Size());
+        ShowNetwork(anew, Solver().BackColour(), Solver().LabelsTicked());
+        if (marked != 0) {
+            DrawHighlight(anew.Overlay, marked);
+            if (Solver().LabelsTicked()) {
+                PrintLabel(anew.Overlay, marked);
+            }
+        }
+        PictureBox box("anew", anew, nullptr);
+        box.resize(Get("picGrid").size());
+        box.setFont(Get("picGrid").font());
+        ASSERT_EQ(Grid(), box.grab().toImage()) << step;
+    }
 }
 
 TEST_F(SolverGrid, ClosingAsks) {

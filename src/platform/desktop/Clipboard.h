@@ -4,12 +4,12 @@
 
 namespace plenair {
 
-class RecordedSurface;
+struct LayeredPicture;
 
 // What one copy puts on the clipboard.
 struct ClipboardContent {
     TableRows Table;
-    const RecordedSurface* Picture = nullptr; // copied at once; none if it is null
+    const LayeredPicture* Picture = nullptr; // copied at once; none if it is null
 };
 
 // Puts it on the desktop's clipboard in place of what was there, in all the forms that other programs may

@@ -1,9 +1,5 @@
 #include "platform/drawing/RecordedSurface.h"
 
-#include <algorithm>
-#include <memory>
-#include <utility>
-
 namespace plenair {
 
 void RecordedSurface::Line(Point start, Point end, ColourNumber colour) {
@@ -15,21 +11,17 @@ void RecordedSurface::Box(Point corner, Point opposite, ColourNumber colour) {
 }
 
 void RecordedSurface::Print(const std::string& text) {
-    Add(DrawnItem::Shape::Text, m_position, m_position, kBlackColour);
-    m_items.back().Text = text;
+    m_items.push_back(
+        {DrawnItem::Shape::Text, m_style, m_lineWidth, kBlackColour, m_position, m_position, text});
+    TellChange();
 }
 
-void RecordedSurface::CutBackTo(std::size_t count) {
-    if (count < m_items.size()) {
-        m_items.resize(count);
-        m_kept = std::min(m_kept, count);
-        ++m_cuts;
+void RecordedSurface::Clear() {
+    if (!m_items.empty()) {
+        m_items.clear();
+        ++m_clearings;
         TellChange();
     }
-}
-
-std::size_t RecordedSurface::TakeItemsKept() {
-    return std::exchange(m_kept, m_items.size());
 }
 
 void RecordedSurface::Add(DrawnItem::Shape kind, Point start, Point end, ColourNumber colour) {

@@ -18,16 +18,13 @@ struct DrawnItem {
     LineStyle Style = LineStyle::Solid;
     int LineWidth = 1;
     ColourNumber Colour = kBlackColour;
-    Point Start; // of a text: its top left corner
-    Point End;
-    std::string Text;
+    Point Start{}; // of a text: its top left corner
+    Point End{};
+    std::string Text{};
 };
 
 // A surface that keeps its picture as the list of what was drawn, so that it can be painted when it is to be
 // seen, at any scale, and as often as needed.
-//
-// A painter that keeps an image of the first items only has to add the later ones, as long as TakeItemsKept
-// gives no less than the number it has.
 class RecordedSurface : public DrawingSurface {
   public:
     Extent Size() const override { return m_size; }
@@ -41,18 +38,12 @@ class RecordedSurface : public DrawingSurface {
     void Box(Point corner, Point opposite, ColourNumber colour) override;
     void SetPosition(Point place) override { m_position = place; }
     void Print(const std::string& text) override;
-
-    void Clear() { CutBackTo(0); }
-
-    // Forgets everything but the first `count` items.
-    void CutBackTo(std::size_t count);
+    void Clear();
 
     const std::vector<DrawnItem>& Items() const { return m_items; }
-    std::size_t Cuts() const { return m_cuts; }
 
-    // How many of the items that stood here at the last call of this function have stood here ever since. For
-    // the one painter of the surface.
-    std::size_t TakeItemsKept();
+    // Until this number changes, items are only added.
+    std::size_t Clearings() const { return m_clearings; }
 
     // `changed` runs after every change of the picture, and only has to note it.
     void WhenChanged(std::function<void()> changed) { m_changed = std::move(changed); }
@@ -66,8 +57,7 @@ class RecordedSurface : public DrawingSurface {
     LineStyle m_style = LineStyle::Solid;
     Point m_position;
     std::vector<DrawnItem> m_items;
-    std::size_t m_cuts = 0;
-    std::size_t m_kept = 0;
+    std::size_t m_clearings = 0;
     std::function<void()> m_changed;
 };
 

@@ -1,6 +1,8 @@
 #include "platform/qt/Clipboard.h"
 
+#include "platform/drawing/LayeredPicture.h"
 #include "platform/qt/FormFont.h"
+#include "platform/qt/PainterInk.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/SurfacePainter.h"
 #include "platform/qt/Twips.h"
@@ -15,7 +17,7 @@
 #include <QSvgGenerator>
 
 #include <cmath>
-#include <optional>
+#include <vector>
 
 namespace plenair {
 
@@ -62,13 +64,14 @@ class Copied : public QMimeData {
     QByteArray Make(const QString& format) const;
     void PaintSvg(QIODevice& device) const;
     void PaintPng(QIODevice& device) const;
-    void Paint(QPainter& painter, double pixelRatio) const;
 
-    QSize Size() const { return {ToPixelsX(m_picture->Size().Width), ToPixelsY(m_picture->Size().Height)}; }
+    bool HasPicture() const { return m_size.Width > 0.0; }
+    QSize Size() const { return {ToPixelsX(m_size.Width), ToPixelsY(m_size.Height)}; }
 
     QStringList m_formats;
     TableRows m_table;
-    std::optional<RecordedSurface> m_picture;
+    std::vector<DrawnItem> m_picture;
+    Extent m_size; // of the picture, if there is one
     mutable QMap<QString, QByteArray> m_made;
 };
 
@@ -76,8 +79,8 @@ Copied::Copied(const ClipboardContent& content) : m_table(content.Table) {
     setText(ToQt(TabSeparated(m_table)));
     m_formats = QMimeData::formats() + QStringList{"text/html", kSpreadsheet, SpreadsheetKind(m_table)};
     if (content.Picture != nullptr) {
-        m_picture = *content.Picture;
-        m_picture->WhenChanged({});
+        m_picture = content.Picture->Items();
+        m_size = content.Picture->Size();
         m_formats << kSvg << kPng;
     }
     connect(qApp, &QCoreApplication::aboutToQuit, this, &Copied::EndWithProgram);
@@ -90,7 +93,7 @@ void Copied::EndWithProgram() {
         return;
     }
     for (const QString& format : {kSvg, kPng}) {
-        if (m_picture && m_picture->Items().size() > kMostItemsAtEnd) {
+        if (m_picture.size() > kMostItemsAtEnd) {
             m_formats.removeAll(format);
         } else {
             Make(format);
@@ -110,9 +113,9 @@ QByteArray Copied::Make(const QString& format) const {
     }
     QBuffer buffer(&made);
     buffer.open(QIODevice::WriteOnly);
-    if (m_picture && format == kSvg) {
+    if (HasPicture() && format == kSvg) {
         PaintSvg(buffer);
-    } else if (m_picture && format == kPng) {
+    } else if (HasPicture() && format == kPng) {
         PaintPng(buffer);
     } else if (format == kSpreadsheet) {
         buffer.write(QByteArray::fromStdString(SpreadsheetDocument(m_table)));
@@ -124,12 +127,15 @@ QByteArray Copied::Make(const QString& format) const {
     return made;
 }
 
-void Copied::Paint(QPainter& painter, double pixelRatio) const {
-    painter.fillRect(QRect(QPoint(0, 0), Size()), Qt::white);
-    SurfacePainter surface(painter, pixelRatio, FormFont());
-    for (const DrawnItem& item : m_picture->Items()) {
-        surface.Paint(item);
+// A text with a rim, so that it can be read on a line.
+void PrintText(QPainter& painter, const QString& text, QPointF place) {
+    place.ry() += QFontMetricsF(painter.font()).ascent();
+    painter.setPen(Qt::white);
+    for (const QPointF rim : {QPointF(-1, 0), QPointF(1, 0), QPointF(0, -1), QPointF(0, 1)}) {
+        painter.drawText(place + rim, text);
     }
+    painter.setPen(Qt::black);
+    painter.drawText(place, text);
 }
 
 void Copied::PaintSvg(QIODevice& device) const {
@@ -140,16 +146,28 @@ void Copied::PaintSvg(QIODevice& device) const {
     generator.setSize(Size());
     generator.setViewBox(QRect(QPoint(0, 0), Size()));
     QPainter painter(&generator);
-    Paint(painter, 1);
+    painter.fillRect(QRect(QPoint(0, 0), Size()), Qt::white);
+    painter.setFont(FormFont());
+    const PixelScale scale = ScreenScale(1, Size());
+    PainterInk ink(painter, scale.Surface);
+    for (const DrawnItem& item : m_picture) {
+        if (item.Kind == DrawnItem::Shape::Text) {
+            PrintText(painter, ToQt(item.Text),
+                      {item.Start.X * scale.PixelsPerTwipX, item.Start.Y * scale.PixelsPerTwipY});
+        } else {
+            PaintStroke(item, scale, ink);
+        }
+    }
 }
 
 void Copied::PaintPng(QIODevice& device) const {
     const double ratio = qApp->devicePixelRatio();
     QImage image(Size() * ratio, QImage::Format_RGB32);
-    image.setDevicePixelRatio(ratio);
-    QPainter painter(&image);
-    Paint(painter, ratio);
-    painter.end();
+    image.fill(Qt::white);
+    SurfacePainter painter(image, ratio, FormFont());
+    for (const DrawnItem& item : m_picture) {
+        painter.Paint(item);
+    }
     image.save(&device, "PNG");
 }
 

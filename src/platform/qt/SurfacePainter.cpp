@@ -2,18 +2,54 @@
 
 #include "platform/plane/Point.h"
 #include "platform/qt/QtText.h"
+#include "platform/qt/TextMasks.h"
 #include "platform/qt/Twips.h"
 
-#include <QPainter>
-#include <QPen>
+#include <QFontMetrics>
+#include <QPoint>
 #include <QPointF>
+#include <QRect>
 #include <QRectF>
-#include <QStaticText>
 
 #include <algorithm>
 #include <cmath>
 
 namespace plenair {
+
+namespace {
+
+// A line of width 1 is a pixel of a screen of 96 pixels to the inch, and its dashes are six of them with four
+// between.
+constexpr double kLineWidth = 15;
+constexpr double kDash = 6 * kLineWidth;
+constexpr double kGap = 4 * kLineWidth;
+
+PixelBuffer BufferOf(QImage& image) {
+    return {reinterpret_cast<std::uint32_t*>(image.bits()), image.width(), image.height(),
+            image.bytesPerLine() / static_cast<std::ptrdiff_t>(sizeof(std::uint32_t))};
+}
+
+QRegion PixelsAlong(Point start, Point end, int margin, QSize window) {
+    constexpr double kPiece = 32;
+    start = {start.X / TwipsPerPixelX(), start.Y / TwipsPerPixelY()};
+    end = {end.X / TwipsPerPixelX(), end.Y / TwipsPerPixelY()};
+    if (!ClipLine(start, end, {window.width() * 1.0, window.height() * 1.0}, margin)) {
+        return {};
+    }
+    const QPointF from(start.X, start.Y);
+    const QPointF way(end.X - start.X, end.Y - start.Y);
+    const bool slants = way.x() != 0.0 && way.y() != 0.0;
+    const int pieces =
+        slants ? static_cast<int>(std::max(std::abs(way.x()), std::abs(way.y())) / kPiece) + 1 : 1;
+    QRegion region;
+    for (int i = 0; i < pieces; ++i) {
+        const QRectF piece(from + way * i / pieces, from + way * (i + 1) / pieces);
+        region += piece.normalized().toAlignedRect().adjusted(-margin, -margin, margin, margin);
+    }
+    return region;
+}
+
+} // namespace
 
 QColor ToColour(ColourNumber colour) {
     return {static_cast<int>(colour & 255), static_cast<int>(colour >> 8 & 255),
@@ -25,79 +61,43 @@ ColourNumber ToColourNumber(const QColor& colour) {
            static_cast<ColourNumber>(colour.blue()) << 16;
 }
 
-SurfacePainter::SurfacePainter(QPainter& painter, double pixelRatio, QFont font)
-    : m_painter(painter), m_ratio(pixelRatio), m_pixelsPerTwipX(1 / TwipsPerPixelX()),
-      m_pixelsPerTwipY(1 / TwipsPerPixelY()) {
-    m_painter.setFont(font);
+PixelScale ScreenScale(double pixelRatio, QSize pixels) {
+    const double across = pixelRatio / TwipsPerPixelX();
+    const double down = pixelRatio / TwipsPerPixelY();
+    return {across,       down,        kLineWidth * down,
+            kDash * down, kGap * down, {pixels.width() * 1.0, pixels.height() * 1.0}};
 }
+
+SurfacePainter::SurfacePainter(QImage& image, double pixelRatio, const QFont& font)
+    : m_scale(ScreenScale(pixelRatio, image.size())), m_ink(BufferOf(image)),
+      m_letters(TextMasks::Of(font, pixelRatio)) {}
 
 void SurfacePainter::Paint(const DrawnItem& item) {
-    switch (item.Kind) {
-    case DrawnItem::Shape::Line:
-        return PaintLine(item);
-    case DrawnItem::Shape::Box:
-        return PaintBox(item);
-    case DrawnItem::Shape::Text:
-        return PaintText(item);
+    if (item.Kind == DrawnItem::Shape::Text) {
+        m_letters.Print(m_ink, item.Text, item.Start.X * m_scale.PixelsPerTwipX,
+                        item.Start.Y * m_scale.PixelsPerTwipY);
+    } else {
+        PaintStroke(item, m_scale, m_ink);
     }
 }
 
-void SurfacePainter::PaintAlongAxis(double x1, double y1, double x2, double y2, double width,
-                                    const QColor& colour) {
-    const auto device = [this](double logical) { return std::round(logical * m_ratio); };
-    const double thick = std::max(1.0, std::round(width * m_ratio));
-    const double half = std::floor(thick / 2);
-    const double left = device(std::min(x1, x2)) - half;
-    const double top = device(std::min(y1, y2)) - half;
-    const double right = device(std::max(x1, x2)) - half + thick;
-    const double bottom = device(std::max(y1, y2)) - half + thick;
-    m_painter.fillRect(
-        QRectF(left / m_ratio, top / m_ratio, (right - left) / m_ratio, (bottom - top) / m_ratio), colour);
-}
-
-SurfacePainter::Ends SurfacePainter::EndsInPixels(const DrawnItem& item) const {
-    return {item.Start.X * m_pixelsPerTwipX, item.Start.Y * m_pixelsPerTwipY, item.End.X * m_pixelsPerTwipX,
-            item.End.Y * m_pixelsPerTwipY};
-}
-
-void SurfacePainter::PaintLine(const DrawnItem& item) {
-    const auto [x1, y1, x2, y2] = EndsInPixels(item);
-    const QColor colour = ToColour(item.Colour);
-    const bool solid = item.Style == LineStyle::Solid;
-    if (solid && (x1 == x2 || y1 == y2)) {
-        PaintAlongAxis(x1, y1, x2, y2, item.LineWidth, colour);
-        return;
+QRegion PixelsTouched(const DrawnItem& item, const QFont& font, QSize window) {
+    constexpr int kMargin = 2; // what rounding and smoothing add
+    if (item.Kind == DrawnItem::Shape::Text) {
+        const QFontMetrics metrics(font);
+        const QPointF place(item.Start.X / TwipsPerPixelX(), item.Start.Y / TwipsPerPixelY());
+        const QRect text(QPoint(0, 0), QSize(metrics.horizontalAdvance(ToQt(item.Text)), metrics.height()));
+        const QRectF around = QRectF(text).translated(place).adjusted(-kMargin, -kMargin, kMargin, kMargin);
+        return around.intersects(QRectF(QPointF(), window)) ? around.toAlignedRect() : QRegion();
     }
-    QPen pen(colour, item.LineWidth, solid ? Qt::SolidLine : Qt::CustomDashLine, Qt::RoundCap);
-    if (!solid) {
-        pen.setCapStyle(Qt::FlatCap);
-        pen.setDashPattern({6, 4});
+    const int margin = kMargin + item.LineWidth;
+    if (item.Kind == DrawnItem::Shape::Line) {
+        return PixelsAlong(item.Start, item.End, margin, window);
     }
-    m_painter.setRenderHint(QPainter::Antialiasing, x1 != x2 && y1 != y2);
-    m_painter.setPen(pen);
-    m_painter.drawLine(QPointF(x1, y1), QPointF(x2, y2));
-    m_painter.setRenderHint(QPainter::Antialiasing, false);
-}
-
-void SurfacePainter::PaintBox(const DrawnItem& item) {
-    const auto [x1, y1, x2, y2] = EndsInPixels(item);
-    const QColor colour = ToColour(item.Colour);
-    PaintAlongAxis(x1, y1, x2, y1, item.LineWidth, colour);
-    PaintAlongAxis(x1, y2, x2, y2, item.LineWidth, colour);
-    PaintAlongAxis(x1, y1, x1, y2, item.LineWidth, colour);
-    PaintAlongAxis(x2, y1, x2, y2, item.LineWidth, colour);
-}
-
-void SurfacePainter::PaintText(const DrawnItem& item) {
-    const QPointF place(item.Start.X * m_pixelsPerTwipX, item.Start.Y * m_pixelsPerTwipY);
-    QStaticText text(ToQt(item.Text)); // laid out once for all five
-    text.setTextFormat(Qt::PlainText);
-    m_painter.setPen(Qt::white);
-    for (const QPointF rim : {QPointF(-1, 0), QPointF(1, 0), QPointF(0, -1), QPointF(0, 1)}) {
-        m_painter.drawStaticText(place + rim, text);
-    }
-    m_painter.setPen(ToColour(item.Colour));
-    m_painter.drawStaticText(place, text);
+    const Point right{item.End.X, item.Start.Y};
+    const Point below{item.Start.X, item.End.Y};
+    return PixelsAlong(item.Start, right, margin, window) + PixelsAlong(right, item.End, margin, window) +
+           PixelsAlong(item.End, below, margin, window) + PixelsAlong(below, item.Start, margin, window);
 }
 
 } // namespace plenair

@@ -1,43 +1,42 @@
 #pragma once
 
 #include "platform/drawing/DrawingSurface.h"
+#include "platform/drawing/PixelInk.h"
 #include "platform/drawing/RecordedSurface.h"
+#include "platform/drawing/Strokes.h"
 
 #include <QColor>
 #include <QFont>
-#include <QPainter>
-
-class QPainter;
+#include <QImage>
+#include <QRegion>
+#include <QSize>
 
 namespace plenair {
+
+class TextMasks;
 
 QColor ToColour(ColourNumber colour);
 ColourNumber ToColourNumber(const QColor& colour);
 
-// Paints drawn items with a painter in logical pixels. Lines along the axes lie on whole device pixels, so
-// that they are sharp; slanting ones are smoothed. Texts have a thin light rim, so that they can be read on a
-// line.
+// How twips become pixels on the screen, on an area of that many pixels. `pixelRatio`: its pixels to a pixel
+// of the window.
+PixelScale ScreenScale(double pixelRatio, QSize pixels);
+
+// Paints drawn items on an image of 32 bits a pixel, which is shared with nobody.
 class SurfacePainter {
   public:
-    SurfacePainter(QPainter& painter, double pixelRatio, QFont font);
+    SurfacePainter(QImage& image, double pixelRatio, const QFont& font);
 
     void Paint(const DrawnItem& item);
 
   private:
-    struct Ends {
-        double X1, Y1, X2, Y2;
-    };
-
-    Ends EndsInPixels(const DrawnItem& item) const;
-    void PaintLine(const DrawnItem& item);
-    void PaintBox(const DrawnItem& item);
-    void PaintText(const DrawnItem& item);
-    void PaintAlongAxis(double x1, double y1, double x2, double y2, double width, const QColor& colour);
-
-    QPainter& m_painter;
-    double m_ratio;
-    double m_pixelsPerTwipX;
-    double m_pixelsPerTwipY;
+    PixelScale m_scale;
+    PixelInk m_ink;
+    TextMasks& m_letters;
 };
+
+// Pixels of a window of that size that an item may touch. Along a slanting line they are a chain of small
+// rectangles, since one around the whole of it is mostly empty.
+QRegion PixelsTouched(const DrawnItem& item, const QFont& font, QSize window);
 
 } // namespace plenair

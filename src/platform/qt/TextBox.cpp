@@ -2,6 +2,7 @@
 
 #include "platform/desktop/KeyCodes.h"
 #include "platform/qt/Form.h"
+#include "platform/qt/KeyCodeOf.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/TextFit.h"
 
@@ -20,36 +21,6 @@
 namespace plenair {
 
 namespace {
-
-int KeyCodeOf(const QKeyEvent* event) {
-    switch (event->key()) {
-    case Qt::Key_Backspace:
-        return kKeyBackspace;
-    case Qt::Key_Tab:
-        return kKeyTab;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        return kKeyEnter;
-    case Qt::Key_Escape:
-        return kKeyEscape;
-    case Qt::Key_End:
-        return kKeyEnd;
-    case Qt::Key_Home:
-        return kKeyHome;
-    case Qt::Key_Left:
-        return kKeyLeft;
-    case Qt::Key_Up:
-        return kKeyUpArrow;
-    case Qt::Key_Right:
-        return kKeyRight;
-    case Qt::Key_Down:
-        return kKeyDownArrow;
-    case Qt::Key_Delete:
-        return kKeyDelete;
-    default:
-        return event->key() >= Qt::Key_Space && event->key() <= Qt::Key_AsciiTilde ? event->key() : 0;
-    }
-}
 
 // The characters that a key gives; none for a key that only moves or edits.
 QString CharactersOf(const QKeyEvent* event) {

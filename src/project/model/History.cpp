@@ -161,7 +161,9 @@ SteppedTo Cross(Step& step) {
     }
     for (const auto& column : step.Columns) {
         ApplyColumn(*column);
-        NetworkRevision += column->Word < kWordsOfPlace ? 1U : 0U;
+        if (column->Word < kWordsOfPlace) {
+            NoteNetworkChange();
+        }
     }
     if (target < DuctCount) {
         DuctCount = target;

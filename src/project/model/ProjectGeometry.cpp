@@ -35,6 +35,27 @@ float SnapToGrid(float value, double size, Axis axis) {
     return static_cast<float>(snapped);
 }
 
+Crossing Moved(Crossing from, int columns, int rows) {
+    return {std::clamp(from.Column + columns, 0, kCellsAcross), std::clamp(from.Row + rows, 0, kCellsDown)};
+}
+
+Point SnapToGrid(Point place, Extent surface) {
+    return {static_cast<double>(SnapToGrid(static_cast<float>(place.X), surface.Width, Axis::X)),
+            static_cast<double>(SnapToGrid(static_cast<float>(place.Y), surface.Height, Axis::Y))};
+}
+
+Point PlaceOf(Crossing crossing, Extent surface) {
+    return SnapToGrid(Point{crossing.Column * GridPitch(surface.Width, Axis::X),
+                            crossing.Row * GridPitch(surface.Height, Axis::Y)},
+                      surface);
+}
+
+Crossing CrossingAt(Point place, Extent surface) {
+    const Point snapped = SnapToGrid(place, surface);
+    return Moved({}, static_cast<int>(std::lround(snapped.X / GridPitch(surface.Width, Axis::X))),
+                 static_cast<int>(std::lround(snapped.Y / GridPitch(surface.Height, Axis::Y))));
+}
+
 Point StartOf(const DuctRecord& duct, Extent surface) {
     return WholeDrawable({surface.Width * duct.StartX, surface.Height * duct.StartY});
 }

@@ -18,6 +18,21 @@ double GridPitch(double size, Axis axis);
 // and the step up with the exact one, so the result can lie a little off the line drawn. Not limited to the
 // surface.
 float SnapToGrid(float value, double size, Axis axis);
+Point SnapToGrid(Point place, Extent surface);
+
+// A crossing of the grid lines, those of the surface's edges included, counted from its top left corner.
+struct Crossing {
+    int Column = 0; // 0 to kCellsAcross
+    int Row = 0;    // 0 to kCellsDown
+    bool operator==(const Crossing&) const = default;
+};
+
+// The crossing that is so many columns and rows away, or the last one before the edge.
+Crossing Moved(Crossing from, int columns, int rows);
+
+// Where a click near a crossing snaps to, and the crossing that a click snaps to.
+Point PlaceOf(Crossing crossing, Extent surface);
+Crossing CrossingAt(Point place, Extent surface);
 
 // A duct's ends, or the place of its label in the middle between them, on a surface of that size, as whole
 // numbers.

@@ -12,7 +12,28 @@ Flag RunFailed = kFlagClear;
 Flag DrawPending = kFlagClear;
 Flag PlotShowing = kFlagClear;
 float DrawColour = 0;
-std::uint64_t NetworkRevision = 0;
+
+namespace {
+
+std::uint64_t s_networkRevision = 0;
+
+void ResizeDucts() {
+    const auto size = static_cast<std::size_t>(DuctCount) + 1;
+    if (size > Ducts.capacity()) {
+        Ducts.reserve(2 * size);
+    }
+    Ducts.resize(size);
+}
+
+} // namespace
+
+std::uint64_t NetworkRevision() {
+    return s_networkRevision;
+}
+
+void NoteNetworkChange() {
+    ++s_networkRevision;
+}
 
 DuctRecord& Duct(int number) {
     return Ducts[static_cast<std::size_t>(number)];
@@ -24,7 +45,7 @@ bool IsDuct(int duct) {
 
 void AddDuct(Point last, Point snapped, Extent surface) {
     ++DuctCount;
-    FitDucts();
+    ResizeDucts();
     DuctRecord& duct = Ducts.back();
     duct = {};
     duct.StartX = last.X / surface.Width;
@@ -35,12 +56,8 @@ void AddDuct(Point last, Point snapped, Extent surface) {
 }
 
 void FitDucts() {
-    const auto size = static_cast<std::size_t>(DuctCount) + 1;
-    if (size > Ducts.capacity()) {
-        Ducts.reserve(2 * size);
-    }
-    Ducts.resize(size);
-    ++NetworkRevision;
+    ResizeDucts();
+    NoteNetworkChange();
 }
 
 void ClearProject() {
@@ -48,7 +65,7 @@ void ClearProject() {
     ProjectName.clear();
     DuctCount = 0;
     Ducts.assign(1, {});
-    ++NetworkRevision;
+    NoteNetworkChange();
 }
 
 void StartProject() {
@@ -61,7 +78,7 @@ void StartProject() {
 void StartReading() {
     DuctCount = -1;
     Ducts.assign(1, {});
-    ++NetworkRevision;
+    NoteNetworkChange();
 }
 
 void FollowOn(std::int16_t duct, SheetBox box) {

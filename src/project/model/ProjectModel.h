@@ -31,9 +31,10 @@ extern Flag DrawPending;        // a start point is held for the next click on t
 extern Flag PlotShowing;        // the grid shows a path's plot instead of the network
 extern float DrawColour;        // of the next duct
 
-// Counts the changes of anything that the network's drawing shows. Whoever changes colours or ends in Ducts
-// raises it.
-extern std::uint64_t NetworkRevision;
+// As long as this number is the same, so are colours and ends of the ducts that there were; AddDuct may have
+// added others. Whoever changes them in Ducts notes that.
+std::uint64_t NetworkRevision();
+void NoteNetworkChange();
 
 // Whether `duct` is a number from 1 to DuctCount.
 bool IsDuct(int duct);

@@ -44,6 +44,7 @@ frmMajorCalc::frmMajorCalc(SheetWindow& sheet)
     picGrid->MouseDown = [this](Qt::MouseButton button, float x, float y) {
         picGrid_MouseDown(button, x, y);
     };
+    picGrid->KeyDown = [this](int keyCode, bool control) { return picGrid_KeyDown(keyCode, control); };
     AddSolverKeys(*this, m_windows, "solver");
     AddKeys(QKeySequence::keyBindings(QKeySequence::Copy), [this] { CopyShown(m_windows); });
     // There is no button for it in the frame, but a desktop has other ways to ask a window to close.
@@ -125,6 +126,7 @@ void frmMajorCalc::LayOut() {
     Place(cmdClose, ScreenWidth() - kCloseWidth - 100, kButtonTop, kCloseWidth, kButtonHeight);
     m_picture.SetSize({ScreenWidth() - 200, ScreenHeight() - 1050});
     Place(picGrid, kGridLeft, kGridTop, m_picture.Size().Width, m_picture.Size().Height);
+    ShowCross(PlaceOf(Cross, m_picture.Size()));
 }
 
 void frmMajorCalc::Repaint() {
@@ -203,7 +205,12 @@ void frmMajorCalc::cmdClose_Click() {
     }
 }
 
+bool frmMajorCalc::picGrid_KeyDown(int keyCode, bool control) {
+    return PressGridKey(m_windows, keyCode, control);
+}
+
 void frmMajorCalc::picGrid_MouseDown(Qt::MouseButton button, float x, float y) {
+    PointAtGrid(m_windows, {static_cast<double>(x), static_cast<double>(y)});
     switch (button) {
     case Qt::LeftButton:
         return ClickGrid(m_windows, MouseButton::Left, x, y);

@@ -43,6 +43,7 @@ class frmMajorCalc : public Form, public SolverWindow {
     void Repaint() override;
     GridPicture& PicGrid() override { return m_picture; }
     ColourNumber BackColour() const override;
+    void ShowCross(Point place) override { picGrid->SetCross(place); }
     bool LabelsTicked() const override { return chkLabels->IsOn(); }
     bool SheetTicked() const override { return chkParam->IsOn(); }
     bool IsPressureVisible() const override { return !cmdCalcPressure->isHidden(); }
@@ -70,6 +71,7 @@ class frmMajorCalc : public Form, public SolverWindow {
     void cmdCalcPressure_Click();
     void cmdClose_Click();
     void picGrid_MouseDown(Qt::MouseButton button, float x, float y);
+    bool picGrid_KeyDown(int keyCode, bool control);
 
     ProjectWindows m_windows;
     GridPicture m_picture;

@@ -1,0 +1,138 @@
+#include "platform/drawing/PixelInk.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <random>
+
+namespace plenair {
+namespace {
+
+struct NotedInk : Ink {
+    void Fill(const PixelRect& pixels, ColourNumber) override { Fills.push_back(pixels); }
+    void Slant(Point, Point, double, ColourNumber) override { ++Slants; }
+
+    std::vector<PixelRect> Fills;
+    int Slants = 0;
+};
+
+// A screen of 96 pixels to the inch at a scale factor.
+PixelScale ScaleOf(double factor, Extent pixels) {
+    return {factor / 15, factor / 15, factor, 6 * factor, 4 * factor, pixels};
+}
+
+std::vector<std::uint32_t> Painted(const std::vector<DrawnItem>& items, double factor, int width,
+                                   int height) {
+    std::vector<std::uint32_t> pixels(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
+    PixelInk ink({pixels.data(), width, height, width});
+    for (const DrawnItem& item : items) {
+        PaintStroke(item, ScaleOf(factor, {width * 1.0, height * 1.0}), ink);
+    }
+    return pixels;
+}
+
+TEST(Strokes, WholePixelsAtEveryScale) {
+    const struct {
+        double factor;
+        int width;
+        int thickness;
+    } rows[] = {{1, 1, 1},    {1, 2, 2},    {1, 4, 4}, {1.25, 1, 1}, {1.25, 2, 3}, {1.5, 1, 2}, {1.5, 2, 3},
+                {1.75, 1, 2}, {1.75, 2, 4}, {2, 1, 2}, {2, 2, 4},    {3, 1, 3},    {3, 2, 6}};
+    for (const auto& row : rows) {
+        for (double place = 300; place < 400; place += 7.3) {
+            const PixelScale scale = ScaleOf(row.factor, {1000, 1000});
+            NotedInk across;
+            PaintStroke({.LineWidth = row.width, .Start = {300, place}, .End = {900, place + 1}}, scale,
+                        across);
+            NotedInk down;
+            PaintStroke({.LineWidth = row.width, .Start = {place + 1, 900}, .End = {place, 300}}, scale,
+                        down);
+            ASSERT_EQ(across.Fills.size() + down.Fills.size(), 2U) << "as good as along an axis";
+            EXPECT_EQ(across.Fills[0].Bottom - across.Fills[0].Top, row.thickness);
+            EXPECT_EQ(down.Fills[0].Right - down.Fills[0].Left, row.thickness);
+            EXPECT_EQ(across.Fills[0].Top, down.Fills[0].Left);
+            EXPECT_EQ(across.Fills[0].Right, down.Fills[0].Bottom);
+        }
+    }
+}
+
+// The last guide of a plot comes by a sum of lengths to where the frame stands by a product.
+TEST(Strokes, WhatASumLeavesOffLiesOnTheSamePixels) {
+    for (const double factor : {1.0, 1.25, 1.5, 1.75, 2.0, 3.0}) {
+        for (double width = 14000; width < 16000; width += 37.5) {
+            double x = width * 0.05;
+            for (int guide = 0; guide < 7; ++guide) {
+                x += width * 0.9 / 7;
+            }
+            NotedInk ink;
+            const PixelScale scale = ScaleOf(factor, {4000, 4000});
+            PaintStroke({.Start = {x, 10}, .End = {x, 500}}, scale, ink);
+            PaintStroke({.Start = {width * 0.95, 10}, .End = {width * 0.95, 500}}, scale, ink);
+            EXPECT_EQ(ink.Fills.at(0), ink.Fills.at(1)) << factor << " " << width;
+        }
+    }
+}
+
+TEST(Strokes, DashesAndNothing) {
+    NotedInk ink;
+    const PixelScale scale = ScaleOf(1.25, {100, 100}); // dashes of 8 pixels, gaps of 5
+    PaintStroke({.Style = LineStyle::Dashed, .Start = {120, 120}, .End = {480, 120}}, scale, ink);
+    EXPECT_EQ(ink.Fills, (std::vector<PixelRect>{{10, 10, 18, 11}, {23, 10, 31, 11}, {36, 10, 41, 11}}));
+    ink.Fills.clear();
+    for (const auto kind : {DrawnItem::Shape::Line, DrawnItem::Shape::Box}) {
+        PaintStroke({.Kind = kind, .LineWidth = 5, .Start = {70, 80}, .End = {70, 80}}, scale, ink);
+    }
+    EXPECT_EQ(ink.Fills.size() + static_cast<std::size_t>(ink.Slants), 0U) << "no extent, no dot";
+    PaintStroke({.Kind = DrawnItem::Shape::Box, .Start = {120, 120}, .End = {240, 360}}, scale, ink);
+    EXPECT_EQ(ink.Fills, (std::vector<PixelRect>{
+                             {10, 10, 21, 11}, {10, 30, 21, 31}, {10, 10, 11, 31}, {20, 10, 21, 31}}));
+}
+
+// A small surface shows what a large one shows there, however far off the ends of a line lie, and takes no
+// more ink than what it shows.
+TEST(Strokes, FarOffLinesAreCutOffToTheSamePixels) {
+    constexpr int kSmall = 60;
+    constexpr int kLarge = 1000;
+    std::mt19937 random(7);
+    const auto place = [&](double reach) {
+        return (static_cast<double>(random() % 20001) / 10000 - 1) * reach;
+    };
+    for (int trial = 0; trial < 400; ++trial) {
+        const double reach = trial % 2 == 0 ? 2000 : 1E7;
+        DrawnItem item{.Kind = trial % 5 == 0 ? DrawnItem::Shape::Box : DrawnItem::Shape::Line,
+                       .Style = trial % 3 == 0 ? LineStyle::Dashed : LineStyle::Solid,
+                       .LineWidth = trial % 4 + 1,
+                       .Colour = kGreenColour,
+                       .Start = {place(reach), place(900)},
+                       .End = {place(reach), place(reach)}};
+        if (trial % 7 == 0) {
+            item.End.Y = item.Start.Y;
+        }
+        const double factor = 1 + trial % 3 * 0.25;
+        const std::vector<std::uint32_t> small = Painted({item}, factor, kSmall, kSmall);
+        const std::vector<std::uint32_t> large = Painted({item}, factor, kLarge, kLarge);
+        for (std::size_t at = 0; at < small.size(); ++at) {
+            ASSERT_EQ(small[at], large[at / kSmall * kLarge + at % kSmall]) << trial;
+        }
+        NotedInk ink;
+        PaintStroke(item, ScaleOf(factor, {kSmall, kSmall}), ink);
+        EXPECT_LT(ink.Fills.size() + static_cast<std::size_t>(ink.Slants), 4U * kSmall);
+    }
+}
+
+TEST(Strokes, SlantingLinesCoverTheirArea) {
+    for (const double width : {1.0, 2.0, 4.0}) {
+        for (const Point end : {Point{900, 450}, {450, 900}, {900, 900}, {250, 700}}) {
+            const DrawnItem item{.LineWidth = static_cast<int>(width), .Start = {150, 150}, .End = end};
+            double ink = 0;
+            for (const std::uint32_t pixel : Painted({item}, 1, 100, 100)) {
+                ink += (pixel >> 24U) / 255.0;
+            }
+            const double length = std::hypot(end.X - 150, end.Y - 150) / 15;
+            EXPECT_NEAR(ink, (length + width) * width, 0.02 * length) << end.X << "," << end.Y;
+        }
+    }
+}
+
+} // namespace
+} // namespace plenair
