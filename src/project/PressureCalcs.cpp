@@ -11,6 +11,8 @@
 #include "project/PlotDrawing.h"
 #include "project/model/DuctPath.h"
 #include "project/model/DuctRecord.h"
+#include "project/model/PlotGeometry.h"
+#include "project/model/ProjectModel.h"
 
 #include <cstddef>
 #include <vector>
@@ -23,11 +25,6 @@ const std::string kTitle = "Total Pressure Drop";
 
 void Tell(const std::string& text) {
     ShowMessage({text, kTitle, MessageButtons::Ok, MessageIcon::Exclamation});
-}
-
-std::string WithoutBlanksAround(const std::string& text) {
-    const std::size_t start = text.find_first_not_of(' ');
-    return start == std::string::npos ? "" : text.substr(start, text.find_last_not_of(' ') + 1 - start);
 }
 
 double PressureDropOf(const PathElement& element) {
@@ -75,29 +72,36 @@ void AskForPath(const ProjectWindows& windows) {
 }
 
 void PathPressure(const ProjectWindows& windows, std::string path) {
-    path = WithoutBlanksAround(path);
-    if (path.empty()) {
+    if (path.find_first_not_of(" \t") == std::string::npos) {
         return;
     }
     if (path.back() >= '0' && path.back() <= '9') {
         path += ',';
     }
+    const std::vector<PathElement> before = PathElements;
+    std::string problem;
+    bool wanted = true;
     try {
         ParseDuctPath(path);
-        if (!WantsPlot(WorkOutDrops())) {
-            return;
-        }
-        const std::string problem = WhyNoPlot();
+        wanted = WantsPlot(WorkOutDrops());
+        problem = WhyNoPlot();
         if (problem.empty()) {
-            PlotPath(windows);
-        } else {
-            Tell(problem);
+            ScalesOfPlot(windows.Solver.PicGrid().Size(), kGridPlot);
+            if (wanted) {
+                PlotPath(windows);
+            }
         }
     } catch (const PathFailure& failure) {
-        Tell(failure.what());
+        problem = failure.what();
     } catch (const CalcFailure&) {
-        Tell("The pressure of this path can't be worked out or plotted: its ducts hold values too large "
-             "or too small for that.");
+        problem = "The pressure of this path can't be worked out or plotted: its ducts hold values too large "
+                  "or too small for that.";
+    }
+    if (!problem.empty() && (wanted || PlotShowing != kFlagClear)) {
+        SetPath(before); // which a plot on the grid belongs to
+    }
+    if (wanted && !problem.empty()) {
+        Tell(problem);
     }
 }
 

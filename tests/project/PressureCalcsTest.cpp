@@ -44,16 +44,17 @@ TEST_F(PathTest, TextsOfPathsAndTheirTotals) {
         const char* total;
         const char* elements;
         std::vector<std::string> paths;
-    } rows[] = {{"18",
-                 "RCF",
-                 {"1,2,3", "1,2,3,", "1 2 3", "1;2;3;", "1, 2,   3", " 1,2,3 ", "1,2,3, ", "01,2,0003",
-                  "1→2→3", "1-2/3."}},
-                {"4", "R", {"1"}},
-                {"5", "R", {"4"}}, // 4.5 goes away from zero
-                {"7", "C", {"2"}},
-                {"12", "RRR", {"1,1,1"}},
-                {"0", "-", {"0", "5"}},
-                {"18", "FCR", {"3,2,1"}}};
+    } rows[] = {
+        {"18",
+         "RCF",
+         {"1,2,3", "1,2,3,", "1 2 3", "1;2;3;", "1, 2,   3", " 1,2,3 ", "1,2,3, ", "01,2,0003", "1→2→3",
+          "1-2/3.", "1  2 \t 3", "1 ,2\t;\t3 , ", "R1, C2, f3", "r1 c2\tF3", "R1,2,F003", "1R2F3", "R1C2F3"}},
+        {"4", "R", {"1"}},
+        {"5", "R", {"4"}}, // 4.5 goes away from zero
+        {"7", "C", {"2"}},
+        {"12", "RRR", {"1,1,1"}},
+        {"0", "-", {"0", "5"}},
+        {"18", "FCR", {"3,2,1"}}};
     for (const auto& row : rows) {
         for (const std::string& path : row.paths) {
             EXPECT_EQ(Told(path, {MessageAnswer::No}),
@@ -70,21 +71,33 @@ TEST_F(PathTest, PathsThatCannotBeWorkedOutOrPlotted) {
     Add({.Colour = kRigidColour, .Length = 1E300, .LossPerMetre = 1E300});
     const std::pair<std::string, std::string> rows[] = {
         // and how the message begins
-        {"1,,2", "\"1,,2\""},   {",1", "\",1\""},
-        {";", "\";\""},         {"1, ,2", "\"1, ,2\""},
-        {"1  2", "\"1  2\""},   {"1,2,  , 3", "\"2,  , 3\""},
-        {"1 ,2", "\"1 ,2\""},   {"1,7,2", "\"7\""},
-        {"32768", "\"32768\""}, {"99999999999999999999999999", "\"999999999999999999999999...\""},
-        {"→", "\"→\""},         {"6", "The pressure of this path can't"},
+        {"3,R3", "3 is F3, not R3."},
+        {"c01;2", "1 is R1, not C1."},
+        {"f5", "5 is of no type, not F5."},
+        {"R7", "\"7\" is no duct."},
+        {"R,1", "\"R,1\""},
+        {"1,x2", "\"1,x2\""},
+        {"1,R 2", "\"1,R 2\""},
+        {"1,,2", "\"1,,2\""},
+        {",1", "\",1\""},
+        {";", "\";\""},
+        {"1, ,2", "\"1, ,2\""},
+        {"1,2,  , 3", "\"2,  , 3\""},
+        {"1,7,2", "\"7\""},
+        {std::string(25, '\x80') + "1", "\"\x80\x80"},
+        {"32768", "\"32768\""},
+        {"99999999999999999999999999", "\"999999999999999999999999...\""},
+        {"→", "\"→\""},
+        {"6", "The pressure of this path can't"},
     };
     const Lines picture = Described(solver.picGrid);
     Told("3", {MessageAnswer::No});
     for (const auto& [path, start] : rows) {
         const std::string told = Told(path, {MessageAnswer::Ok});
         EXPECT_EQ(told.substr(0, start.size()), start);
+        EXPECT_EQ(Elements(), "F") << "the last path stays";
         if (start[0] == '"') {
             EXPECT_NE(told.find("numbered 1 to 6."), std::string::npos);
-            EXPECT_EQ(Elements(), "F") << "the last path stays";
         }
     }
     for (const char* path : {"2", "5", "0"}) { // no length; no drop; neither
@@ -114,6 +127,16 @@ TEST_F(PathTest, PlotOnTheGrid) {
                "2 line 255: 5000,7250 9500,9500", "text 5: 550,2550", "text 14: 550,7050",
                "text 18: 550,9300", "text 5.0: 4950,9500", "text 5.0: 4950,9500", "text 10.0: 9450,9500",
                "text R1: 2750,0", "text C2: 5000,0", "text R3: 7250,0"}));
+
+    // The picture and its path stay together when another path can't take their place.
+    const Lines plot = Described(solver.picGrid);
+    Add({.Colour = kRigidColour, .Length = 1E-310, .LossPerMetre = 1E308});
+    for (const char* path : {"2", "0", "6"}) {
+        Told(path, {MessageAnswer::No});
+        Told(path, {MessageAnswer::Yes, MessageAnswer::Ok});
+        EXPECT_EQ(Elements(), "RCR");
+    }
+    EXPECT_EQ(Described(solver.picGrid), plot);
     RedrawProject(windows);
     EXPECT_EQ(PlotShowing, kFlagClear);
 }

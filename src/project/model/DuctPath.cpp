@@ -20,6 +20,9 @@ std::int16_t PathCount = 0;
 namespace {
 
 constexpr std::string_view kDigits = "0123456789";
+constexpr std::string_view kBlanks = " \t\n\v\f\r";
+constexpr std::string_view kTypeLetters = "RFCrfc";
+constexpr int kLowerCase = 0x20; // the bit by which small letters differ from capitals
 
 std::string NumbersThereAre() {
     switch (DuctCount) {
@@ -36,21 +39,39 @@ std::string NumbersThereAre() {
     throw PathFailure("\"" + Shortened(piece) + "\" " + problem + "  " + NumbersThereAre());
 }
 
-// Length of the character at the start of `text`, which is UTF-8.
-std::size_t CharacterLength(std::string_view text) {
-    std::size_t length = 1;
+bool StartsWithDigit(std::string_view text) {
+    return !text.empty() && kDigits.find(text.front()) != std::string_view::npos;
+}
+
+// Whether the text begins with a number as the grid labels it: R1, C2, r3.
+bool StartsWithLabel(std::string_view text) {
+    return !text.empty() && kTypeLetters.find(text.front()) != std::string_view::npos &&
+           StartsWithDigit(text.substr(1));
+}
+
+std::string_view Take(std::size_t length, std::string_view& text) {
+    const std::string_view taken = text.substr(0, length);
+    text.remove_prefix(taken.size());
+    return taken;
+}
+
+std::string_view TakeAllOf(std::string_view characters, std::string_view& text) {
+    return Take(text.find_first_not_of(characters), text);
+}
+
+// One separator, whichever character it is, and the blanks around it; blanks alone will do. A letter right
+// behind a number is a separator too, and one that stands apart belongs to the number that it precedes.
+void TakeSeparator(std::string_view& text) {
+    const bool apart = !TakeAllOf(kBlanks, text).empty();
+    if (text.empty() || StartsWithDigit(text) || (apart && StartsWithLabel(text))) {
+        return;
+    }
+    std::size_t length = 1; // of a character of UTF-8
     while (length < text.size() && IsContinuation(text[length])) {
         ++length;
     }
-    return length;
-}
-
-// Length of the separator at the start of `text`: any character, or a comma with the blanks after it.
-std::size_t SeparatorLength(std::string_view text) {
-    if (text.front() == ',') {
-        return std::min(text.find_first_not_of(' ', 1), text.size());
-    }
-    return CharacterLength(text);
+    Take(length, text);
+    TakeAllOf(kBlanks, text);
 }
 
 // The number with what stands around it, from the separator at `at` that ends no number.
@@ -71,6 +92,22 @@ std::int16_t ElementNumber(std::string_view digits) {
     return number;
 }
 
+// The number of an element, with the letter of its type before it or without.
+std::int16_t TakeElement(std::string_view& text) {
+    const std::string_view letter = Take(StartsWithLabel(text) ? 1 : 0, text);
+    const std::int16_t number = ElementNumber(TakeAllOf(kDigits, text));
+    if (!letter.empty()) {
+        const std::string wanted(1, static_cast<char>(letter.front() & ~kLowerCase));
+        const std::string type = TypeLetter(Duct(number).Colour);
+        if (type != wanted) {
+            const std::string digits = std::to_string(number);
+            throw PathFailure(digits + " is " + (type.empty() ? "of no type" : type + digits) + ", not " +
+                              wanted + digits + ".");
+        }
+    }
+    return number;
+}
+
 PathElement CopyOf(std::int16_t number, std::size_t position) {
     const DuctRecord& duct = Duct(number);
     PathElement element;
@@ -85,26 +122,27 @@ PathElement CopyOf(std::int16_t number, std::size_t position) {
 
 } // namespace
 
-void ParseDuctPath(std::string& path) {
-    std::vector<PathElement> elements(1);
-    const std::string_view text = path;
-    std::size_t start = 0;
-    while (start < text.size()) {
-        const std::size_t end = text.find_first_not_of(kDigits, start);
-        if (end == std::string_view::npos) {
-            break; // digits without an end are no number yet
-        }
-        if (end == start) {
-            Fail(PieceAround(text, end), "has a separator without a number before it.");
-        }
-        if (elements.size() > static_cast<std::size_t>(std::numeric_limits<std::int16_t>::max())) {
-            Fail(text, "lists more than 32767 ducts.");
-        }
-        elements.push_back(CopyOf(ElementNumber(text.substr(start, end - start)), elements.size()));
-        start = end + SeparatorLength(text.substr(end));
-    }
+void SetPath(std::vector<PathElement> elements) {
     PathElements = std::move(elements);
     PathCount = static_cast<std::int16_t>(PathElements.size() - 1);
+}
+
+void ParseDuctPath(std::string& path) {
+    std::vector<PathElement> elements(1);
+    std::string_view rest = path;
+    TakeAllOf(kBlanks, rest);
+    // Digits without an end are no number yet.
+    while (rest.find_first_not_of(kDigits, StartsWithLabel(rest) ? 1 : 0) != std::string_view::npos) {
+        if (!StartsWithDigit(rest) && !StartsWithLabel(rest)) {
+            Fail(PieceAround(path, path.size() - rest.size()), "has a separator without a number before it.");
+        }
+        if (elements.size() > static_cast<std::size_t>(std::numeric_limits<std::int16_t>::max())) {
+            Fail(path, "lists more than 32767 ducts.");
+        }
+        elements.push_back(CopyOf(TakeElement(rest), elements.size()));
+        TakeSeparator(rest);
+    }
+    SetPath(std::move(elements));
     path.clear();
 }
 

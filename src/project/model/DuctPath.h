@@ -23,14 +23,18 @@ struct PathElement {
 extern std::vector<PathElement> PathElements;
 extern std::int16_t PathCount;
 
+// Takes another path, element 0 included.
+void SetPath(std::vector<PathElement> elements);
+
 // A path text that names something other than elements of the project. what() is for the user.
 struct PathFailure : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-// Fills PathElements from a list of duct numbers, 0 included. Every character that is no digit ends a number,
-// so the last one needs one behind it too; a comma and the blanks after it are one separator. Consumes the
-// text, which is empty afterwards. Throws PathFailure; then the last path stays.
+// Fills PathElements from a list of duct numbers, 0 included, each as digits or as the grid labels it: R1,
+// C2, r3. Between two stand one separator, any character that is no digit, and any blanks around it, or
+// blanks alone; the last one needs one behind it too. Consumes the text, which is empty afterwards. Throws
+// PathFailure; then the last path stays.
 void ParseDuctPath(std::string& path);
 
 } // namespace plenair
