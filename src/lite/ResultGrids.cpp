@@ -21,6 +21,20 @@ Lamp LampFor(double width, double height) {
     return ratio > 4.0F ? Lamp::Yellow : Lamp::Green;
 }
 
+std::string MeaningOf(Lamp lamp) {
+    switch (lamp) {
+    case Lamp::Green:
+        return "compact, up to 4";
+    case Lamp::Yellow:
+        return "slightly slender, 4 to 5";
+    case Lamp::Orange:
+        return "slender, 5 to 8";
+    case Lamp::Red:
+        break;
+    }
+    return "very slender, above 8";
+}
+
 void FillGrids(LiteWindow& window, const ResultRow& result, int row) {
     window.SetMinorCell(row, kWidthColumn, Format(result.Width, "0"));
     const double shownWidth = NumberOf(window.MinorCell(row, kWidthColumn));

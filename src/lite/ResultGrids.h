@@ -23,4 +23,7 @@ void FillGrids(LiteWindow& window, const ResultRow& result, int row);
 // to 8, red beyond.
 Lamp LampFor(double width, double height);
 
+// What a lamp tells of a rectangle, in words: "slender, 5 to 8".
+std::string MeaningOf(Lamp lamp);
+
 } // namespace plenair

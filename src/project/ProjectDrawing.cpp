@@ -6,6 +6,8 @@
 
 #include <vector>
 
+#include "platform/text/NumberText.h"
+
 namespace plenair {
 
 namespace {
@@ -62,6 +64,23 @@ void PrintLabels(DrawingSurface& surface, int first) {
     for (int number = first; number <= DuctCount; ++number) {
         PrintLabel(surface, static_cast<std::int16_t>(number));
     }
+}
+
+std::string DuctInWords(std::int16_t number) {
+    const DuctRecord& duct = Duct(number);
+    const auto crossing = [](double x, double y) {
+        const Point inCells = Drawable({x * kCellsAcross, y * kCellsDown});
+        return Format(inCells.X, "0") + ", " + Format(inCells.Y, "0");
+    };
+    const char* const types[] = {"", " rigid", " flexible", " connection"};
+    std::string words = DuctLabel(number) + types[static_cast<std::size_t>(TypeOf(duct.Colour))] + ", from " +
+                        crossing(duct.StartX, duct.StartY) + " to " + crossing(duct.EndX, duct.EndY);
+    for (const SheetRow& row : kSheetRows) {
+        if (const std::string text = TextOf(duct, row.Box); text != "0") {
+            words += std::string(",").append(row.Caption).append(" ").append(text);
+        }
+    }
+    return words;
 }
 
 void DrawHighlight(DrawingSurface& surface, std::int16_t duct) {

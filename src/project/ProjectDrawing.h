@@ -27,6 +27,10 @@ void DrawDucts(DrawingSurface& surface, int first = 1);
 void PrintLabel(DrawingSurface& surface, std::int16_t duct);
 void PrintLabels(DrawingSurface& surface, int first = 1);
 
+// A duct in words, for those who can't see it: label, type, the crossings of grid lines from which and to
+// which it goes, counted from 0 at the top left, and the values of the sheet that are not 0.
+std::string DuctInWords(std::int16_t duct);
+
 // A green line over the duct. Leaves the line width of the network.
 void DrawHighlight(DrawingSurface& surface, std::int16_t duct);
 

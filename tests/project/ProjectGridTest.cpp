@@ -1,6 +1,8 @@
 #include "platform/desktop/KeyCodes.h"
 #include "project/FakeWindows.h"
 
+#include <cmath>
+
 namespace plenair {
 
 constexpr double P = 379; // pitch across
@@ -19,6 +21,13 @@ TEST_F(ProjectTest, ClicksDrawAndAdd) {
     EXPECT_EQ(Described(solver.picGrid, GridLines + 1),
               (Lines{"2 box 0: 1087,299 1187,399", "2 line 65535: 379,349 1137,349", "text C1: 758,349"}));
     EXPECT_EQ(Ducts[1].StartX, P / 15160);
+    EXPECT_EQ(DuctInWords(1), "C1 connection, from 1, 1 to 3, 1");
+    Ducts[1].ConnCoefficient = 0.5F;
+    Ducts[1].Velocity = 4.7;
+    Ducts[1].StartX = std::nan("");
+    EXPECT_EQ(DuctInWords(1),
+              "C1 connection, from 0, 1 to 3, 1, Velocity (m/s) 4.7, Connection Coefficient 0.5");
+    Ducts[1].StartX = P / 15160;
     EXPECT_EQ(Ducts[1].EndX, 3 * P / 15160);
     Click(P, 5 * Q);
 

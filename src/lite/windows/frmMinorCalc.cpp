@@ -6,9 +6,11 @@
 #include "lite/CalculationLog.h"
 #include "lite/CopyResults.h"
 #include "lite/KeyStrokes.h"
+#include "lite/ResultGrids.h"
 #include "platform/desktop/KeyCodes.h"
 #include "platform/desktop/MessageBox.h"
 #include "platform/qt/Pictures.h"
+#include "platform/qt/QtText.h"
 #include "platform/qt/Twips.h"
 #include "platform/qt/WindowPos.h"
 #include "platform/text/NumberText.h"
@@ -208,10 +210,14 @@ void frmMinorCalc::Form_Load() {
     MoveRightEdgeTo(ScreenWidth(), kTop);
     SetCurrentCell(0, 0);
     for (MSFlexGrid* grid : {grdMinorCalc, grdOtherShapes}) {
-        const double width = grid == grdMinorCalc ? 2895 : 3015;
+        const bool round = grid == grdOtherShapes;
+        const double width = round ? 3015 : 2895;
+        const char* const headings[] = {round ? "Diameter in mm" : "Width in mm", round ? "" : "Height in mm",
+                                        "Velocity in m/s", "Loss in Pa/m"};
         for (int column = 0; column < kResultColumns; ++column) {
             grid->SetColWidth(column, std::nearbyint(width / kResultColumns));
             grid->SetColAlignment(column, 4);
+            grid->SetColHeading(column, headings[column]);
         }
     }
     lblInputB->setText("&Height (mm)");
@@ -230,8 +236,9 @@ void frmMinorCalc::Form_Load() {
 void frmMinorCalc::ResetGrid() {
     grdMinorCalc->Clear();
     grdOtherShapes->Clear();
-    for (Label* lamp : lblRatio) {
-        lamp->SetOpaque(false);
+    for (std::size_t row = 0; row < lblRatio.size(); ++row) {
+        lblRatio[row]->SetOpaque(false);
+        lblRatio[row]->setAccessibleName(QString("row %1: no duct").arg(row + 1));
     }
 }
 
@@ -399,6 +406,7 @@ void frmMinorCalc::LightLamp(int row, Lamp colour) {
     Label* const lamp = lblRatio[static_cast<std::size_t>(row)];
     lamp->SetBackColour(ColourOf(colour));
     lamp->SetOpaque(true);
+    lamp->setAccessibleName(QString("row %1: %2").arg(row + 1).arg(ToQt(MeaningOf(colour))));
 }
 
 } // namespace plenair

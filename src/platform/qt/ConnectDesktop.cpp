@@ -6,6 +6,7 @@
 #include "platform/desktop/Progress.h"
 #include "platform/files/ProgramFolder.h"
 #include "platform/files/RegistryStore.h"
+#include "platform/qt/Accessibility.h"
 #include "platform/qt/Clipboard.h"
 #include "platform/qt/DesktopPrinter.h"
 #include "platform/qt/FileDialogs.h"
@@ -111,6 +112,7 @@ void ConnectDesktop() {
         .Clock = {},
     };
     TakeDesktopFont();
+    InstallAccessibility();
     WatchFocus();
 }
 

@@ -164,6 +164,16 @@ ScrollBar::ScrollBar(const QString& name, QWidget* parent) : QScrollBar(Qt::Hori
     });
 }
 
+void ScrollBar::paintEvent(QPaintEvent* event) {
+    QScrollBar::paintEvent(event);
+    if (hasFocus()) { // the style has no sign for it
+        QPainter painter(this);
+        painter.setPen(
+            QPen(palette().color(QPalette::Highlight), 2, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+        painter.drawRect(rect().adjusted(1, 1, -1, -1));
+    }
+}
+
 Label::Label(const QString& name, const QString& caption, QWidget* parent) : QLabel(caption, parent) {
     setObjectName(name);
     setAlignment(Qt::AlignLeft | Qt::AlignVCenter);

@@ -86,8 +86,8 @@ class ToggleButton : public Button {
     void paintEvent(QPaintEvent* event) override;
 };
 
-// A horizontal scroll bar in steps of 1. Change runs at once whenever the value changes, by the user (at the
-// end of a drag), by SetValue, or because a maximum is set below it.
+// A horizontal scroll bar in steps of 1, with a frame while it has the focus. Change runs at once whenever
+// the value changes, by the user (at the end of a drag), by SetValue, or because a maximum is set below it.
 class ScrollBar : public QScrollBar, public FocusEvents {
     Q_OBJECT
 
@@ -95,6 +95,9 @@ class ScrollBar : public QScrollBar, public FocusEvents {
     ScrollBar(const QString& name, QWidget* parent);
 
     std::function<void()> Change;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
 };
 
 // A check box. Its access key turns it at once.

@@ -55,15 +55,29 @@ void MSFlexGrid::Clear() {
 void MSFlexGrid::ContentChanged() {
     update();
     if (QAccessible::isActive()) {
-        // A screen reader has no cells to walk here; it reads the rows as a description.
-        QString content;
-        for (int row = 0; row < m_rows; ++row) {
-            for (int column = 0; column < m_columns; ++column) {
-                content += ToQt(TextMatrix(row, column)) + (column + 1 < m_columns ? ' ' : '\n');
-            }
-        }
-        setAccessibleDescription(content.simplified());
+        QAccessibleTableModelChangeEvent change(this, QAccessibleTableModelChangeEvent::DataChanged);
+        QAccessible::updateAccessibility(&change);
     }
+}
+
+int MSFlexGrid::RowsSeen() const {
+    int rows = 0;
+    while (rows < m_rows && CellPlace(rows, 0).top() < height()) {
+        ++rows;
+    }
+    return rows;
+}
+
+QRect MSFlexGrid::CellPlace(int row, int column) const {
+    double left = 0;
+    for (int before = 0; before < column; ++before) {
+        left += ColWidth(before);
+    }
+    return ToPixels(left, row * m_rowHeight, ColWidth(column), m_rowHeight);
+}
+
+void MSFlexGrid::SetColHeading(int column, const QString& heading) {
+    m_formats[static_cast<std::size_t>(column)].Heading = heading;
 }
 
 void MSFlexGrid::SetColWidth(int column, double width) {
@@ -88,14 +102,10 @@ void MSFlexGrid::paintEvent(QPaintEvent*) {
     QColor lines = palette().color(strong ? QPalette::Mid : QPalette::Text);
     lines.setAlphaF(strong ? 1 : 0.2F);
     const QFontMetricsF metrics(font());
-    for (int row = 0; row < m_rows; ++row) {
-        double left = 0;
+    const int rows = RowsSeen();
+    for (int row = 0; row < rows; ++row) {
         for (int column = 0; column < m_columns; ++column) {
-            const QRect cell = ToPixels(left, row * m_rowHeight, Column(column).Width, m_rowHeight);
-            left += Column(column).Width;
-            if (cell.top() >= height()) {
-                continue;
-            }
+            const QRect cell = CellPlace(row, column);
             if (cell.right() < width() - 1) {
                 painter.fillRect(cell.right(), cell.top(), 1, cell.height(), lines);
             }

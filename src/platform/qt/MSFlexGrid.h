@@ -41,6 +41,14 @@ class MSFlexGrid : public QWidget {
     int ColAlignment(int column) const { return Column(column).Alignment; }
     void SetColAlignment(int column, int alignment);
 
+    // What stands in a column, for those who can't see what heads it on the form.
+    const QString& ColHeading(int column) const { return Column(column).Heading; }
+    void SetColHeading(int column, const QString& heading);
+
+    // How many rows can be seen, and where a cell stands, in logical pixels.
+    int RowsSeen() const;
+    QRect CellPlace(int row, int column) const;
+
     // The current cell, row 0 and column 0 at first, and its text.
     int Row() const { return m_row; }
     int Col() const { return m_column; }
@@ -55,6 +63,7 @@ class MSFlexGrid : public QWidget {
     struct ColumnFormat {
         double Width = 960;
         int Alignment = 1;
+        QString Heading;
     };
 
     const ColumnFormat& Column(int column) const { return m_formats[static_cast<std::size_t>(column)]; }

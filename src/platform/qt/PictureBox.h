@@ -17,6 +17,7 @@
 #include <array>
 #include <cstddef>
 #include <functional>
+#include <string>
 
 namespace plenair {
 
@@ -40,6 +41,11 @@ class PictureBox : public QWidget, public FocusEvents {
 
     // Where the cross stands, in twips.
     void SetCross(Point place);
+
+    // What the picture shows, one thing after the other, for those who can't see it: how many, and each from
+    // 0.
+    std::function<int()> ItemCount = [] { return 0; };
+    std::function<std::string(int)> ItemText;
 
   protected:
     void paintEvent(QPaintEvent* event) override;

@@ -1,0 +1,195 @@
+#!/usr/bin/python3
+"""What a screen reader finds in the program, asked by its own tools: speech.py PROGRAM.
+
+Runs under a session bus and an X server of its own, which it starts (dbus-run-session, Xvfb); ends with 77 where one
+of these is missing."""
+import importlib.util
+import os
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+
+PATIENCE = 30  # seconds, for anything that must come
+RETURN = 0xFF0D  # as a symbol
+ALT = 64  # as a key
+
+
+def start_bus_and_server(program):
+    missing = [tool for tool in ("dbus-run-session", "Xvfb", "openbox") if shutil.which(tool) is None]
+    if missing or importlib.util.find_spec("pyatspi") is None:
+        print("missing:", *missing or ["python3-pyatspi"])
+        sys.exit(77)
+    home = tempfile.mkdtemp(prefix="plenair-speech-")
+    environment = {"HOME": home, "XDG_RUNTIME_DIR": home, "PATH": os.environ["PATH"], "LC_ALL": "C.UTF-8",
+                   "GSETTINGS_BACKEND": "memory", "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1", "QT_QPA_PLATFORM": "xcb"}
+    os.chmod(home, 0o700)
+    read_end, write_end = os.pipe()
+    server = subprocess.Popen(["Xvfb", "-displayfd", str(write_end), "-screen", "0", "1280x1024x24", "-nolisten", "tcp"],
+                              pass_fds=[write_end], stderr=subprocess.DEVNULL)
+    try:
+        environment["DISPLAY"] = ":" + os.read(read_end, 20).decode().strip()
+        manager = subprocess.Popen(["openbox"], env=environment, stderr=subprocess.DEVNULL)
+        shutil.copy(program, home + "/plenair")
+        result = subprocess.call(["dbus-run-session", "--", sys.executable, __file__, "--inside", home + "/plenair"],
+                                 env=environment)
+        manager.terminate()
+        manager.wait()
+    finally:
+        server.terminate()
+        server.wait()
+        shutil.rmtree(home, ignore_errors=True)
+    sys.exit(result)
+
+
+def until(what, find):
+    end = time.monotonic() + PATIENCE
+    while True:
+        try:
+            found = find()
+            if found:
+                return found
+        except Exception as failure:  # what was looked at may be gone
+            found = failure
+        if time.monotonic() > end:
+            raise SystemExit(f"waited in vain for {what}: {found}\n" + tree(pyatspi.Registry.getDesktop(0)))
+        time.sleep(0.02)
+
+
+def below(node):
+    for child in node:
+        if child is not None:
+            yield child
+            yield from below(child)
+
+
+def tree(node, depth=0):
+    text = f"{'  ' * depth}{node.getRoleName()}: {node.name!r}\n"
+    return text + "".join(tree(child, depth + 1) for child in node if child is not None and depth < 6)
+
+
+def window(title):
+    return until(f"window {title}", lambda: next(
+        w for app in pyatspi.Registry.getDesktop(0) if app.name.lower() == "plenair" for w in app
+        if w is not None and w.name == title and w.getState().contains(pyatspi.STATE_SHOWING)))
+
+
+def find(node, role, name=None):
+    return until(f"{role} {name}", lambda: next(
+        n for n in below(node) if n.getRoleName() == role and (name is None or n.name == name)))
+
+
+def press(node):
+    action = node.queryAction()
+    action.doAction(0)
+
+
+def expect(seen, wanted, what):
+    if seen != wanted:
+        raise SystemExit(f"{what}: {seen!r}, but should be {wanted!r}")
+
+
+def key(symbol):
+    pyatspi.Registry.generateKeyboardEvent(symbol, None, pyatspi.KEY_SYM)
+
+
+def click(node, across, down, button="b1c"):
+    place = node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+    pyatspi.Registry.generateMouseEvent(place.x + int(place.width * across), place.y + int(place.height * down), button)
+
+
+def in_use(node):
+    """The window, when it has the keyboard."""
+    until(node.name + " in use", lambda: node.getState().contains(pyatspi.STATE_ACTIVE) and any(
+        control.getState().contains(pyatspi.STATE_FOCUSED) for control in below(node)))
+    return node
+
+
+def choose(lite, menu, entry):
+    in_use(lite)
+    pyatspi.Registry.generateKeyboardEvent(ALT, None, pyatspi.KEY_PRESS)
+    key(ord(menu[0].lower()))
+    pyatspi.Registry.generateKeyboardEvent(ALT, None, pyatspi.KEY_RELEASE)
+    item = find(lite, "menu item", entry)
+    until("menu " + menu, lambda: item.getState().contains(pyatspi.STATE_SHOWING))
+    key(ord(entry[0].lower()))
+
+
+def rows(table):
+    cells = table.queryTable()
+    return [[cells.getAccessibleAt(row, column).name for column in range(cells.nColumns)]
+            for row in range(cells.nRows)]
+
+
+def check_lite():
+    lite = in_use(window("Plenair Lite"))
+    expect(lite.getRoleName(), "frame", "role of the Lite window")
+    for box, text in (("Flow Rate (L/s)", "300"), ("Height (mm)", "100")):
+        find(lite, "text", box).queryEditableText().setTextContents(text)
+    find(lite, "label", "row 2: no duct")
+    key(RETURN)
+    find(lite, "label", "row 2: very slender, above 8")
+    find(lite, "label", "row 4: slender, 5 to 8")
+    find(lite, "label", "row 5: compact, up to 4")
+    table = find(lite, "table", "Rectangular ducts")
+    expect(rows(table)[4], ["550", "150", "4.13", "0.69"], "the last row")
+    expect([table.queryTable().getColumnDescription(column) for column in range(4)],
+           ["Width in mm", "Height in mm", "Velocity in m/s", "Loss in Pa/m"], "headings")
+    expect(len(rows(find(lite, "table", "Equivalent round duct"))), 1, "rows of the round duct")
+    find(lite, "image", "Wider ducts")
+    return lite
+
+
+def check_options(lite):
+    choose(lite, "Edit", "Options")
+    options = in_use(window("Options"))
+    expect(options.getRoleName(), "dialog", "role of the options")
+    find(options, "text", "Fluid Temperature (deg C)")
+    press(find(options, "push button", "Cancel"))
+
+
+def check_solver(lite):
+    choose(lite, "File", "Project Solver")
+    solver = in_use(window("Plenair"))
+    expect(solver.getRoleName(), "frame", "role of the solver")
+    grid = find(solver, "list", "Network")
+    expect(grid.childCount, 0, "ducts of an empty project")
+    click(grid, 0.1, 0.1)
+    until("the grid's focus", lambda: grid.getState().contains(pyatspi.STATE_FOCUSED))
+    click(grid, 0.2, 0.1)
+    until("a duct", lambda: grid.childCount == 1)
+    connection = find(solver, "radio button", "Draw Duct Connection")
+    press(connection)
+    until("connections", lambda: connection.getState().contains(pyatspi.STATE_CHECKED))
+    click(grid, 0.2, 0.2)
+    until("a second duct", lambda: grid.childCount == 2)
+    expect([duct.name for duct in grid],
+           ["R1 rigid, from 4, 3 to 8, 3", "C2 connection, from 8, 3 to 8, 6"], "the ducts")
+    press(find(solver, "check box", "View/Set Duct Parameters"))
+    sheet = window("Duct Parameters")
+    expect(sheet.getRoleName(), "frame", "role of the sheet")
+    scroll_bar = find(sheet, "scroll bar", "Duct number")
+    expect(scroll_bar.queryValue().maximumValue, 2, "the scroll bar's maximum")
+    find(sheet, "text", "Equiv. Round Duct (mm)")
+    find(sheet, "check box", "Follow On")
+
+
+def inside(program):
+    pyatspi.Registry.getDesktop(0).set_cache_mask(0)  # what counts is what is there now
+    process = subprocess.Popen([program])
+    try:
+        click(find(in_use(window("Defaults Set")), "push button", "OK"), 0.5, 0.5)
+        lite = check_lite()
+        check_options(lite)
+        check_solver(lite)
+    finally:
+        process.terminate()
+        process.wait()
+
+
+if sys.argv[1] == "--inside":
+    import pyatspi
+    inside(sys.argv[2])
+else:
+    start_bus_and_server(sys.argv[1])
