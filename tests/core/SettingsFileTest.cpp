@@ -97,6 +97,28 @@ TEST_F(SettingsFile, AFirstStartMakesTheFileAndNotesTheMonth) {
     EXPECT_EQ(Reminder(), RegistryValue("112026")) << "a file that loads has nothing to do with the registry";
 }
 
+TEST_F(SettingsFile, TheRegistryServesTextAndNumbersAlone) {
+    const auto written = [](const RegistryValue& value, std::uint32_t type) {
+        RegCreateKey(HKEY_CURRENT_USER, "Key");
+        RegWriteValue(HKEY_CURRENT_USER, "Key", "value", value, type);
+        return RegReadValue(HKEY_CURRENT_USER, "Key", "value");
+    };
+    EXPECT_EQ(written("text", REG_SZ), RegistryValue("text"));
+    EXPECT_EQ(written(-7, REG_DWORD), RegistryValue(-7));
+    EXPECT_EQ(written("text", REG_DWORD), RegistryValue(-7)) << "not of that type, nothing is done";
+    EXPECT_EQ(written(8, REG_SZ), RegistryValue(-7));
+    EXPECT_EQ(written(8, 3), RegistryValue(-7));
+    RegistryKey key = 0;
+    RegistryValue untouched = 5;
+    RegOpenKeyExA(HKEY_CURRENT_USER, "Key", 0, KEY_ALL_ACCESS, key);
+    RegSetValueExA(key, "value", 3, reinterpret_cast<const unsigned char*>("bits"), 4);
+    EXPECT_EQ(RegQueryValue(key, "value", untouched), -1);
+    EXPECT_EQ(RegQueryValue(key, "missing", untouched), 0);
+    EXPECT_EQ(untouched, RegistryValue(5));
+    RegSetValueExA(key, "value", REG_DWORD, reinterpret_cast<const unsigned char*>("too long"), 8);
+    EXPECT_EQ(RegQueryValue(key, "value", untouched), ERROR_MORE_DATA);
+}
+
 TEST_F(SettingsFile, LoadsWhatStandsForNineItems) {
     const std::string contents[] = {
         OtherItems,

@@ -29,6 +29,7 @@ TEST(DesktopEntry, ApplicationsComeInTheOrderOfTheirWorth) {
         "[Added Associations]\ntext/plain=c;\n[Default Applications]\ntext/html=x\ntext/plain = a ; b;;\r\n",
         "[MIME Cache]\ntext/plain=d;a\n[Default Applications]\n#text/plain=x\ntext/plain=b\n", "no list"};
     EXPECT_EQ(ApplicationsFor("text/plain", lists), (std::vector<std::string>{"a", "b", "c", "d"}));
+    EXPECT_FALSE(CommandOn("Exec=notes\n[Other]\nExec=notes\n[Desktop Entry]\n", "/log")) << "of no group";
     EXPECT_FALSE(CommandOn("[Desktop Entry]\nExec=%f notes\n", "/log"));
     EXPECT_FALSE(CommandOn("[Desktop Entry]\nExec=notes\nHidden=true\n", "/log")) << "removed";
 }
