@@ -1,38 +1,40 @@
 #include "platform/qt/DesktopPrinter.h"
 
 #include "platform/drawing/DrawingSurface.h"
+#include "platform/drawing/RecordedSurface.h"
+#include "platform/drawing/Strokes.h"
+#include "platform/files/FileFailure.h"
 #include "platform/plane/Point.h"
 #include "platform/qt/FocusEvents.h"
+#include "platform/qt/PainterInk.h"
+#include "platform/qt/PdfFile.h"
 #include "platform/qt/QtText.h"
-#include "platform/qt/SurfacePainter.h"
 #include "platform/qt/Twips.h"
 
 #include <QAbstractPrintDialog>
-#include <QByteArray>
 #include <QDialog>
 #include <QFile>
 #include <QFileInfo>
 #include <QFont>
 #include <QFontMetricsF>
-#include <QIODevice>
-#include <QList>
+#include <QMarginsF>
 #include <QPageLayout>
 #include <QPageSize>
+#include <QPagedPaintDevice>
 #include <QPainter>
-#include <QPen>
+#include <QPdfWriter>
 #include <QPointF>
 #include <QPrintDialog>
 #include <QPrinter>
-#include <QRectF>
 #include <QSizeF>
 #include <QString>
 #include <QStringList>
 #include <QWidget>
 
-#include <algorithm>
 #include <cmath>
-#include <filesystem>
-#include <system_error>
+#include <compare>
+#include <memory>
+#include <utility>
 
 namespace plenair {
 
@@ -40,6 +42,8 @@ namespace {
 
 constexpr double kTwipsPerPoint = 20.0;
 constexpr double kLineWidthUnit = kTwipsPerPoint / 3;
+constexpr double kDash = 12 * kLineWidthUnit;
+constexpr double kGap = 8 * kLineWidthUnit;
 constexpr double kTabStop = 720;
 // Where a page of text begins, even where the printer could reach closer to the edge.
 constexpr double kTextMargin = 360;
@@ -72,18 +76,102 @@ QString NextFile(const ChosenPrinter& chosen) {
     }
 }
 
-// Whether a PDF file has its end. Its writer doesn't notice a full disk.
-bool IsComplete(const QString& name) {
-    QFile file(name);
-    constexpr qint64 kTail = 16;
-    return file.open(QIODevice::ReadOnly) && file.seek(std::max<qint64>(file.size() - kTail, 0)) &&
-           file.readAll().contains("%%EOF");
+// A document in the making, on the chosen printer or in a PDF file, and its painter, whose units are the
+// device's pixels.
+class Document {
+  public:
+    // Throws PrinterFailure.
+    explicit Document(PageOrientation orientation);
+    ~Document();
+    Document(const Document&) = delete;
+    Document& operator=(const Document&) = delete;
+
+    // Both throw PrinterFailure.
+    void TurnPage(PageOrientation orientation);
+    void HandOver();
+
+    QPainter& Page() { return m_painter; }
+    double PixelsPerTwip() const { return m_device->logicalDpiX() / kTwipsPerInch; }
+    bool HasFailed() const;
+
+  private:
+    void SetOrientation(PageOrientation orientation);
+
+    std::unique_ptr<PdfFile> m_file; // none on a real printer
+    std::unique_ptr<QPdfWriter> m_writer;
+    QPagedPaintDevice* m_device;
+    QPainter m_painter;
+};
+
+Document::Document(PageOrientation orientation) : m_device(&Chosen().Printer) {
+    QPrinter& printer = Chosen().Printer;
+    if (!Chosen().File.isEmpty()) {
+        try {
+            m_file = std::make_unique<PdfFile>(FromQt(NextFile(Chosen())));
+        } catch (const FileFailure& failure) {
+            throw PrinterFailure(failure.what());
+        }
+        m_writer = std::make_unique<QPdfWriter>(m_file.get());
+        m_writer->setResolution(printer.resolution());
+        m_writer->setPageSize(printer.pageLayout().pageSize());
+        m_writer->setPageMargins(QMarginsF());
+        m_writer->setTitle("Plenair");
+        m_writer->setCreator("Plenair");
+        m_device = m_writer.get();
+    } else {
+        printer.setFullPage(true);
+        printer.setDocName("Plenair");
+        printer.setCreator("Plenair");
+        printer.setCopyCount(1); // each copy is a document of its own
+    }
+    SetOrientation(orientation);
+    if (!m_painter.begin(m_device)) {
+        throw PrinterFailure("the printer does not answer");
+    }
+}
+
+Document::~Document() {
+    if (m_painter.isActive()) {
+        if (m_file == nullptr) {
+            Chosen().Printer.abort();
+        }
+        m_painter.end();
+    }
+}
+
+void Document::SetOrientation(PageOrientation orientation) {
+    m_device->setPageOrientation(orientation == PageOrientation::Landscape ? QPageLayout::Landscape
+                                                                           : QPageLayout::Portrait);
+}
+
+bool Document::HasFailed() const {
+    return m_file != nullptr ? m_file->HasFailed() : Chosen().Printer.printerState() == QPrinter::Error;
+}
+
+void Document::TurnPage(PageOrientation orientation) {
+    SetOrientation(orientation);
+    if (HasFailed() || !m_device->newPage()) {
+        throw PrinterFailure("no new page");
+    }
+}
+
+void Document::HandOver() {
+    if (!m_painter.end() || HasFailed()) {
+        throw PrinterFailure("the document can't be printed");
+    }
+    if (m_file != nullptr) {
+        m_writer.reset();
+        try {
+            m_file->TakeName();
+        } catch (const FileFailure& failure) {
+            throw PrinterFailure(failure.what());
+        }
+        ++Chosen().Documents;
+    }
 }
 
 class DesktopPrinter : public Printer {
   public:
-    ~DesktopPrinter() override { Abandon(); }
-
     Extent Size() const override {
         const QSizeF portrait =
             Chosen().Printer.pageLayout().pageSize().size(QPageSize::Point) * kTwipsPerPoint;
@@ -95,35 +183,15 @@ class DesktopPrinter : public Printer {
     void SetLineStyle(LineStyle style) override { m_lineStyle = style; }
 
     void Line(Point start, Point end, ColourNumber colour) override {
-        Page().setPen(PenOf(colour));
-        Page().drawLine(QPointF(start.X, start.Y), QPointF(end.X, end.Y));
+        Stroke(DrawnItem::Shape::Line, start, end, colour);
     }
 
     void Box(Point corner, Point opposite, ColourNumber colour) override {
-        Page().setPen(PenOf(colour));
-        Page().setBrush(Qt::NoBrush);
-        Page().drawRect(QRectF(QPointF(corner.X, corner.Y), QPointF(opposite.X, opposite.Y)).normalized());
+        Stroke(DrawnItem::Shape::Box, corner, opposite, colour);
     }
 
-    void SetPosition(Point place) override { m_position = QPointF(place.X, place.Y); }
-
-    void Print(const std::string& text) override {
-        QPainter& page = Page();
-        page.setPen(Qt::black);
-        page.setFont(m_font);
-        const QFontMetricsF metrics(m_font);
-        double x = m_position.x();
-        bool first = true;
-        for (const QString& piece : ToQt(text).split('\t')) {
-            if (!first) {
-                x = (std::floor(x / kTabStop) + 1) * kTabStop;
-            }
-            page.drawText(QPointF(x, m_position.y() + metrics.ascent()), piece);
-            x += metrics.horizontalAdvance(piece);
-            first = false;
-        }
-        m_position = QPointF(kTextMargin, m_position.y() + metrics.lineSpacing());
-    }
+    void SetPosition(Point place) override { m_position = place; }
+    void Print(const std::string& text) override;
 
     void SetColourMode(ColourMode mode) override {
         Chosen().Printer.setColorMode(mode == ColourMode::Colour ? QPrinter::Color : QPrinter::GrayScale);
@@ -132,119 +200,91 @@ class DesktopPrinter : public Printer {
     void SetOrientation(PageOrientation orientation) override { m_orientation = orientation; }
 
     void SetFont(const std::string& name, double points, bool bold) override {
-        // In twips, the painter's own unit; the families after the first have the same metrics.
-        m_font.setFamilies({ToQt(name), "Liberation Sans", "Nimbus Sans", "DejaVu Sans"});
-        m_font.setPixelSize(static_cast<int>(std::lround(points * kTwipsPerPoint)));
-        m_font.setBold(bold);
+        m_font = {name, points, bold};
     }
 
     void NewPage() override {
         ++m_pagesToTurn;
-        m_position = QPointF(kTextMargin, kTextMargin);
+        m_position = {kTextMargin, kTextMargin};
     }
 
     void EndDoc() override {
         m_pagesToTurn = 0;
-        if (!m_painter.isActive()) {
-            return;
-        }
-        const bool ended = m_painter.end();
-        if (!ended || Chosen().Printer.printerState() == QPrinter::Error ||
-            (!m_file.isEmpty() && !IsComplete(UnfinishedFile()))) {
-            Discard();
-            throw PrinterFailure("the document can't be printed");
-        }
-        if (!m_file.isEmpty()) {
-            std::error_code failed;
-            std::filesystem::rename(FromQt(UnfinishedFile()), FromQt(m_file), failed);
-            if (failed) {
-                Discard();
-                throw PrinterFailure("the file can't be written: " + FromQt(m_file));
-            }
-            ++Chosen().Documents;
+        if (const std::unique_ptr<Document> document = std::move(m_document)) {
+            document->HandOver();
         }
     }
 
-    void KillDoc() override { Abandon(); }
+    void KillDoc() override {
+        m_pagesToTurn = 0;
+        m_document.reset();
+    }
 
   private:
-    QPen PenOf(ColourNumber colour) const {
-        QPen pen(ToColour(colour), m_lineWidth * kLineWidthUnit,
-                 m_lineStyle == LineStyle::Solid ? Qt::SolidLine : Qt::CustomDashLine, Qt::RoundCap,
-                 Qt::MiterJoin);
-        if (m_lineStyle == LineStyle::Dashed) {
-            pen.setCapStyle(Qt::FlatCap);
-            const double unit = 1.0 / m_lineWidth;
-            pen.setDashPattern({12 * unit, 8 * unit});
-        }
-        return pen;
-    }
+    struct PrinterFont {
+        std::string Name;
+        double Points = 9;
+        bool IsBold = false;
+        auto operator<=>(const PrinterFont&) const = default;
+    };
 
-    QString UnfinishedFile() const { return m_file + ".part"; }
+    Document& OpenPage();
+    void Stroke(DrawnItem::Shape kind, Point start, Point end, ColourNumber colour);
 
-    // The page to draw on: begins the document, or turns the pages that NewPage has asked for, at the first
-    // thing drawn, so that an empty last page never comes out.
-    QPainter& Page() {
-        QPrinter& printer = Chosen().Printer;
-        if (m_painter.isActive() && m_pagesToTurn == 0) {
-            return m_painter;
-        }
-        printer.setPageOrientation(m_orientation == PageOrientation::Landscape ? QPageLayout::Landscape
-                                                                               : QPageLayout::Portrait);
-        if (!m_painter.isActive()) {
-            BeginDocument();
-        }
-        for (; m_pagesToTurn > 0; --m_pagesToTurn) {
-            if (!printer.newPage()) {
-                throw PrinterFailure("no new page");
-            }
-        }
-        return m_painter;
-    }
-
-    void BeginDocument() {
-        QPrinter& printer = Chosen().Printer;
-        printer.setFullPage(true);
-        printer.setDocName("Plenair");
-        printer.setCreator("Plenair");
-        printer.setCopyCount(1); // each copy is a document of its own
-        m_file.clear();
-        if (!Chosen().File.isEmpty()) {
-            m_file = NextFile(Chosen());
-            printer.setOutputFormat(QPrinter::PdfFormat);
-            printer.setOutputFileName(UnfinishedFile());
-        }
-        if (!m_painter.begin(&printer)) {
-            throw PrinterFailure("the printer does not answer");
-        }
-        const double scale = printer.resolution() / kTwipsPerInch;
-        m_painter.scale(scale, scale);
-    }
-
-    void Abandon() {
-        m_pagesToTurn = 0;
-        if (m_painter.isActive()) {
-            Chosen().Printer.abort();
-            m_painter.end();
-            Discard();
-        }
-    }
-
-    void Discard() {
-        if (!m_file.isEmpty()) {
-            QFile::remove(UnfinishedFile());
-        }
-    }
-
-    QPainter m_painter;
-    QString m_file; // of the present document; empty on a real printer
-    QFont m_font;
-    QPointF m_position{kTextMargin, kTextMargin};
+    std::unique_ptr<Document> m_document;
+    PrinterFont m_font;
+    Point m_position{kTextMargin, kTextMargin};
     PageOrientation m_orientation = PageOrientation::Portrait;
     int m_lineWidth = 1;
     LineStyle m_lineStyle = LineStyle::Solid;
     int m_pagesToTurn = 0;
 };
+
+// The document with the page to draw on: begins it, or turns the pages that NewPage has asked for, at the
+// first thing drawn, so that an empty last page never comes out.
+Document& DesktopPrinter::OpenPage() {
+    if (m_document == nullptr) {
+        m_document = std::make_unique<Document>(m_orientation);
+    }
+    for (; m_pagesToTurn > 0; --m_pagesToTurn) {
+        m_document->TurnPage(m_orientation);
+    }
+    return *m_document;
+}
+
+void DesktopPrinter::Stroke(DrawnItem::Shape kind, Point start, Point end, ColourNumber colour) {
+    Document& document = OpenPage();
+    const double pixels = document.PixelsPerTwip();
+    const Extent surface{std::ceil(Size().Width * pixels), std::ceil(Size().Height * pixels)};
+    PainterInk ink(document.Page(), surface);
+    PaintStroke({kind, m_lineStyle, m_lineWidth, colour, start, end, {}},
+                {pixels, pixels, kLineWidthUnit * pixels, kDash * pixels, kGap * pixels, surface}, ink);
+}
+
+void DesktopPrinter::Print(const std::string& text) {
+    Document& document = OpenPage();
+    const double pixels = document.PixelsPerTwip();
+    QFont font;
+    // The families after the first have the same metrics.
+    font.setFamilies({ToQt(m_font.Name), "Liberation Sans", "Nimbus Sans", "DejaVu Sans"});
+    font.setPixelSize(static_cast<int>(std::lround(m_font.Points * kTwipsPerPoint * pixels)));
+    font.setBold(m_font.IsBold);
+    document.Page().setPen(Qt::black);
+    document.Page().setFont(font);
+    const QFontMetricsF metrics(font);
+    double x = m_position.X * pixels;
+    const double y = m_position.Y * pixels + metrics.ascent();
+    bool isFirst = true;
+    for (const QString& piece : ToQt(text).split('\t')) {
+        if (!isFirst) {
+            x = (std::floor(x / (kTabStop * pixels)) + 1) * kTabStop * pixels;
+        }
+        document.Page().drawText(QPointF(x, y), piece);
+        x += metrics.horizontalAdvance(piece);
+        isFirst = false;
+    }
+    m_position = {kTextMargin, m_position.Y + metrics.lineSpacing() / pixels};
+}
 
 } // namespace
 
