@@ -255,9 +255,10 @@ void PlotThousandElements(benchmark::State& state) {
 }
 BENCHMARK(PlotThousandElements)->Unit(benchmark::kMillisecond)->UseRealTime();
 
-void PrintThousandDucts(benchmark::State& state) {
+// The network and the data of every duct, to a PDF file.
+void PrintAll(benchmark::State& state) {
     OpenSolver solver;
-    solver.FillGrid(kDucts);
+    solver.FillGrid(static_cast<int>(state.range(0)));
     for (auto _ : state) {
         solver.Click("cmdPrintGus");
     }
@@ -265,7 +266,7 @@ void PrintThousandDucts(benchmark::State& state) {
         state.SkipWithError("nothing printed");
     }
 }
-BENCHMARK(PrintThousandDucts)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(PrintAll)->Apply(Sizes);
 
 } // namespace
 } // namespace plenair

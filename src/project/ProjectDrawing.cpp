@@ -44,15 +44,13 @@ void DrawEndMark(DrawingSurface& surface, Point at) {
     surface.Box({at.X - kEndMark, at.Y - kEndMark}, {at.X + kEndMark, at.Y + kEndMark}, kBlackColour);
 }
 
-void DrawDucts(DrawingSurface& surface, int first) {
-    for (int number = first; number <= DuctCount; ++number) {
-        const DuctRecord& duct = Duct(number);
-        const Point start = StartOf(duct, surface.Size());
-        const Point end = EndOf(duct, surface.Size());
-        DrawEndMark(surface, start);
-        DrawEndMark(surface, end);
-        surface.Line(start, end, DrawnColour(duct.Colour));
-    }
+void DrawDuct(DrawingSurface& surface, std::int16_t duct) {
+    const DuctRecord& record = Duct(duct);
+    const Point start = StartOf(record, surface.Size());
+    const Point end = EndOf(record, surface.Size());
+    DrawEndMark(surface, start);
+    DrawEndMark(surface, end);
+    surface.Line(start, end, DrawnColour(record.Colour));
 }
 
 void PrintLabel(DrawingSurface& surface, std::int16_t duct) {
@@ -102,7 +100,9 @@ void ShowNetwork(GridPicture& picture, ColourNumber gridColour, bool labels) {
         DrawGridLines(picture.NetworkLines, gridColour);
         picture.NetworkLines.SetLineWidth(kNetworkLineWidth);
     }
-    DrawDucts(picture.NetworkLines, picture.ShownDucts + 1);
+    for (int number = picture.ShownDucts + 1; number <= DuctCount; ++number) {
+        DrawDuct(picture.NetworkLines, static_cast<std::int16_t>(number));
+    }
     if (labels) {
         PrintLabels(picture.NetworkLabels, picture.ShownDucts + 1);
     }

@@ -19,9 +19,8 @@ void DrawGridLines(DrawingSurface& surface, ColourNumber colour);
 // The mark of a duct's end: the outline of a square.
 void DrawEndMark(DrawingSurface& surface, Point at);
 
-// The two end marks of each duct from `first` to the last and the duct over them, in the order of the numbers
-// and in the line width that is set.
-void DrawDucts(DrawingSurface& surface, int first = 1);
+// The two end marks of a duct and the duct over them, in the line width that is set.
+void DrawDuct(DrawingSurface& surface, std::int16_t duct);
 
 // Letter and number at the middle of one duct, or of each from `first` to the last.
 void PrintLabel(DrawingSurface& surface, std::int16_t duct);
