@@ -44,6 +44,38 @@ double Seen(const QWidget& widget, const QColor& background) {
     return best;
 }
 
+TEST(Readable, ButtonsOnAndOffAndTheFocusOnEachAreToldApart) {
+    for (const Theme& theme : kThemes) {
+        QWidget window;
+        window.setPalette(theme.Palette());
+        ToggleButton button(ToggleButton::Kind::CheckBox, "button", &window);
+        button.SetIcon("solver/labels", "Labels");
+        button.resize(27, 27);
+        window.show();
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        std::vector<QImage> looks;
+        for (const bool focused : {false, true}) {
+            focused ? button.setFocus() : button.clearFocus();
+            for (const bool on : {false, true}) {
+                button.SetOn(on);
+                looks.push_back(button.grab().toImage());
+            }
+        }
+        for (const QImage& one : looks) {
+            for (const QImage* other = &one + 1; other <= &looks.back(); ++other) {
+                int seen = 0;
+                for (int pixel = 0; pixel < 27 * 27; ++pixel) {
+                    const QPoint at(pixel % 27, pixel / 27);
+                    seen += Contrast(one.pixelColor(at), other->pixelColor(at)) > 1.5 ? 1 : 0;
+                }
+                EXPECT_GT(seen, 80) << theme.name << ' ' << &one - &looks.front() << ' '
+                                    << other - &looks.front();
+            }
+        }
+    }
+}
+
 TEST(Readable, DisabledTextsAndLinesInEveryTheme) {
     for (const Theme& theme : kThemes) {
         SCOPED_TRACE(theme.name);

@@ -1,6 +1,8 @@
 #include "platform/qt/Controls.h"
 
+#include "platform/qt/DevicePixels.h"
 #include "platform/qt/Icons.h"
+#include "platform/qt/ReadableStyle.h"
 #include "platform/qt/Twips.h"
 
 #include <QChar>
@@ -91,7 +93,7 @@ void Button::SetIcon(const QString& icon, const QString& toolTip) {
 
 void Button::resizeEvent(QResizeEvent* event) {
     QPushButton::resizeEvent(event);
-    constexpr int kMargin = 2;
+    constexpr int kMargin = 4; // room for the frame of the focus
     setIconSize(size() - QSize(2 * kMargin, 2 * kMargin));
 }
 
@@ -140,14 +142,38 @@ bool CheckBox::event(QEvent* event) {
     return true;
 }
 
+void Button::paintEvent(QPaintEvent* event) {
+    QPushButton::paintEvent(event);
+    if (hasFocus()) {
+        constexpr int kInset = 2;
+        QPainter painter(this);
+        const QRectF inside = QRectF(rect()).adjusted(kInset, kInset, -kInset, -kInset);
+        DevicePixels(painter).DrawFrame(inside, palette().color(QPalette::ButtonText));
+    }
+}
+
+void ToggleButton::initStyleOption(QStyleOptionButton* option) const {
+    Button::initStyleOption(option);
+    if (isChecked()) {
+        constexpr float kTint = 0.35F;
+        const QColor off = palette().color(QPalette::Button);
+        const QColor tint = palette().color(QPalette::Highlight);
+        const auto mixed = [](float from, float to) { return from + (to - from) * kTint; };
+        option->palette.setColor(QPalette::Button, QColor::fromRgbF(mixed(off.redF(), tint.redF()),
+                                                                    mixed(off.greenF(), tint.greenF()),
+                                                                    mixed(off.blueF(), tint.blueF())));
+    }
+}
+
 void ToggleButton::paintEvent(QPaintEvent* event) {
     Button::paintEvent(event);
     if (isChecked()) {
-        // The shade of a pressed button alone is hard to tell from the others.
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
-        painter.drawRoundedRect(QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5), 2, 2);
+        const QColor line = palette().color(QPalette::Highlight);
+        const bool canBeSeen = Contrast(line, palette().color(QPalette::Window)) > 2;
+        painter.setPen(QPen(canBeSeen ? line : palette().color(QPalette::ButtonText), 2));
+        painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 2, 2);
     }
 }
 

@@ -14,6 +14,7 @@
 #include <QResizeEvent>
 #include <QScrollBar>
 #include <QString>
+#include <QStyleOptionButton>
 #include <QWidget>
 
 #include <functional>
@@ -65,12 +66,16 @@ class Button : public QPushButton, public FocusEvents {
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
 
+    // With a dark frame inside while it has the focus.
+    void paintEvent(QPaintEvent* event) override;
+
   private:
     QString m_icon;
 };
 
-// An option or a check box that is drawn as a button and stays down while it is on. Click runs whenever its
-// state is changed: of an option only when it goes on.
+// An option or a check box that is drawn as a button; while it is on, it stays down, and has the ground and
+// the border of something selected. Click runs whenever its state is changed: of an option only when it goes
+// on.
 class ToggleButton : public Button {
     Q_OBJECT
 
@@ -83,6 +88,7 @@ class ToggleButton : public Button {
     void SetOn(bool on) { setChecked(on); }
 
   protected:
+    void initStyleOption(QStyleOptionButton* option) const override;
     void paintEvent(QPaintEvent* event) override;
 };
 
