@@ -1,6 +1,7 @@
 #include "extras/windows/frmAbout.h"
 #include "platform/desktop/Desktop.h"
 #include "platform/files/RegistryStore.h"
+#include "platform/qt/QtText.h"
 #include "windows/WindowTest.h"
 
 #include <QApplication>
@@ -102,6 +103,12 @@ TEST_F(About, ControlsAndCallComeAfterTheShowWhichPlaysOnce) {
             const QSize needed = Get(name).sizeHint().expandedTo(Get(name).size());
             EXPECT_EQ(needed, Get(name).size()) << name << " holds its text";
         }
+
+        // It says where to turn, and the whole of it where there is no room.
+        const QString stuff = dynamic_cast<QLabel&>(Get("lblStuff")).text();
+        const QString address = Get("lblStuff").toolTip();
+        EXPECT_TRUE(address.isEmpty() ? stuff.endsWith(ToQt(m_environment.Folder().Path()))
+                                      : address == ToQt(m_environment.Folder().Path()));
 
         ClickOn(&Get("picGus"));
         ClickOn(&Get("picGus"));

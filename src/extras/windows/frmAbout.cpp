@@ -2,8 +2,11 @@
 
 #include "extras/AboutShow.h"
 #include "extras/Misc.h"
+#include "platform/files/ProgramFolder.h"
+#include "platform/qt/QtText.h"
 #include "platform/qt/Twips.h"
 
+#include <QFileInfo>
 #include <QFont>
 #include <QFontMetrics>
 #include <QMetaObject>
@@ -37,7 +40,16 @@ const QString kStuff = "\n"
                        "\n"
                        "Would you like to help, or to tell what you think of it? Get in touch:\n"
                        "\n"
-                       "the Plenair developers, at the place where you found Plenair";
+                       "the Plenair developers, %1";
+
+// Where users turn to: the address that whoever built the program gave it, else the documents beside it.
+QString Address() {
+    const QString given = PLENAIR_ADDRESS;
+    const QFileInfo manual(ToQt(DeliveredPath("manual")));
+    return !given.isEmpty()  ? given
+           : manual.exists() ? QFileInfo(manual.canonicalFilePath()).path()
+                             : ToQt(DeliveryFolder());
+}
 
 // Shows a text on a label, smaller where a font that stands in for a missing one would not fit.
 void ShowText(Label& label, const QString& text) {
@@ -110,7 +122,7 @@ void frmAbout::Form_Activate() {
     DoSomething();
     ShowText(*lblPlenair, kVersion);
     ShowText(*lblCR, kCopyright);
-    ShowText(*lblStuff, kStuff);
+    ShowStuff();
     lblPlenair->show();
     lblCR->show();
     lblStuff->show();
@@ -118,6 +130,16 @@ void frmAbout::Form_Activate() {
     Client()->repaint();
     PlayCall();
     m_showRuns = false;
+}
+
+void frmAbout::ShowStuff() {
+    // A long address loses its middle, lest it make all of the text too small to be read.
+    const QString address = Address();
+    const QFontMetrics letters = lblStuff->fontMetrics();
+    const int room = lblStuff->width() - letters.horizontalAdvance(kStuff.section('\n', -1).arg(QString()));
+    const QString shown = letters.elidedText(address, Qt::ElideMiddle, room);
+    ShowText(*lblStuff, kStuff.arg(shown));
+    lblStuff->setToolTip(shown == address ? QString() : address);
 }
 
 void frmAbout::DoSomething() {

@@ -30,6 +30,7 @@ class frmAbout : public Form {
   private:
     Label* AddLabel(const QString& name, double left, double top, double width, double height);
     void Form_Activate();
+    void ShowStuff();
     void picGus_Click();
 
     StrokeCanvas* m_canvas;
