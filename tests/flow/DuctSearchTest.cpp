@@ -38,15 +38,11 @@ Found Outcome(Search search) {
 }
 
 Found Quick(const Sought& duct) {
+    const auto& [bound, flow, height, loss, velocity, roughness] = duct;
     return Outcome([&](double& working) {
-        switch (duct.Bound) {
-        case By::Loss:
-            return SizeForLoss(duct.Flow, duct.Height, duct.Loss, duct.Roughness, working);
-        case By::Velocity:
-            return SizeForVelocity(duct.Flow, duct.Height, duct.Velocity, duct.Roughness, working);
-        default:
-            return SizeWithinCaps(duct.Flow, duct.Height, duct.Loss, duct.Velocity, duct.Roughness, working);
-        }
+        return bound == By::Loss       ? SizeForLoss(flow, height, loss, roughness, working)
+               : bound == By::Velocity ? SizeForVelocity(flow, height, velocity, roughness, working)
+                                       : SizeWithinCaps(flow, height, loss, velocity, roughness, working);
     });
 }
 
@@ -54,14 +50,9 @@ Found Quick(const Sought& duct) {
 Found Plain(const Sought& duct, std::optional<PlainSearch>& ended) {
     return Outcome([&](double& working) {
         PlainSearch& search = ended.emplace(duct.Flow, duct.Height, duct.Roughness, working);
-        switch (duct.Bound) {
-        case By::Loss:
-            return search.ForLoss(duct.Loss);
-        case By::Velocity:
-            return search.ForVelocity(duct.Velocity);
-        default:
-            return search.WithinCaps(duct.Loss, duct.Velocity);
-        }
+        return duct.Bound == By::Loss       ? search.ForLoss(duct.Loss)
+               : duct.Bound == By::Velocity ? search.ForVelocity(duct.Velocity)
+                                            : search.WithinCaps(duct.Loss, duct.Velocity);
     });
 }
 
@@ -87,12 +78,11 @@ class DuctSearch : public testing::Test {
         const Found quick = Quick(duct);
         const Found plain = Plain(duct, m_plain);
         m_failed += plain.Width == 0 ? 1 : 0;
-        EXPECT_TRUE(quick == plain) << "bound " << static_cast<int>(duct.Bound) << std::hexfloat << ", flow "
-                                    << duct.Flow << ", height " << duct.Height << ", loss " << duct.Loss
+        EXPECT_TRUE(quick == plain) << "bound " << static_cast<int>(duct.Bound) << std::hexfloat << ", "
+                                    << duct.Flow << " by " << duct.Height << ", loss " << duct.Loss
                                     << ", velocity " << duct.Velocity << ", roughness " << duct.Roughness
                                     << ", step " << Settings.RoundOff << ", " << Settings.FluidTemp
-                                    << " deg C: " << quick.Width << " at " << quick.Working << ", not "
-                                    << plain.Width << " at " << plain.Working;
+                                    << " deg C";
     }
 
     // Two flows side by side, the one with `isAbove` and the other without, out of those around the duct's.

@@ -60,14 +60,13 @@ TEST_F(Log, ClicksThatRecordAndThatDoNot) {
         {"a width of 0", "500", "300", 2, 3, 4, false},
     };
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
         ResetLog(window);
         window.inputA = row.inputA;
         window.inputB = row.inputB;
         window.focused.clear();
         window.SetCurrentCell(row.currentRow, row.currentColumn);
         RecordRow(window, row.clicked);
-        EXPECT_EQ(LogCount, row.records ? 1 : 0);
+        EXPECT_EQ(LogCount, row.records ? 1 : 0) << row.name;
         EXPECT_EQ(window.canRecordLog, row.records);
         EXPECT_EQ(window.focused, row.records ? "txtInputA" : "");
         EXPECT_EQ(window.currentRow, row.records ? row.clicked : row.currentRow);

@@ -35,6 +35,14 @@ class LiteArrays : public LiteWindow {
     // The cells of a row with blanks between; empty for an empty row.
     std::string Row(int row) const { return Joined(cells.at(At(row))); }
     std::string RoundDuct() const { return Joined(other); }
+    // All rows and the round duct, with commas between.
+    std::string Table() const {
+        std::string table;
+        for (const auto& row : cells) {
+            table += Joined(row) + ", ";
+        }
+        return table + RoundDuct();
+    }
 
     std::map<int, std::string> boxes = {{0, "0.8"}, {1, "5"}, {2, "0.8"}, {3, "500"}, {4, "5"}, {9, "5"}};
     std::array<std::array<std::string, 4>, 5> cells;

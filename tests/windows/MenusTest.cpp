@@ -1,9 +1,7 @@
 #include "platform/desktop/Desktop.h"
 #include "windows/WindowTest.h"
 
-#include "platform/files/ProgramFolder.h"
-#include "platform/files/RegistryStore.h"
-#include "platform/qt/ConnectDesktop.h"
+#include "platform/qt/MessageBoxes.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -72,13 +70,7 @@ TEST_F(Menus, AlwaysOnTopComesAndGoes) {
 }
 
 TEST_F(Menus, MessageBoxesOfTheDesktop) {
-    // The real ones in place of the script. That also connects the user's folder and store, so they go again.
-    const std::string folder = ProgramFolder();
-    ConnectDesktop();
-    SetRegistryFile("");
-    SetProgramFolder(folder);
-    Desktop().PlaySound = {};
-    Desktop().StartEditor = {};
+    Desktop().AskByMessageBox = AskByMessageBox; // the real one
     dialogsExpected = true;
     const struct {
         MessageButtons buttons;
