@@ -1,10 +1,14 @@
 #include "platform/qt/DesktopPrinter.h"
+#include "platform/qt/PrintDialog.h"
 #include "windows/SolverTest.h"
 
+#include <QPrinter>
 #include <QProcess>
 
 #include <cmath>
 #include <filesystem>
+
+#include <sys/stat.h>
 
 namespace plenair {
 namespace {
@@ -124,6 +128,29 @@ TEST_F(SolverPaper, CopiesAreFilesOfTheirOwn) {
     EXPECT_EQ(FilesIn(), before);
     Print("plant.pdf", MessageAnswer::Cancel, 1);
     EXPECT_EQ(Pages("plant.pdf"), "L") << "a closed question is a No; a file chosen again is replaced";
+}
+
+TEST_F(SolverPaper, TheDialogRefusesWhatIsNoFile) {
+    std::filesystem::create_symlink("behind.pdf", File("link.pdf"));
+    std::filesystem::create_directory(File("folder.pdf"));
+    ASSERT_EQ(::mkfifo(File("pipe.pdf").c_str(), 0600), 0);
+    QPrinter printer;
+    dialogsExpected = true;
+    for (const std::string name : {"pipe.pdf", "folder.pdf", "no/such/folder.pdf", "link.pdf"}) {
+        printer.setOutputFileName(QString::fromStdString(File(name.c_str())));
+        PrintDialog dialog(&printer, 0);
+        const bool refused = name != "link.pdf";
+        if (refused) {
+            desktop.ExpectMessage(MessageAnswer::Ok);
+        }
+        dialog.show();
+        dialog.accept();
+        EXPECT_EQ(dialog.result() == QDialog::Rejected, refused) << name;
+    }
+    dialogsExpected = false;
+    EXPECT_EQ(desktop.LastText(), File("no/such/folder.pdf") + ": No such file or directory");
+    EXPECT_EQ(printer.outputFileName().toStdString(), File("behind.pdf"));
+    EXPECT_TRUE(std::filesystem::is_symlink(File("link.pdf")));
 }
 
 // A path of a rigid duct, a connection without a length and a flexible duct: 6 m + 2 m, and 4, 2 and 2 Pa.

@@ -20,8 +20,8 @@ class ReplacementFile {
     // regular file. Files that a killed program left behind in the folder are removed.
     explicit ReplacementFile(const std::string& path);
 
-    // Where the new file is for now, for a writer that needs a name.
-    const std::filesystem::path& Place() const { return m_passing.Place; }
+    // The file that it will be: the one behind a link.
+    const std::filesystem::path& Target() const { return m_target; }
 
     // Throws FileFailure.
     void Write(std::string_view content, const FileProgress& progress = {});

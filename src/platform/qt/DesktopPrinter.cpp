@@ -5,13 +5,12 @@
 #include "platform/drawing/Strokes.h"
 #include "platform/files/FileFailure.h"
 #include "platform/plane/Point.h"
-#include "platform/qt/FocusEvents.h"
 #include "platform/qt/PainterInk.h"
 #include "platform/qt/PdfFile.h"
+#include "platform/qt/PrintDialog.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/Twips.h"
 
-#include <QAbstractPrintDialog>
 #include <QDialog>
 #include <QFile>
 #include <QFileInfo>
@@ -24,12 +23,10 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPointF>
-#include <QPrintDialog>
 #include <QPrinter>
 #include <QSizeF>
 #include <QString>
 #include <QStringList>
-#include <QWidget>
 
 #include <cmath>
 #include <compare>
@@ -301,14 +298,7 @@ bool ShowPrintDialog(CommonDialog& dialog) {
     ChosenPrinter& chosen = Chosen();
     chosen.Printer.setOutputFileName(chosen.File);
     chosen.Printer.setCopyCount(1); // what was wanted last time would easily be overlooked
-    QPrintDialog box(&chosen.Printer, WindowInUse());
-    box.setOption(QAbstractPrintDialog::PrintSelection, (dialog.Flags & kPrinterNoSelection) == 0);
-    box.setOption(QAbstractPrintDialog::PrintPageRange, (dialog.Flags & kPrinterNoPageNumbers) == 0);
-    // A dialog of Qt's own offers ranges whatever its options say.
-    auto* const ranges = box.findChild<QWidget*>("gbPrintRange");
-    if (ranges != nullptr && !box.testOption(QAbstractPrintDialog::PrintPageRange)) {
-        ranges->setEnabled(false);
-    }
+    PrintDialog box(&chosen.Printer, dialog.Flags);
     if (box.exec() != QDialog::Accepted) {
         return false;
     }
