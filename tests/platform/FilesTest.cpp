@@ -1,5 +1,6 @@
 #include "platform/files/Folders.h"
 #include "platform/files/ItemReader.h"
+#include "platform/files/RegistryStore.h"
 #include "platform/files/WholeFiles.h"
 
 #include "support/TemporaryFolder.h"
@@ -7,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <optional>
 #include <set>
 #include <vector>
 
@@ -54,7 +56,7 @@ std::vector<std::string> TextsOf(const std::string& path, Quotes quotes) {
     return texts;
 }
 
-TEST_F(TextFiles, ReadsTextItems) {
+TEST_F(TextFiles, ReadsTextsAndNumbers) {
     const struct {
         std::string content;
         std::vector<std::string> texts;
@@ -85,9 +87,6 @@ TEST_F(TextFiles, ReadsTextItems) {
         WriteFile(File("items"), Quoted(text) + "," + Quoted(text) + "\r\n");
         EXPECT_EQ(TextsOf(File("items"), Quotes::Doubled), std::vector<std::string>(2, text)) << text;
     }
-}
-
-TEST_F(TextFiles, ReadsNumberItems) {
     WriteFile(File("items"), " 1,2 \r\n3 4 , -5E+01\n\nx\r\n\"a\"\r\n6");
     ItemReader reader(File("items"));
     for (const char* text : {"1", "2", "3", "4", "-5E+01", "", "x"}) {
@@ -137,28 +136,27 @@ TEST_F(TextFiles, WhatAKilledProgramLeftBehindIsRemoved) {
         _exit(0);
     }
     waitpid(child, nullptr, 0);
-    const auto nameOf = [](pid_t process) { return ".plenair-" + std::to_string(process) + "-0.tmp"; };
+    const std::string gone = ".plenair-" + std::to_string(child);
+    const std::string ours = ".plenair-" + std::to_string(getpid()) + "-0.tmp";
+    const std::string parents = ".plenair-" + std::to_string(getppid()) + "-0.tmp";
     std::set<std::string> kept = {"kept",
-                                  nameOf(getppid()),
-                                  nameOf(1),
+                                  parents,
+                                  ".plenair-1-0.tmp",
                                   ".plenair-0-0.tmp",
+                                  gone + ".tmp",
                                   ".plenair--1-0.tmp",
-                                  ".plenair-" + std::to_string(child) + ".tmp",
-                                  "x" + nameOf(child)};
+                                  "x" + gone + "-0.tmp"};
     for (const std::string& name : kept) {
         WriteFile(File(name), "");
     }
-    fs::create_symlink(File("kept"), File(".plenair-" + std::to_string(child) + "-1.tmp"));
-    fs::create_directory(File(".plenair-" + std::to_string(child) + "-2.tmp"));
+    fs::create_symlink(File("kept"), File(gone + "-1.tmp"));
+    fs::create_directory(File(gone + "-2.tmp"));
     // Of a process whose number means nothing here, as that of a container.
-    const std::string held = ".plenair-" + std::to_string(child) + "-3.tmp";
-    const int writer = open(File(held).c_str(), O_WRONLY | O_CREAT, 0600);
+    const int writer = open(File(gone + "-3.tmp").c_str(), O_WRONLY | O_CREAT, 0600);
     ASSERT_EQ(flock(writer, LOCK_EX), 0);
-    kept.insert(held);
-    kept.insert(
-        {".plenair-" + std::to_string(child) + "-1.tmp", ".plenair-" + std::to_string(child) + "-2.tmp"});
-    WriteFile(File(nameOf(child)), "of a process that is gone");
-    WriteFile(File(nameOf(getpid())), "of one with the number of this one");
+    kept.insert({gone + "-1.tmp", gone + "-2.tmp", gone + "-3.tmp"});
+    WriteFile(File(gone + "-0.tmp"), "");
+    WriteFile(File(ours), "of one with the number of this one");
     WriteWholeFile(File("kept"), "new");
     EXPECT_EQ(Names(), kept);
     close(writer);
@@ -177,6 +175,89 @@ TEST_F(TextFiles, FindsTheFirstFileOfAnExtension) {
     EXPECT_EQ(FirstFileWithExtension(m_folder.Path(), ".cfg"), first) << "in the order of the system";
     EXPECT_EQ(FirstFileWithExtension(File("missing"), ".cfg"), std::nullopt);
     EXPECT_THROW(FirstFileWithExtension(File("a.cfg"), ".cfg"), FileFailure);
+}
+
+class RegistryStore : public testing::Test {
+  protected:
+    RegistryStore() { SetRegistryFile(StoreFile()); }
+    ~RegistryStore() override { SetRegistryFile({}); }
+
+    std::string StoreFile() const { return m_folder.File("deep/er/registry"); }
+
+    TemporaryFolder m_folder;
+    RegistryKey m_key = 7;
+};
+
+RegistryStatus Create(const std::string& subKey, RegistryKey& key, RegistryKey root = HKEY_CURRENT_USER) {
+    return RegCreateKeyExA(root, subKey, 0, REG_OPTION_NON_VOLATILE, KEY_ALL_ACCESS, key);
+}
+
+RegistryStatus Open(const std::string& subKey, RegistryKey& key, RegistryKey root = HKEY_CURRENT_USER) {
+    return RegOpenKeyExA(root, subKey, 0, KEY_ALL_ACCESS, key);
+}
+
+RegistryStatus Set(RegistryKey key, const std::string& name, const std::string& data,
+                   std::uint32_t type = REG_SZ) {
+    return RegSetValueExA(key, name, type, reinterpret_cast<const unsigned char*>(data.data()),
+                          static_cast<std::uint32_t>(data.size()));
+}
+
+std::optional<std::string> Get(RegistryKey key, const std::string& name) {
+    std::uint32_t type = 0;
+    std::uint32_t size = 0;
+    if (RegQueryValueExA(key, name, type, nullptr, size) != ERROR_SUCCESS) {
+        return std::nullopt;
+    }
+    std::string data(size, '?');
+    EXPECT_EQ(RegQueryValueExA(key, name, type, reinterpret_cast<unsigned char*>(data.data()), size),
+              ERROR_SUCCESS);
+    return data;
+}
+
+TEST_F(RegistryStore, KeysComeWithThoseAboveThem) {
+    ASSERT_EQ(Create("Software\\ZVK", m_key), ERROR_SUCCESS);
+    EXPECT_EQ(std::filesystem::status(m_folder.File("deep")).permissions(),
+              std::filesystem::perms::owner_all);
+    ASSERT_EQ(Set(m_key, "Reminder", "112026"), ERROR_SUCCESS);
+    ASSERT_EQ(Create("SOFTWARE\\zvk", m_key), ERROR_SUCCESS);
+    ASSERT_EQ(Set(m_key, "REMINDER", "122026"), ERROR_SUCCESS);
+    EXPECT_EQ(ReadFile(StoreFile()), "\"key\",\"\"\r\n\"key\",\"Software\"\r\n\"key\",\"Software\\ZVK\"\r\n"
+                                     "\"value\",\"Reminder\",1,313232303236\r\n\"end\"\r\n");
+    for (const char* there : {"", "Software", "SOFTWARE\\zvk", "\\Software\\\\ZVK\\"}) {
+        EXPECT_EQ(Open(there, m_key), ERROR_SUCCESS) << there;
+    }
+    for (const char* missing : {"ZVK", "Software\\ZVK\\More", "Soft"}) {
+        EXPECT_EQ(Open(missing, m_key), ERROR_FILE_NOT_FOUND) << missing;
+        EXPECT_EQ(m_key, 0U);
+    }
+    ASSERT_EQ(Open("Software", m_key), ERROR_SUCCESS);
+    EXPECT_EQ(Open("ZVK", m_key, m_key), ERROR_SUCCESS);
+    EXPECT_EQ(Get(m_key, "Reminder"), "122026");
+    EXPECT_EQ(Set(m_key, "Reminder", "012027"), ERROR_SUCCESS);
+    EXPECT_EQ(Get(m_key, "Reminder"), "012027");
+    EXPECT_EQ(Set(HKEY_CURRENT_USER, "of the root", "x"), ERROR_SUCCESS);
+}
+
+TEST_F(RegistryStore, ADamagedFileIsAnEmptyStoreThatCanBeWritten) {
+    ASSERT_EQ(Create("Key", m_key), ERROR_SUCCESS);
+    ASSERT_EQ(Set(m_key, "name", "data"), ERROR_SUCCESS);
+    const std::string whole = ReadFile(StoreFile());
+    const std::string start = "\"key\",\"Key\"\r\n\"value\",\"name\",";
+    std::vector<std::string> contents{std::string(5'000'000, '\0'), whole + "more", "\"else\"\r\n" + whole};
+    for (const char* value : {"1,1", "1,0x", "1,+1", "-1,00", "4294967296,00", ""}) {
+        contents.push_back(start + value + "\r\n\"end\"\r\n");
+    }
+    const std::size_t lastItem = whole.find("end") + 3;
+    for (std::size_t length = 0; length < lastItem; length += 3) {
+        contents.push_back(whole.substr(0, length));
+    }
+    for (const std::string& content : contents) {
+        SCOPED_TRACE(content.substr(0, 100));
+        WriteFile(StoreFile(), content);
+        EXPECT_EQ(Get(m_key, "name"), std::nullopt);
+        EXPECT_EQ(Set(m_key, "name", "data"), ERROR_SUCCESS);
+        EXPECT_EQ(Get(m_key, "name"), "data");
+    }
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include "platform/text/DateText.h"
 #include "platform/text/NumberText.h"
 #include "platform/text/Utf8.h"
 
@@ -156,19 +157,6 @@ TEST_F(NumberText, WritesTheShortestText) {
     EXPECT_EQ(ShortestText(0.5, Mark::Point), "0.5");
 }
 
-TEST(Utf8, MessagesQuoteTextsShortened) {
-    const std::string twelve = "twelve bytes"; // of a text of 24
-    const std::pair<std::string, std::string> rows[] = {
-        {twelve + twelve, twelve + twelve},
-        {twelve + twelve + "s", twelve + twelve + "..."},
-        {twelve + "twelve byte\u00FCs", twelve + "twelve byte..."},
-        {std::string(21, 'x') + "\U0001D11Exx", std::string(21, 'x') + "..."},
-        {std::string(100, '\x80'), std::string(21, '\x80') + "..."}}; // no text at all
-    for (const auto& [text, quoted] : rows) {
-        EXPECT_EQ(Shortened(text), quoted);
-    }
-}
-
 TEST_F(NumberText, WhatIsWrittenIsReadBack) {
     std::mt19937_64 random(7);
     std::uniform_real_distribution<double> mantissa(-10, 10);
@@ -192,6 +180,40 @@ TEST_F(NumberText, WhatIsWrittenIsReadBack) {
     for (const float value : {Narrow::max(), Narrow::lowest(), Narrow::denorm_min()}) {
         EXPECT_EQ(ShortestText(SingleFromText(ShortestText(value)).value()), ShortestText(value));
     }
+}
+
+TEST(Utf8, MessagesQuoteTextsShortened) {
+    const std::string twelve = "twelve bytes"; // of a text of 24
+    const std::pair<std::string, std::string> rows[] = {
+        {twelve + twelve, twelve + twelve},
+        {twelve + twelve + "s", twelve + twelve + "..."},
+        {twelve + "twelve byte\u00FCs", twelve + "twelve byte..."},
+        {std::string(21, 'x') + "\U0001D11Exx", std::string(21, 'x') + "..."},
+        {std::string(100, '\x80'), std::string(21, '\x80') + "..."}}; // no text at all
+    for (const auto& [text, quoted] : rows) {
+        EXPECT_EQ(Shortened(text), quoted);
+    }
+}
+
+TEST(DateText, InTheOrderOfTheLocaleAndOnTheTwelveHourClock) {
+    const std::pair<int, const char*> hours[] = {{0, "12:05 AM"},  {1, "01:05 AM"},  {11, "11:05 AM"},
+                                                 {12, "12:05 PM"}, {13, "01:05 PM"}, {23, "11:05 PM"}};
+    for (const auto& [hour, text] : hours) {
+        EXPECT_EQ(MediumTime({2026, 3, 5, hour, 5, 59, 999}), text);
+    }
+    const std::pair<DateOrder, const char*> orders[] = {{DateOrder::DayMonthYear, "05-Mär-09"},
+                                                        {DateOrder::MonthDayYear, "Mär-05-09"},
+                                                        {DateOrder::YearMonthDay, "09-Mär-05"}};
+    const LocalTime day{.Year = 2009, .Month = 3, .Day = 5};
+    EXPECT_EQ(MediumDate(day), "05-Mar-09");
+    for (const auto& [order, text] : orders) {
+        DateLocale locale;
+        locale.ShortMonths[2] = "Mär";
+        locale.Order = order;
+        SetDateLocale(locale);
+        EXPECT_EQ(MediumDate(day), text);
+    }
+    SetDateLocale({});
 }
 
 } // namespace

@@ -1,0 +1,101 @@
+#include "platform/desktop/CommonDialog.h"
+#include "platform/desktop/DesktopEntry.h"
+#include "platform/desktop/Manual.h"
+#include "platform/files/Folders.h"
+#include "platform/files/ProgramFolder.h"
+#include "support/ScriptedDesktop.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+namespace plenair {
+namespace {
+
+TEST(CommonDialogTest, AcceptedFile) {
+    const TemporaryFolder folder;
+    ScriptedDesktop desktop;
+    CommonDialog dialog;
+    dialog.DefaultExt = "gsp";
+    const std::string bare = folder.File("Lüftung");
+    desktop.ExpectFile(bare);
+    dialog.ShowSave();
+    EXPECT_EQ(dialog.FileName + " " + dialog.FileTitle, bare + ".gsp Lüftung.gsp");
+    EXPECT_EQ(InCurrentFolder("x.Gus"), folder.File("x.Gus"));
+    const std::pair<const char*, const char*> names[] = {
+        {"Level 1.5", "Level 1.5.gsp"}, {"plant.d", "plant.d"},  {"plant.7z", "plant.7z.gsp"},
+        {"plant.über", "plant.über"},   {"plant.", "plant.gsp"}, {".gsp", ".gsp.gsp"}};
+    for (const auto& [typed, saved] : names) {
+        dialog.FileName = typed;
+        EXPECT_EQ(WithDefaultExt(dialog), saved);
+    }
+    WriteFile(bare, ""); // then it is meant
+    for (const std::string& path : {bare, folder.File("missing/plant.d")}) {
+        desktop.ExpectFile(path);
+        dialog.ShowOpen();
+        EXPECT_EQ(dialog.FileName, path);
+    }
+    EXPECT_EQ(CurrentFolder(), folder.Path());
+    EnterFolder(TemporaryFolder().Path()); // which is gone
+    EXPECT_EQ(CurrentFolder() + InCurrentFolder("plant.Gus"), "plant.Gus");
+}
+
+TEST(DesktopEntry, PathIsOneArgumentOfTheApplicationThatComesFirst) {
+    const std::string path = "/logs/my $log; \"1\".pnl";
+    const std::pair<std::string, std::vector<std::string>> rows[] = {
+        {"notes", {"notes", path}},
+        {"notes  --new %U --wait", {"notes", "--new", path, "--wait"}},
+        {"notes --file=%u", {"notes", "--file=" + path}},
+        {"env A=b notes %i %c %F", {"env", "A=b", "notes", path}},
+        {"notes 100%% %f", {"notes", "100%", path}},
+        {R"("/opt/my notes/run" "" "a \\"b\\"" %f)", {"/opt/my notes/run", "", "a \"b\"", path}},
+        {R"("/opt/\\$notes\\\\" %f)", {"/opt/$notes\\", path}}};
+    for (const auto& [exec, arguments] : rows) {
+        const auto command =
+            CommandOn("[Desktop Entry]\nName=Notes\nExec=" + exec + "\r\nType=Application\n", path);
+        ASSERT_TRUE(command) << exec;
+        EXPECT_EQ(command->Arguments, arguments) << exec;
+        EXPECT_FALSE(command->InTerminal);
+    }
+    for (const char* none :
+         {"Exec=notes\n[Other]\nExec=notes\n[Desktop Entry]\n",                                // of no group
+          "[Desktop Entry]\nExec=%f notes\n", "[Desktop Entry]\nExec=notes\nHidden=true\n"}) { // removed
+        EXPECT_FALSE(CommandOn(none, "/log")) << none;
+    }
+    const std::vector<std::string> lists = {
+        "[Added Associations]\ntext/plain=c;\n[Default Applications]\ntext/html=x\ntext/plain = a ; b;;\r\n",
+        "[MIME Cache]\ntext/plain=d;a\n[Default Applications]\n#text/plain=x\ntext/plain=b\n", "no list"};
+    EXPECT_EQ(ApplicationsFor("text/plain", lists), (std::vector<std::string>{"a", "b", "c", "d"}));
+}
+
+TEST(Manual, OpensWhereItIsOrTellsWhereItIsNot) {
+    const ProgramEnvironment environment;
+    ScriptedDesktop desktop;
+    const std::string delivered = environment.Folder().File("usr/lib/plenair");
+    std::filesystem::create_directories(delivered + "/manual");
+    ChooseProgramFolder("/nowhere", environment.Folder().File("home"), "");
+    desktop.ExpectMessage(MessageAnswer::Ok);
+    ShowManual("sheet");
+    EXPECT_EQ(desktop.LastText(), "The manual is in none of the places where it should be:\n\n" +
+                                      environment.Folder().File("home/manual/manual.html") +
+                                      "\n/nowhere/manual/manual.html");
+    SetProgramFolder(delivered);
+    WriteFile(delivered + "/manual/manual.html", "");
+    std::string opened;
+    for (const bool hasBrowser : {false, true}) {
+        Desktop().OpenManual = [&](const std::string& path, const std::string& anchor) {
+            opened += path + "#" + anchor + "\n";
+            return hasBrowser;
+        };
+        if (!hasBrowser) {
+            desktop.ExpectMessage(MessageAnswer::Ok);
+        }
+        ShowManual("sheet");
+    }
+    const std::string manual = delivered + "/manual/manual.html";
+    EXPECT_EQ(desktop.LastText(), "No browser could be started to show the manual:\n\n" + manual);
+    EXPECT_EQ(opened, manual + "#sheet\n" + manual + "#sheet\n");
+}
+
+} // namespace
+} // namespace plenair
