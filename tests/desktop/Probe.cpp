@@ -9,6 +9,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QSocketNotifier>
+#include <QWindow>
 
 #include <cstdlib>
 
@@ -99,7 +100,8 @@ class Probe : public QObject, public QAbstractNativeEventFilter {
     // Whether a window is on the screen, and the window manager done with it; sets where the server has it.
     static bool IsThere(const QWidget* window, QPoint& origin) {
         auto* server = qApp->nativeInterface<QNativeInterface::QX11Application>()->connection();
-        const auto id = static_cast<xcb_window_t>(window->internalWinId());
+        const auto id =
+            static_cast<xcb_window_t>(window->windowHandle()->winId()); // the widget may know an old one
         const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(server)).data->root;
         const auto atom = xcb_intern_atom_reply(server, xcb_intern_atom(server, 0, 8, "WM_STATE"), nullptr);
         const auto state = xcb_get_property_reply(

@@ -15,6 +15,7 @@
 #include <QPalette>
 #include <QRect>
 #include <QString>
+#include <QWindow>
 
 #include <algorithm>
 #include <cmath>
@@ -72,7 +73,10 @@ std::optional<std::int16_t> SizeStepOf(double number) {
 } // namespace
 
 frmInputs::frmInputs() : Form("frmInputs", QString(), Qt::Dialog | Qt::FramelessWindowHint) {
-    setAccessibleName("Options");
+    setAccessibleName(ToQt(kTitle));
+    KeepOffTaskBar();
+    winId(); // makes the native window: there is no caption to be seen, but the desktop is told a name
+    windowHandle()->setTitle(ToQt(kTitle));
     SetClientSize(kWidth, kHeight);
     CreateControls();
     Form_Load();
@@ -132,9 +136,7 @@ void frmInputs::CreateControls() {
 }
 
 void frmInputs::Form_Load() {
-    // Nobody could drag it back from beyond the edge of a small screen.
-    MoveTo(std::clamp(ScreenWidth() - kWidth, 0.0, 4000.0),
-           std::clamp(ScreenHeight() - kHeight, 0.0, 3000.0));
+    MoveTo(4000, 3000);
     LoadSettings();
     lblConfigFile->setText(ToQt(Settings.ConfigFile));
     txtDefPath->SetText(Settings.DefPath);

@@ -76,7 +76,7 @@ frmAbout::frmAbout()
       lblPlenair(AddLabel("lblPlenair", 1470, 210, 2955, 330)),
       lblCR(AddLabel("lblCR", 1470, 945, 2955, 225)), lblStuff(AddLabel("lblStuff", 210, 1260, 4935, 3120)) {
     SetClientSize(kWidth, kHeight);
-    MoveTo((ScreenWidth() - Width()) / 2, (ScreenHeight() - Height()) / 2);
+    MoveToCentre();
     Place(m_canvas, 0, 0, kWidth, kHeight);
     Place(picGus, 210, 210, 1065, 960);
     picGus->setAccessibleName("Gus, the mascot");

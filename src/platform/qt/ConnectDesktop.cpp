@@ -16,6 +16,7 @@
 #include "platform/qt/OtherPrograms.h"
 #include "platform/qt/ProgressDialog.h"
 #include "platform/qt/QtText.h"
+#include "platform/qt/Stacking.h"
 #include "platform/qt/WaitingPointer.h"
 #include "platform/text/NumberText.h"
 
@@ -114,6 +115,7 @@ void ConnectDesktop() {
     TakeDesktopFont();
     InstallAccessibility();
     WatchFocus();
+    KeepDialogsAbove();
 }
 
 } // namespace plenair

@@ -2,11 +2,11 @@
 
 #include "platform/qt/FocusEvents.h"
 #include "platform/qt/FormFont.h"
+#include "platform/qt/Stacking.h"
 #include "platform/qt/Twips.h"
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QGuiApplication>
 #include <QMenuBar>
@@ -16,6 +16,8 @@
 #include <QTimer>
 #include <QWidgetList>
 #include <QWindow>
+
+#include <chrono>
 
 namespace plenair {
 
@@ -36,8 +38,12 @@ bool IsInput(const QEvent* event) {
     }
 }
 
-// What the desktop's frame adds to a window, once one has been seen.
-QSize s_frame(0, 0);
+// The frame that the desktop has put around a window last. The next one's will most likely be the same.
+QMargins s_lastFrame;
+
+QRect PrimaryScreen() {
+    return QGuiApplication::primaryScreen()->geometry();
+}
 
 } // namespace
 
@@ -79,80 +85,87 @@ void Form::LayOut() {
     }
     m_client->setGeometry(QRect(QPoint(0, menuHeight), m_clientSize));
     setFixedSize(m_clientSize.width(), m_clientSize.height() + menuHeight);
+    if (isVisible() && windowHandle()->geometry().topLeft() != geometry().topLeft()) {
+        // On its way to another place, which the toolkit now takes for that of the client area.
+        windowHandle()->setFramePosition(m_askedFor);
+    }
 }
 
 void Form::Place(QWidget* control, double left, double top, double width, double height) {
     control->setGeometry(ToPixels(left, top, width, height));
 }
 
-QSize Form::FrameSize() const {
-    // Before a window is on the screen its own frame is not known; the frames of all windows look alike.
-    for (const QWidget* window : QApplication::topLevelWidgets()) {
-        const QSize frame = window->frameGeometry().size() - window->size();
-        if (qobject_cast<const Form*>(window) != nullptr && !frame.isEmpty()) {
-            s_frame = frame;
-        }
+// The desktop's frame around the window; until it is known that around the last one.
+QMargins Form::Frame() const {
+    if (m_frame) {
+        return *m_frame;
     }
-    const QSize known = frameGeometry().size();
-    return known != size() ? known : size() + s_frame;
+    return windowFlags().testFlag(Qt::FramelessWindowHint) ? QMargins() : s_lastFrame;
+}
+
+// The frame's top left corner, as far as it is known.
+QPoint Form::Corner() const {
+    return m_frame ? geometry().topLeft() - QPoint(m_frame->left(), m_frame->top()) : m_askedFor;
 }
 
 void Form::FillScreen() {
-    const QSize size = QGuiApplication::primaryScreen()->size() - (FrameSize() - this->size());
-    if (size != m_clientSize) {
-        m_clientSize = size;
+    m_fillsScreen = true;
+    // A pixel less until the frame is known: window managers drop the frame of a window that comes up as
+    // large as the screen.
+    const QSize clientSize =
+        PrimaryScreen().marginsRemoved(Frame()).size() - (m_frame ? QSize(0, 0) : QSize(1, 1));
+    if (clientSize != m_clientSize) {
+        m_clientSize = clientSize;
         LayOut();
     }
-    if (frameGeometry().topLeft() != QPoint(0, 0)) {
+    if (!m_frame || Corner() != PrimaryScreen().topLeft()) {
         MoveTo(0, 0);
     }
 }
 
 double Form::Left() const {
-    return frameGeometry().left() * TwipsPerPixelX();
+    return (Corner() - PrimaryScreen().topLeft()).x() * TwipsPerPixelX();
 }
 
 double Form::Top() const {
-    return frameGeometry().top() * TwipsPerPixelY();
+    return (Corner() - PrimaryScreen().topLeft()).y() * TwipsPerPixelY();
 }
 
 double Form::Width() const {
-    return FrameSize().width() * TwipsPerPixelX();
+    return (width() + Frame().left() + Frame().right()) * TwipsPerPixelX();
 }
 
 double Form::Height() const {
-    return FrameSize().height() * TwipsPerPixelY();
+    return (height() + Frame().top() + Frame().bottom()) * TwipsPerPixelY();
 }
 
 void Form::MoveTo(double left, double top) {
-    Remember({left, top, false});
+    PutOn({PrimaryScreen().topLeft() + QPoint(ToPixelsX(left), ToPixelsY(top)), Spot::Part::TopLeft});
 }
 
 void Form::MoveRightEdgeTo(double right, double top) {
-    Remember({right, top, true});
+    PutOn({PrimaryScreen().topLeft() + QPoint(ToPixelsX(right), ToPixelsY(top)), Spot::Part::TopRight});
 }
 
-void Form::Remember(const Spot& spot) {
-    m_firstSpot = spot;
-    move(FirstPosition());
-    if (m_seen) {
-        m_firstSpot.reset();
+void Form::MoveToCentre() {
+    PutOn({PrimaryScreen().center(), Spot::Part::Centre});
+}
+
+void Form::PutOn(const Spot& spot) {
+    m_spot = spot;
+    PutInPlace();
+}
+
+void Form::PutInPlace() {
+    winId(); // makes the native window, which knows whether a place is that of the frame
+    m_askedFor = m_spot ? FrameCorner(*m_spot, size().grownBy(Frame()), PrimaryScreen()) : *m_left;
+    if (!windowHandle()->isVisible()) {
+        // Else the toolkit would, when it shows the window, make this a place of the client area.
+        setGeometry(QRect(m_askedFor, size()));
+    } else if (m_frame && Corner() == m_askedFor) {
+        return;
     }
-}
-
-QPoint Form::FirstPosition() const {
-    const int x = ToPixelsX(m_firstSpot->X);
-    return {m_firstSpot->IsRightEdge ? x - FrameSize().width() : x, ToPixelsY(m_firstSpot->Top)};
-}
-
-// The desktop tells what its frame takes some time after the window is on the screen, and may until then have
-// put the client area where the frame belongs. Anywhere else is where the user has put it.
-void Form::CorrectFirstPosition() {
-    const bool frameIsKnown = frameGeometry().size() != size();
-    if (m_firstSpot && frameIsKnown && (!m_corrected || geometry().top() == FirstPosition().y())) {
-        m_corrected = true;
-        move(FirstPosition());
-    }
+    windowHandle()->setFramePosition(m_askedFor);
 }
 
 void Form::RepaintAtMostEvery(int milliseconds) {
@@ -165,8 +178,10 @@ void Form::RepaintAtMostEvery(int milliseconds) {
 void Form::ShowModal() {
     const QPointer<QWidget> owner = WindowInUse();
     setWindowModality(Qt::ApplicationModal);
-    winId(); // makes the native window, which stays above its owner's, should that be held on top
-    windowHandle()->setTransientParent(owner != nullptr ? owner->windowHandle() : nullptr);
+    if (owner != nullptr) {
+        winId(); // makes the native window
+        windowHandle()->setTransientParent(owner->windowHandle());
+    }
     QEventLoop untilHidden;
     connect(this, &Form::Hidden, &untilHidden, &QEventLoop::quit);
     show();
@@ -178,9 +193,14 @@ void Form::ShowModal() {
 
 bool Form::WaitUntilOnScreen() {
     const QPointer<Form> self(this);
-    const QDeadlineTimer limit(30000);
-    while (self != nullptr && isVisible() && !windowHandle()->isExposed() && !limit.hasExpired()) {
-        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents, 20);
+    if (isVisible() && !windowHandle()->isExposed()) {
+        QEventLoop untilSeen;
+        for (const auto signal : {&Form::OnScreen, &Form::Hidden}) {
+            connect(this, signal, &untilSeen, &QEventLoop::quit);
+        }
+        connect(this, &QObject::destroyed, &untilSeen, &QEventLoop::quit);
+        QTimer::singleShot(std::chrono::seconds(30), &untilSeen, &QEventLoop::quit);
+        untilSeen.exec(QEventLoop::ExcludeUserInputEvents);
     }
     return self != nullptr && isVisible();
 }
@@ -192,11 +212,21 @@ bool Form::event(QEvent* event) {
     return QWidget::event(event);
 }
 
-// The native window's events. What the user did may have queued up until the window is gone from the screen;
-// then it is meant for nobody.
+// The native window's events.
 bool Form::eventFilter(QObject* watched, QEvent* event) {
-    return (watched == windowHandle() && !isVisible() && IsInput(event)) ||
-           QWidget::eventFilter(watched, event);
+    if (watched != windowHandle()) {
+        return QWidget::eventFilter(watched, event);
+    }
+    // What the user did may have queued up until the window is gone; then it is meant for nobody.
+    if (!isVisible()) {
+        return IsInput(event);
+    }
+    if (event->type() == QEvent::Expose && windowHandle()->isExposed() && !m_frame) {
+        // The desktop makes its frame before it lets the window be seen.
+        FrameIsKnown(windowHandle()->frameMargins());
+        emit OnScreen();
+    }
+    return false;
 }
 
 void Form::closeEvent(QCloseEvent* event) {
@@ -207,30 +237,63 @@ void Form::closeEvent(QCloseEvent* event) {
     }
 }
 
-void Form::hideEvent(QHideEvent* event) {
-    QWidget::hideEvent(event);
-    if (!event->spontaneous()) {
-        m_focusWhenHidden = focusWidget();
-        emit Hidden();
+void Form::moveEvent(QMoveEvent* event) {
+    QWidget::moveEvent(event);
+    SeePlace();
+}
+
+void Form::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    SeePlace();
+}
+
+void Form::SeePlace() {
+    if (!isVisible() || !m_frame) {
+        return;
+    }
+    const QMargins frame = windowHandle()->frameMargins();
+    if (frame != *m_frame) {
+        FrameIsKnown(frame);
+    } else if (Corner() != m_askedFor) {
+        m_spot.reset(); // the user has put it there, or the desktop knows better
     }
 }
 
 void Form::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
+    if (event->spontaneous()) {
+        return;
+    }
+    m_frame.reset();
+    if (m_spot || m_left) {
+        PutInPlace();
+    }
+    if (m_isOffTaskBar) {
+        plenair::KeepOffTaskBar(*windowHandle());
+    }
     // The desktop may have woken the window once more while it was being hidden, and the toolkit then takes
     // another control.
-    if (!event->spontaneous() && m_focusWhenHidden != nullptr) {
+    if (m_focusWhenHidden != nullptr) {
         m_focusWhenHidden->setFocus(Qt::ActiveWindowFocusReason);
     }
 }
 
-void Form::paintEvent(QPaintEvent* event) {
-    QWidget::paintEvent(event);
-    if (!m_seen) {
-        m_seen = true;
-        for (const int wait : {0, 50, 200, 500}) {
-            QTimer::singleShot(wait, this, &Form::CorrectFirstPosition);
-        }
+void Form::hideEvent(QHideEvent* event) {
+    QWidget::hideEvent(event);
+    if (!event->spontaneous()) {
+        m_focusWhenHidden = focusWidget();
+        m_left = Corner();
+        emit Hidden();
+    }
+}
+
+void Form::FrameIsKnown(const QMargins& frame) {
+    m_frame = frame;
+    s_lastFrame = frame.isNull() ? s_lastFrame : frame;
+    if (m_fillsScreen) {
+        FillScreen();
+    } else if (m_spot && m_spot->Of != Spot::Part::TopLeft) {
+        PutInPlace();
     }
 }
 

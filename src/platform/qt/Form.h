@@ -1,16 +1,21 @@
 #pragma once
 
+#include "platform/qt/Spot.h"
+
 #include <QCloseEvent>
 #include <QElapsedTimer>
 #include <QEvent>
 #include <QHideEvent>
 #include <QKeySequence>
 #include <QList>
+#include <QMargins>
+#include <QMoveEvent>
 #include <QObject>
-#include <QPaintEvent>
 #include <QPoint>
 #include <QPointer>
+#include <QResizeEvent>
 #include <QShortcut>
+#include <QShowEvent>
 #include <QSize>
 #include <QString>
 #include <QWidget>
@@ -44,19 +49,29 @@ class Form : public QWidget {
     // Puts a control of the client area in its place, in twips.
     static void Place(QWidget* control, double left, double top, double width, double height);
 
-    // The frame's position, in twips from the screen's top left corner, and its size.
+    // The frame's position, in twips from the primary screen's top left corner, and its size.
     double Left() const;
     double Top() const;
     double Width() const;
     double Height() const;
 
-    // Puts the frame's top left corner, or its right edge, at a place in twips. Done again when the window is
-    // first on the screen, since only then the desktop has put its frame around it.
+    // Puts the frame's top left corner, its top right one or its centre at a place in twips from the primary
+    // screen's top left corner, but not beyond that screen. What depends on the frame is put right when the
+    // desktop has made it. From then on the window stays where the user leaves it, also when it is hidden and
+    // shown again. A desktop that places windows itself takes no notice.
     void MoveTo(double left, double top);
     void MoveRightEdgeTo(double right, double top);
+    void MoveToCentre();
+    void PutOn(const Spot& spot);
 
-    // Puts the frame over the whole screen, and gives the client area what the frame leaves.
+    // The frame's top left corner on the desktop, in logical pixels.
+    QPoint Corner() const;
+
+    // Puts the frame over the whole primary screen, and gives the client area what the frame leaves.
     void FillScreen();
+
+    // Keeps the window out of task bars. Call before it is first shown.
+    void KeepOffTaskBar() { m_isOffTaskBar = true; }
 
     // Any of these keys, held down again and again, runs `action` while the window is the active one,
     // whatever has the focus in it. What a text box would do by such a key is not done.
@@ -86,36 +101,39 @@ class Form : public QWidget {
     // The program takes the window off the screen.
     void Hidden();
 
+    // The window can be seen, after it was shown.
+    void OnScreen();
+
   protected:
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
-    void hideEvent(QHideEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
   private:
-    struct Spot {
-        double X;
-        double Top;
-        bool IsRightEdge;
-    };
-
     void LayOut();
-    void Remember(const Spot& spot);
-    QPoint FirstPosition() const;
-    void CorrectFirstPosition();
-    QSize FrameSize() const;
+    QMargins Frame() const;
+    void PutInPlace();
+    void FrameIsKnown(const QMargins& frame);
+    void SeePlace();
 
     QWidget* m_client;
     QList<QKeySequence> m_keys;
     QMenuBar* m_menuBar = nullptr;
     QPointer<QWidget> m_focusWhenHidden;
     QSize m_clientSize;
-    std::optional<Spot> m_firstSpot; // asked for before the window was on the screen
-    bool m_seen = false;
-    bool m_corrected = false;
     QElapsedTimer m_sincePainted; // by RepaintAtMostEvery
+    bool m_fillsScreen = false;
+    bool m_isOffTaskBar = false;
+
+    // Where the window belongs; nothing once the user, or the desktop, has put it elsewhere.
+    std::optional<Spot> m_spot;
+    std::optional<QPoint> m_left;    // else the corner of the frame when it was last hidden
+    QPoint m_askedFor;               // the corner of the frame last asked for
+    std::optional<QMargins> m_frame; // the desktop's, for which it was; nothing until the window is seen
 };
 
 } // namespace plenair

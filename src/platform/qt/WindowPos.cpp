@@ -7,6 +7,8 @@
 #include <QRect>
 #include <QWindow>
 
+#include <QGuiApplication>
+
 #include <algorithm>
 #include <cmath>
 
@@ -23,13 +25,17 @@ void SetWindowPos(Form& form, int insertAfter, std::int16_t x, std::int16_t y, s
     const bool topmost = insertAfter == HWND_TOPMOST;
     form.overrideWindowFlags(form.windowFlags().setFlag(Qt::WindowStaysOnTopHint, topmost));
     form.windowHandle()->setFlag(Qt::WindowStaysOnTopHint, topmost);
-    if (form.frameGeometry().topLeft() != QPoint(x, y)) {
+    if (ToPixelsX(form.Left()) != x || ToPixelsY(form.Top()) != y) {
         form.MoveTo(x * TwipsPerPixelX(), y * TwipsPerPixelY());
     }
     if ((flags & SWP_SHOWWINDOW) != 0 && !form.isVisible()) {
         form.setAttribute(Qt::WA_ShowWithoutActivating, (flags & SWP_NOACTIVATE) != 0);
         form.show();
     }
+}
+
+bool CanStayOnTop() {
+    return !QGuiApplication::platformName().startsWith("wayland");
 }
 
 } // namespace plenair

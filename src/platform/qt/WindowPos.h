@@ -21,4 +21,7 @@ std::int16_t WholePixels(double twips, double twipsPerPixel);
 void SetWindowPos(Form& form, int insertAfter, std::int16_t x, std::int16_t y, std::int16_t cx,
                   std::int16_t cy, unsigned flags);
 
+// Whether this desktop lets a program hold a window above those of other programs.
+bool CanStayOnTop();
+
 } // namespace plenair

@@ -26,19 +26,20 @@ void ShowProjectSolver(const ProjectSolverLinks& links) {
     StartProject();
     StartHistory();
     s_sheet = new frmMajorParam;
-    s_solver = new frmMajorCalc(*s_sheet);
-    s_solver->ShowOptions = links.ShowOptions;
-    s_solver->CloseSolver = [closed = links.Closed] {
-        s_solver->hide();
+    auto* solver = new frmMajorCalc(*s_sheet);
+    s_solver = solver;
+    solver->ShowOptions = links.ShowOptions;
+    solver->CloseSolver = [solver, closed = links.Closed] {
+        solver->hide();
         closed();
         EndKeeping();
         UnloadProjectSolver();
     };
-    QObject::connect(s_sheet, &Form::CloseRequested, s_solver, [] { s_solver->UntickSheet(); });
-    s_solver->Form_Load([] { s_sheet->Form_Load(*s_solver, s_solver->GridWidth(), s_solver->GridTop()); });
-    s_solver->show();
+    QObject::connect(s_sheet, &Form::CloseRequested, solver, [solver] { solver->UntickSheet(); });
+    solver->Form_Load([solver] { s_sheet->Form_Load(*solver, solver->Grid()); });
+    solver->show();
     StartKeeping();
-    OfferRecovery({*s_solver, *s_sheet});
+    OfferRecovery({*solver, *s_sheet});
 }
 
 void UnloadProjectSolver() {

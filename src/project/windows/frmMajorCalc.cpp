@@ -121,10 +121,6 @@ void frmMajorCalc::Form_Load(const std::function<void()>& loadSheet) {
     optDuct[0]->SetOn(true);
 }
 
-double frmMajorCalc::GridTop() const {
-    return kGridTop;
-}
-
 void frmMajorCalc::LayOut() {
     FillScreen();
     Place(cmdClose, ScreenWidth() - kCloseWidth - 100, kButtonTop, kCloseWidth, kButtonHeight);

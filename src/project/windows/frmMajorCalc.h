@@ -29,8 +29,7 @@ class frmMajorCalc : public Form, public SolverWindow {
     // `loadSheet` loads the other window, once this one has its size.
     void Form_Load(const std::function<void()>& loadSheet);
 
-    double GridWidth() const { return m_picture.Size().Width; }
-    double GridTop() const;
+    const QWidget& Grid() const { return *picGrid; }
 
     // Takes the sheet off the screen, as a click on its button does.
     void UntickSheet() { chkParam->SetOn(false); }

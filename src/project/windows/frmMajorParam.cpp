@@ -15,12 +15,17 @@
 #include <QColor>
 #include <QFont>
 #include <QPalette>
+#include <QPoint>
+#include <QRect>
+#include <QScreen>
 #include <QString>
 #include <QWidget>
+#include <QWindow>
 
 #include <algorithm>
 #include <cctype>
 #include <functional>
+#include <utility>
 
 namespace plenair {
 
@@ -29,10 +34,21 @@ namespace {
 constexpr double kWidth = 2880;
 constexpr double kHeight = 3165;
 constexpr int kFrame = 17; // ms, of a usual screen
+constexpr double kGridTop = 500;
+constexpr double kBelowGrid = 400; // from the top of the grid, with room for a title bar above that
 
 // Blue, as far as it can be read on that background.
 QColor BlueOn(const QColor& background) {
     return background.lightness() < 128 ? QColor(140, 170, 255) : QColor(0, 0, 255);
+}
+
+// At the top right corner of the grid, as far as it can be seen. The room above is for a title bar of the
+// solver; where that is higher, the grid is the measure.
+Spot OnGrid(QPoint solver, const QRect& grid, const QRect& visible) {
+    const int top = solver.y() + ToPixelsY(kGridTop + kBelowGrid);
+    return {{std::min(solver.x() + grid.width(), visible.right() + 1),
+             std::max({top, grid.top(), visible.top()})},
+            Spot::Part::TopRight};
 }
 
 void SetColour(QWidget* widget, QPalette::ColorRole role, const QColor& colour) {
@@ -48,6 +64,7 @@ frmMajorParam::frmMajorParam()
            Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowStaysOnTopHint) {
     CreateControls();
     SetClientSize(kWidth, kHeight);
+    KeepOffTaskBar();
 }
 
 void frmMajorParam::CreateControls() {
@@ -95,7 +112,7 @@ void frmMajorParam::CreateControls() {
     Place(scrDuctNo, 1155, 0, 1695, 330);
 }
 
-void frmMajorParam::Form_Load(SolverWindow& solver, double gridWidth, double gridTop) {
+void frmMajorParam::Form_Load(SolverWindow& solver, const QWidget& grid) {
     m_windows = std::make_unique<ProjectWindows>(ProjectWindows{solver, *this});
     AddSolverKeys(*this, *m_windows, "sheet");
     GotFocus = [this] { Form_GotFocus(); };
@@ -108,14 +125,29 @@ void frmMajorParam::Form_Load(SolverWindow& solver, double gridWidth, double gri
         text->KeyDown = [this, box](int keyCode) { txtParam_KeyDown(box, keyCode); };
         text->KeyPress = [this, box](int character) { txtParam_KeyPress(box, character); };
     }
+    m_grid = &grid;
+    const double left = grid.width() * TwipsPerPixelX() - Width();
+    const double top = kGridTop + kBelowGrid;
     // Placed, but not yet to be seen: the solver shows the sheet on demand.
-    SetWindowPos(*this, HWND_TOPMOST, WholePixels(gridWidth - Width(), TwipsPerPixelX()),
-                 WholePixels(gridTop + 400, TwipsPerPixelY()), WholePixels(Width(), TwipsPerPixelX()),
-                 WholePixels(Height(), TwipsPerPixelY()), SWP_NOACTIVATE);
+    SetWindowPos(*this, HWND_TOPMOST, WholePixels(left, TwipsPerPixelX()), WholePixels(top, TwipsPerPixelY()),
+                 WholePixels(Width(), TwipsPerPixelX()), WholePixels(Height(), TwipsPerPixelY()),
+                 SWP_NOACTIVATE);
+    windowHandle()->setTransientParent(grid.window()->windowHandle());
     ShowDuctSheet(*m_windows, SheetDuct(*m_windows));
 }
 
+void frmMajorParam::PlaceOnGrid() {
+    // Where the grid really is, and how much of it can be seen, shows only when the solver is on the screen:
+    // panels cover or push it, and its title bar may be higher than the room left for it.
+    const auto* solver = qobject_cast<const Form*>(m_grid->window());
+    const QRect grid(solver->geometry().topLeft() + m_grid->mapTo(solver, QPoint()), m_grid->size());
+    PutOn(OnGrid(solver->Corner(), grid, solver->screen()->availableGeometry()));
+}
+
 void frmMajorParam::Show() {
+    if (!std::exchange(m_wasShown, true)) {
+        PlaceOnGrid();
+    }
     show();
     activateWindow();
 }

@@ -24,7 +24,7 @@ class frmMajorParam : public Form, public SheetWindow {
 
     // Ties the sheet to its solver, places it in the top right corner of the grid, and shows the present
     // duct.
-    void Form_Load(SolverWindow& solver, double gridWidth, double gridTop);
+    void Form_Load(SolverWindow& solver, const QWidget& grid);
 
     bool IsVisible() const override { return isVisible(); }
     void Show() override;
@@ -46,6 +46,7 @@ class frmMajorParam : public Form, public SheetWindow {
 
   private:
     void CreateControls();
+    void PlaceOnGrid();
     void Form_GotFocus();
     void scrDuctNo_Change();
     void txtParam_GotFocus(SheetBox index);
@@ -57,6 +58,8 @@ class frmMajorParam : public Form, public SheetWindow {
     TextBox* TxtParam(SheetBox box) const { return txtParam[PositionOf(box)]; }
 
     std::unique_ptr<ProjectWindows> m_windows;
+    const QWidget* m_grid = nullptr;
+    bool m_wasShown = false;
     Label* lblDuct = nullptr;
     Label* lblDuctNo = nullptr;
     ScrollBar* scrDuctNo = nullptr;

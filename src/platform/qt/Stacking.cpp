@@ -1,0 +1,90 @@
+#include "platform/qt/Stacking.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QHash>
+#include <QPointer>
+#include <QWidget>
+#include <QWindow>
+
+#ifdef PLENAIR_XCB
+#include <QtGui/qguiapplication_platform.h>
+
+#include <cstdlib>
+#include <cstring>
+
+#include <xcb/xcb.h>
+#endif
+
+namespace plenair {
+
+namespace {
+
+// The small window that stands on `window`, or that window itself.
+QWindow* HighestOn(QWindow* window) {
+    for (QWindow* other : QGuiApplication::topLevelWindows()) {
+        if (other->type() == Qt::Tool && other->isVisible() && other->transientParent() == window) {
+            return other;
+        }
+    }
+    return window;
+}
+
+class DialogWatcher : public QObject {
+  public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        auto* dialog = qobject_cast<QWidget*>(watched);
+        if (dialog == nullptr || !dialog->isModal() || !dialog->isWindow()) {
+            return false;
+        }
+        QWindow* const window = dialog->windowHandle();
+        if (event->type() == QEvent::Show) {
+            m_owners[dialog] = window->transientParent();
+            window->setTransientParent(HighestOn(window->transientParent()));
+        } else if (event->type() == QEvent::Hide) {
+            // The window manager has the keyboard go to the highest one.
+            if (const QPointer<QWindow> owner = m_owners.take(dialog);
+                owner != nullptr && owner->isVisible()) {
+                owner->requestActivate();
+            }
+        }
+        return false;
+    }
+
+  private:
+    QHash<QWidget*, QPointer<QWindow>> m_owners; // of the dialogs that are shown
+};
+
+#ifdef PLENAIR_XCB
+xcb_atom_t AtomOf(xcb_connection_t* connection, const char* name) {
+    const auto length = static_cast<std::uint16_t>(std::strlen(name));
+    auto* reply = xcb_intern_atom_reply(connection, xcb_intern_atom(connection, 0, length, name), nullptr);
+    const xcb_atom_t atom = reply != nullptr ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+    std::free(reply);
+    return atom;
+}
+#endif
+
+} // namespace
+
+void KeepDialogsAbove() {
+    qApp->installEventFilter(new DialogWatcher(qApp));
+}
+
+void KeepOffTaskBar(QWindow& window) {
+#ifdef PLENAIR_XCB
+    auto* x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (xcb_connection_t* const connection = x11 != nullptr ? x11->connection() : nullptr) {
+        // The toolkit keeps what stands in the property when it adds its own.
+        const xcb_atom_t skip = AtomOf(connection, "_NET_WM_STATE_SKIP_TASKBAR");
+        xcb_change_property(connection, XCB_PROP_MODE_APPEND, static_cast<xcb_window_t>(window.winId()),
+                            AtomOf(connection, "_NET_WM_STATE"), XCB_ATOM_ATOM, 32, 1, &skip);
+    }
+#else
+    static_cast<void>(window);
+#endif
+}
+
+} // namespace plenair

@@ -1,0 +1,349 @@
+#include "desktop/DesktopTest.h"
+
+#include <X11/Xatom.h>
+#include <X11/Xlib.h>
+#include <X11/Xutil.h>
+
+#include <algorithm>
+#include <ostream>
+#include <sstream>
+
+namespace plenair {
+namespace {
+
+struct Place {
+    int Left = 0;
+    int Top = 0;
+    int Width = 0;
+    int Height = 0;
+    int Right() const { return Left + Width; }
+    int Bottom() const { return Top + Height; }
+    bool operator==(const Place&) const = default;
+};
+
+std::ostream& operator<<(std::ostream& stream, const Place& place) {
+    return stream << place.Left << ',' << place.Top << ' ' << place.Width << 'x' << place.Height;
+}
+
+std::vector<long> Numbers(Window window, const char* property) {
+    Display* const display = TheScreen().Connection();
+    Atom type = 0;
+    int format = 0;
+    unsigned long count = 0;
+    unsigned long rest = 0;
+    unsigned char* data = nullptr;
+    XGetWindowProperty(display, window, XInternAtom(display, property, False), 0, 1024, False,
+                       AnyPropertyType, &type, &format, &count, &rest, &data);
+    std::vector<long> numbers;
+    if (data != nullptr) {
+        const auto* first = reinterpret_cast<const long*>(data);
+        numbers.assign(first, first + count);
+        XFree(data);
+    }
+    return numbers;
+}
+
+// The windows that a window manager knows, from the lowest up.
+std::vector<Window> Stack() {
+    std::vector<Window> stack;
+    const Window root = DefaultRootWindow(TheScreen().Connection());
+    std::vector<long> numbers = Numbers(root, "_NET_CLIENT_LIST_STACKING");
+    if (numbers.empty()) {
+        numbers = Numbers(root, "_NET_CLIENT_LIST"); // all that xfwm4 tells of one window
+    }
+    for (const long window : numbers) {
+        stack.push_back(static_cast<Window>(window));
+    }
+    return stack;
+}
+
+// What stands on the screen with that title; 0 if nothing does.
+Window Find(const std::string& title) {
+    for (const Window window : Stack()) {
+        char* name = nullptr;
+        const bool found = XFetchName(TheScreen().Connection(), window, &name) != 0 && title == name;
+        XFree(name);
+        if (found) {
+            return window;
+        }
+    }
+    return 0;
+}
+
+// The client area of a window; nothing if it isn't on the screen.
+Place Client(Window window) {
+    Display* const display = TheScreen().Connection();
+    XWindowAttributes look = {};
+    if (window == 0 || XGetWindowAttributes(display, window, &look) == 0 || look.map_state != IsViewable) {
+        return {};
+    }
+    Place place{0, 0, look.width, look.height};
+    Window child = 0;
+    XTranslateCoordinates(display, window, DefaultRootWindow(display), 0, 0, &place.Left, &place.Top, &child);
+    return place;
+}
+
+// The same with the frame around it.
+Place Frame(const std::string& title) {
+    const Window window = Find(title);
+    Place place = Client(window);
+    const std::vector<long> frame = Numbers(window, "_NET_FRAME_EXTENTS"); // left, right, top, bottom
+    if (place != Place() && frame.size() == 4) {
+        place = {place.Left - static_cast<int>(frame[0]), place.Top - static_cast<int>(frame[2]),
+                 place.Width + static_cast<int>(frame[0] + frame[1]),
+                 place.Height + static_cast<int>(frame[2] + frame[3])};
+    }
+    return place;
+}
+
+// What the window manager knows of the keyboard. The server, and the toolkit, know it earlier; a click in
+// between may be lost.
+bool HasKeyboard(Window window) {
+    const std::vector<long> active =
+        Numbers(DefaultRootWindow(TheScreen().Connection()), "_NET_ACTIVE_WINDOW");
+    return window != 0 && !active.empty() && static_cast<Window>(active[0]) == window;
+}
+
+// How high in the stack a window is; -1 if it isn't there.
+int Level(Window window) {
+    const std::vector<Window> stack = Stack();
+    const auto place = std::find(stack.begin(), stack.end(), window);
+    return place == stack.end() ? -1 : static_cast<int>(place - stack.begin());
+}
+
+bool HasState(Window window, const char* state) {
+    const std::vector<long> states = Numbers(window, "_NET_WM_STATE");
+    const Atom atom = XInternAtom(TheScreen().Connection(), state, False);
+    return std::count(states.begin(), states.end(), static_cast<long>(atom)) > 0;
+}
+
+// Asks the window manager for something.
+void Tell(Window window, const char* message, const std::vector<long>& values) {
+    Display* const display = TheScreen().Connection();
+    XEvent event = {};
+    event.xclient.type = ClientMessage;
+    event.xclient.window = window;
+    event.xclient.message_type = XInternAtom(display, message, False);
+    event.xclient.format = 32;
+    std::copy(values.begin(), values.end(), event.xclient.data.l);
+    XSendEvent(display, DefaultRootWindow(display), False, SubstructureRedirectMask | SubstructureNotifyMask,
+               &event);
+    XSync(display, False);
+}
+
+enum class Edge { Left, Right, Top, Bottom };
+
+// A bar along an edge of the screen that keeps windows away, as a desktop's panel does.
+class Panel {
+  public:
+    Panel(Edge edge, int thickness) : m_display(TheScreen().Connection()) {
+        const int width = DisplayWidth(m_display, 0);
+        const int height = DisplayHeight(m_display, 0);
+        const bool lies = edge == Edge::Top || edge == Edge::Bottom;
+        m_window = XCreateSimpleWindow(
+            m_display, DefaultRootWindow(m_display), edge == Edge::Right ? width - thickness : 0,
+            edge == Edge::Bottom ? height - thickness : 0, static_cast<unsigned>(lies ? width : thickness),
+            static_cast<unsigned>(lies ? thickness : height), 0, 0, 0x808080);
+        Set("_NET_WM_WINDOW_TYPE", XA_ATOM,
+            {static_cast<long>(XInternAtom(m_display, "_NET_WM_WINDOW_TYPE_DOCK", False))});
+        XSizeHints hints = {};
+        hints.flags = USPosition;
+        XSetWMNormalHints(m_display, m_window, &hints); // where it was made
+        std::vector<long> strut(12);
+        const auto side = static_cast<std::size_t>(edge);
+        strut[side] = thickness;
+        strut[4 + 2 * side + 1] = (lies ? width : height) - 1;
+        Set("_NET_WM_STRUT_PARTIAL", XA_CARDINAL, strut);
+        XMapWindow(m_display, m_window);
+        Until([this] {
+            return WorkArea() !=
+                   std::vector<long>{0, 0, DisplayWidth(m_display, 0), DisplayHeight(m_display, 0)};
+        });
+    }
+    ~Panel() {
+        XDestroyWindow(m_display, m_window);
+        XSync(m_display, False);
+    }
+    Panel(const Panel&) = delete;
+    Panel& operator=(const Panel&) = delete;
+
+  private:
+    std::vector<long> WorkArea() const {
+        std::vector<long> area = Numbers(DefaultRootWindow(m_display), "_NET_WORKAREA");
+        area.resize(4);
+        return area;
+    }
+    void Set(const char* property, Atom type, const std::vector<long>& values) const {
+        XChangeProperty(m_display, m_window, XInternAtom(m_display, property, False), type, 32,
+                        PropModeReplace, reinterpret_cast<const unsigned char*>(values.data()),
+                        static_cast<int>(values.size()));
+    }
+
+    Display* m_display;
+    Window m_window = 0;
+};
+
+// Where windows stand, as the X server sees it.
+class Places : public DesktopTest {
+  protected:
+    void Start() {
+        DesktopTest::Start();
+        AwaitThat("Lite has the keyboard", [] { return HasKeyboard(Find("Plenair Lite")); });
+    }
+    void OpenSolver() {
+        Choose("mnuFile", "mnuFileMajor");
+        Await("active", "frmMajorCalc");
+        AwaitThat("the solver has the keyboard", [] { return HasKeyboard(Find("Plenair")); });
+    }
+    void ShowSheet() {
+        Click("chkParam");
+        AwaitThat("the sheet has the keyboard", [] { return HasKeyboard(Find("Duct Parameters")); });
+    }
+    // By a click that does nothing.
+    void ReturnToSolver() {
+        ClickAt("picGrid", 200, 300, 3);
+        AwaitThat("the solver has the keyboard", [] { return HasKeyboard(Find("Plenair")); });
+    }
+    void HideSheet() {
+        ReturnToSolver();
+        Click("chkParam");
+        AwaitPlace("Duct Parameters", {});
+    }
+
+    Place Control(const std::string& name) {
+        Place place;
+        std::istringstream(Ask("place " + name)) >> place.Left >> place.Top >> place.Width >> place.Height;
+        return place;
+    }
+
+    // Moves a window, in which `control` is, as a user does by the window manager's keys; gives the place of
+    // its frame then.
+    Place Move(const std::string& title, const std::string& control, int right, int down) {
+        const Place before = Control(control);
+        constexpr long kNorthWest = 1 | 3 << 8; // that is the frame's corner; left and top are given
+        Place place = Frame(title);
+        place.Left += right;
+        place.Top += down;
+        Tell(Find(title), "_NET_MOVERESIZE_WINDOW", {kNorthWest, place.Left, place.Top});
+        AwaitPlace(title, place);
+        AwaitThat("the program knows it", [&] { return Control(control).Left == before.Left + right; });
+        return place;
+    }
+
+    // The window that asks something while sheet and solver are there; 0 if there is none yet.
+    static Window Question() {
+        for (const Window window : Stack()) {
+            if (window != Find("Plenair") && window != Find("Duct Parameters") && HasKeyboard(window)) {
+                return window;
+            }
+        }
+        return 0;
+    }
+
+    void AwaitPlace(const std::string& title, const Place& place) {
+        std::ostringstream what;
+        what << title << " stands at " << place;
+        AwaitThat(what.str(), [&] { return Frame(title) == place; });
+    }
+};
+
+// A panel of that many pixels along an edge; none if 0.
+class PlacesByAPanel : public Places, public testing::WithParamInterface<std::pair<Edge, int>> {};
+
+INSTANTIATE_TEST_SUITE_P(Edges, PlacesByAPanel,
+                         testing::Values(std::pair(Edge::Top, 0), std::pair(Edge::Top, 40),
+                                         std::pair(Edge::Left, 60), std::pair(Edge::Bottom, 50),
+                                         std::pair(Edge::Right, 60)));
+
+TEST_P(PlacesByAPanel, TheSheetComesUpAtTheGridsCornerAndStaysWhereItIsLeft) {
+    const auto [edge, thickness] = GetParam();
+    const auto panel = thickness > 0 ? std::make_unique<Panel>(edge, thickness) : nullptr;
+    Start();
+    OpenSolver();
+    ShowSheet();
+    AwaitThat("the sheet is at the grid's corner", [this, edge = edge, thickness = thickness] {
+        const Place sheet = Frame("Duct Parameters");
+        const Place grid = Control("picGrid");
+        const int right = std::min(grid.Right(), edge == Edge::Right ? 1280 - thickness : 1280);
+        return sheet.Top >= grid.Top && sheet.Top < grid.Top + 15 && sheet.Right() <= right &&
+               sheet.Right() > right - 15;
+    });
+    Place left = Frame("Duct Parameters");
+    for (int time = 0; time < 2; ++time) {
+        HideSheet();
+        ShowSheet();
+        AwaitPlace("Duct Parameters", left);
+        left = Move("Duct Parameters", "chkFollowOn", -300, 150);
+    }
+    HideSheet();
+    ShowSheet();
+    AwaitPlace("Duct Parameters", left);
+}
+
+TEST_F(Places, LiteKeepsItsPlace) {
+    Start();
+    Place place = Frame("Plenair Lite");
+    EXPECT_EQ(place.Right(), 1280);
+    EXPECT_EQ(place.Top, 20);
+    for (const int down : {0, 300}) {
+        place = down == 0 ? place : Move("Plenair Lite", "txtInputA", -400, down);
+        Click("cmdMoreInfo");
+        Place unfolded = place;
+        unfolded.Height += 140;
+        AwaitPlace("Plenair Lite", unfolded);
+        ClickAt("cmdMoreInfo", 20, 8);
+        AwaitPlace("Plenair Lite", place);
+        for (const bool above : {true, false}) {
+            Choose("mnuView", "mnuViewOnTop");
+            AwaitThat("the window manager knows",
+                      [&] { return HasState(Find("Plenair Lite"), "_NET_WM_STATE_ABOVE") == above; });
+            AwaitPlace("Plenair Lite", place);
+        }
+        OpenSolver();
+        AwaitPlace("Plenair", {0, 0, 1280, 1024});
+        Click("chkLabels"); // a redraw, which lays the window out again
+        AwaitPlace("Plenair", {0, 0, 1280, 1024});
+        Click("cmdClose");
+        Click("No");
+        AwaitThat("Lite has the keyboard", [] { return HasKeyboard(Find("Plenair Lite")); });
+        AwaitPlace("Plenair Lite", place);
+    }
+}
+
+TEST_F(Places, WhatAsksStandsAboveTheSheetThatStandsAboveAllElse) {
+    Start();
+    OpenSolver();
+    for (const int x : {200, 300, 400}) {
+        ClickAt("picGrid", x, 200);
+    }
+    ShowSheet();
+    Await("maximum scrDuctNo", "2");
+    EXPECT_TRUE(HasState(Find("Duct Parameters"), "_NET_WM_STATE_SKIP_TASKBAR"));
+    Move("Duct Parameters", "chkFollowOn", -500, 300);
+    Window question = 0;
+    for (const char* button :
+         {"cmdClearGrid(2)", "cmdSaveGsp", "cmdMajorOptions", "cmdClose", "cmdPrintGus"}) {
+        ReturnToSolver();
+        EXPECT_LT(Level(Find("Plenair")), Level(Find("Duct Parameters")));
+        Click(button);
+        AwaitThat("it asks", [&] { return (question = Question()) != 0; });
+        // A click on the sheet raises it, as far as it may.
+        const Place sheet = Frame("Duct Parameters");
+        TheScreen().MoveTo(sheet.Right() - 15, sheet.Top + 42);
+        for (const bool down : {true, false, true, false}) {
+            EXPECT_LT(Level(Find("Duct Parameters")), Level(question)) << button;
+            TheScreen().Button(1, down);
+        }
+        if (button == std::string("cmdMajorOptions")) {
+            EXPECT_EQ(question, Find("Options"));
+            EXPECT_TRUE(HasState(question, "_NET_WM_STATE_SKIP_TASKBAR"));
+            Click("cmdCancel");
+        } else {
+            Keys("Escape");
+        }
+        AwaitThat("it has its answer", [&] { return Level(question) < 0; });
+    }
+}
+
+} // namespace
+} // namespace plenair
