@@ -156,7 +156,8 @@ void DesktopTest::Point(const std::string& name, int x, int y) {
         return Ask("hovered " + name) == "yes" && IsSettled();
     });
     if (!isThere) {
-        GiveUp(name + " under the mouse; its place: " + place);
+        GiveUp(name + " under the mouse; its place: " + place + "; over it: " + Ask("hovered " + name) +
+               (IsSettled() ? "" : "; the keyboard is on its way"));
     }
 }
 

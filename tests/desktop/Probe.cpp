@@ -206,7 +206,7 @@ class Probe : public QObject, public QAbstractNativeEventFilter {
         }
         if (asked == "activeId") {
             const QWidget* window = QApplication::activeWindow();
-            return QString::number(window != nullptr ? window->internalWinId() : 0);
+            return QString::number(window != nullptr ? window->windowHandle()->winId() : 0);
         }
         if (asked == "windows") {
             return Windows();

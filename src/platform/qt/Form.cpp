@@ -224,6 +224,9 @@ bool Form::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Expose && windowHandle()->isExposed() && !m_frame) {
         // The desktop makes its frame before it lets the window be seen.
         FrameIsKnown(windowHandle()->frameMargins());
+        if (!m_spot && m_left) {
+            PutInPlace();
+        }
         emit OnScreen();
     }
     return false;

@@ -32,9 +32,14 @@ QWindow* HighestOn(QWindow* window) {
 
 class DialogWatcher : public QObject {
   public:
-    using QObject::QObject;
+    explicit DialogWatcher(QObject* parent) : QObject(parent) {
+        connect(qApp, &QGuiApplication::focusWindowChanged, this, &DialogWatcher::KeyboardHasGoneTo);
+    }
 
     bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::KeyPress) {
+            m_returnTo = nullptr; // the user decides from here
+        }
         auto* dialog = qobject_cast<QWidget*>(watched);
         if (dialog == nullptr || !dialog->isModal() || !dialog->isWindow()) {
             return false;
@@ -44,9 +49,9 @@ class DialogWatcher : public QObject {
             m_owners[dialog] = window->transientParent();
             window->setTransientParent(HighestOn(window->transientParent()));
         } else if (event->type() == QEvent::Hide) {
-            // The window manager has the keyboard go to the highest one.
-            if (const QPointer<QWindow> owner = m_owners.take(dialog);
-                owner != nullptr && owner->isVisible()) {
+            const QPointer<QWindow> owner = m_owners.take(dialog);
+            if (owner != nullptr && owner->isVisible()) {
+                m_returnTo = owner;
                 owner->requestActivate();
             }
         }
@@ -54,7 +59,18 @@ class DialogWatcher : public QObject {
     }
 
   private:
+    // Some window managers give the keyboard of a dialog that is gone to the window that it stood on, after
+    // all that was asked for before.
+    void KeyboardHasGoneTo(const QWindow* window) {
+        if (window == m_returnTo) {
+            m_returnTo = nullptr;
+        } else if (window != nullptr && m_returnTo != nullptr && window == HighestOn(m_returnTo)) {
+            m_returnTo->requestActivate();
+        }
+    }
+
     QHash<QWidget*, QPointer<QWindow>> m_owners; // of the dialogs that are shown
+    QPointer<QWindow> m_returnTo;                // where the keyboard belongs after the last one
 };
 
 #ifdef PLENAIR_XCB
