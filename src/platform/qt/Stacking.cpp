@@ -7,6 +7,8 @@
 #include <QWidget>
 #include <QWindow>
 
+#include <utility>
+
 #ifdef PLENAIR_XCB
 #include <QtGui/qguiapplication_platform.h>
 
@@ -60,12 +62,12 @@ class DialogWatcher : public QObject {
 
   private:
     // Some window managers give the keyboard of a dialog that is gone to the window that it stood on, after
-    // all that was asked for before.
+    // all that was asked for before. Asked for once more, they leave it.
     void KeyboardHasGoneTo(const QWindow* window) {
-        if (window == m_returnTo) {
-            m_returnTo = nullptr;
-        } else if (window != nullptr && m_returnTo != nullptr && window == HighestOn(m_returnTo)) {
-            m_returnTo->requestActivate();
+        if (window != nullptr && m_returnTo != nullptr && window != m_returnTo &&
+            window == HighestOn(m_returnTo)) {
+            const QPointer<QWindow> owner = std::exchange(m_returnTo, nullptr);
+            owner->requestActivate();
         }
     }
 
