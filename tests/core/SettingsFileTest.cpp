@@ -1,22 +1,10 @@
 #include "core/SettingsFile.h"
-
-#include "core/Settings.h"
 #include "core/modRegistry.h"
-#include "platform/files/ProgramFolder.h"
-#include "platform/text/NumberText.h"
-#include "support/ScriptedDesktop.h"
-
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <limits>
+#include "support/Test.h"
 
 #include <unistd.h>
 
-namespace plenair {
 namespace {
-
-namespace fs = std::filesystem;
 
 // Nothing here is a default.
 const std::string OtherItems =
@@ -228,4 +216,3 @@ TEST_F(SettingsFile, IsWrittenToTheByte) {
 }
 
 } // namespace
-} // namespace plenair

@@ -1,14 +1,8 @@
 #include "extras/AboutShow.h"
-
-#include "platform/desktop/Desktop.h"
 #include "platform/drawing/QBColor.h"
 #include "platform/drawing/RecordedSurface.h"
+#include "support/Test.h"
 
-#include <gtest/gtest.h>
-
-#include <set>
-
-namespace plenair {
 namespace {
 
 TEST(AboutShow, ScribblesAndWipes) {
@@ -47,4 +41,3 @@ TEST(AboutShow, ScribblesAndWipes) {
 }
 
 } // namespace
-} // namespace plenair

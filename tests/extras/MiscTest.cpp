@@ -1,14 +1,7 @@
 #include "extras/Misc.h"
-
 #include "core/modRegistry.h"
-#include "platform/desktop/Desktop.h"
-#include "support/ScriptedDesktop.h"
+#include "support/Test.h"
 
-#include <gtest/gtest.h>
-
-#include <map>
-
-namespace plenair {
 namespace {
 
 class Misc : public testing::Test {
@@ -104,4 +97,3 @@ TEST_F(Misc, EachQuestionHasTheSameChance) {
 }
 
 } // namespace
-} // namespace plenair

@@ -1,13 +1,6 @@
 #include "flow/PlainSearch.h"
+#include "support/Test.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <optional>
-#include <random>
-#include <utility>
-
-namespace plenair {
 namespace {
 
 enum class By { Loss, Velocity, Caps };
@@ -183,4 +176,3 @@ TEST_F(DuctSearch, RoundsAWidthAtTheMiddleOfAMillimetre) {
 }
 
 } // namespace
-} // namespace plenair

@@ -1,17 +1,9 @@
-#include "core/Settings.h"
 #include "flow/CalcFailure.h"
 #include "flow/FluidProperties.h"
 #include "flow/GeneralCalcs.h"
 #include "flow/Sizing.h"
+#include "support/Test.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <functional>
-#include <limits>
-#include <random>
-
-namespace plenair {
 namespace {
 
 constexpr double Infinity = std::numeric_limits<double>::infinity();
@@ -166,4 +158,3 @@ TEST_F(Flow, SizesRoundUpToTheStep) {
 }
 
 } // namespace
-} // namespace plenair

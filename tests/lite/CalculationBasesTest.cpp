@@ -1,19 +1,10 @@
-#include "lite/CalculateMinorStuff.h"
-
-#include "core/Settings.h"
 #include "flow/CalcFailure.h"
+#include "lite/CalculateMinorStuff.h"
 #include "lite/KeyStrokes.h"
 #include "lite/ResultGrids.h"
 #include "platform/desktop/KeyCodes.h"
-#include "platform/text/NumberText.h"
 #include "support/LiteArrays.h"
-#include "support/ScriptedDesktop.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-
-namespace plenair {
 namespace {
 
 // Remembers the working value with which each row was found, and can give another text at a later row.
@@ -253,4 +244,3 @@ TEST_F(CalculationBases, LampsGoByTheRatio) {
 }
 
 } // namespace
-} // namespace plenair

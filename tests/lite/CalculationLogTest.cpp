@@ -1,16 +1,7 @@
 #include "lite/CalculationLog.h"
-
-#include "core/Settings.h"
 #include "platform/text/DateText.h"
-#include "platform/text/NumberText.h"
 #include "support/LiteArrays.h"
-#include "support/ScriptedDesktop.h"
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-
-namespace plenair {
 namespace {
 
 class Log : public testing::Test {
@@ -122,7 +113,7 @@ TEST_F(Log, FullLogBeepsAndStaysUsable) {
 TEST_F(Log, WhatCannotBeSavedOrOpenedChangesNothing) {
     RecordRow(window, 2);
     Settings.DefPath = "/where it was";
-    std::filesystem::create_directory(File("folder.pnl"));
+    fs::create_directory(File("folder.pnl"));
     for (const std::string& path : {std::string(), File("missing/log.pnl"), File("folder.pnl")}) {
         desktop.ExpectFile(path);
         RecordLog(window);
@@ -138,4 +129,3 @@ TEST_F(Log, WhatCannotBeSavedOrOpenedChangesNothing) {
 }
 
 } // namespace
-} // namespace plenair

@@ -2,15 +2,7 @@
 #include "platform/files/ItemReader.h"
 #include "platform/files/RegistryStore.h"
 #include "platform/files/WholeFiles.h"
-
-#include "support/TemporaryFolder.h"
-
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <optional>
-#include <set>
-#include <vector>
+#include "support/Test.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -18,10 +10,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-namespace plenair {
 namespace {
-
-namespace fs = std::filesystem;
 
 class TextFiles : public testing::Test {
   protected:
@@ -216,8 +205,7 @@ std::optional<std::string> Get(RegistryKey key, const std::string& name) {
 
 TEST_F(RegistryStore, KeysComeWithThoseAboveThem) {
     ASSERT_EQ(Create("Software\\ZVK", m_key), ERROR_SUCCESS);
-    EXPECT_EQ(std::filesystem::status(m_folder.File("deep")).permissions(),
-              std::filesystem::perms::owner_all);
+    EXPECT_EQ(fs::status(m_folder.File("deep")).permissions(), fs::perms::owner_all);
     ASSERT_EQ(Set(m_key, "Reminder", "112026"), ERROR_SUCCESS);
     ASSERT_EQ(Create("SOFTWARE\\zvk", m_key), ERROR_SUCCESS);
     ASSERT_EQ(Set(m_key, "REMINDER", "122026"), ERROR_SUCCESS);
@@ -261,4 +249,3 @@ TEST_F(RegistryStore, ADamagedFileIsAnEmptyStoreThatCanBeWritten) {
 }
 
 } // namespace
-} // namespace plenair

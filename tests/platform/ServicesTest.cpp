@@ -2,14 +2,8 @@
 #include "platform/desktop/DesktopEntry.h"
 #include "platform/desktop/Manual.h"
 #include "platform/files/Folders.h"
-#include "platform/files/ProgramFolder.h"
-#include "support/ScriptedDesktop.h"
+#include "support/Test.h"
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-
-namespace plenair {
 namespace {
 
 TEST(CommonDialogTest, AcceptedFile) {
@@ -72,7 +66,7 @@ TEST(Manual, OpensWhereItIsOrTellsWhereItIsNot) {
     const ProgramEnvironment environment;
     ScriptedDesktop desktop;
     const std::string delivered = environment.Folder().File("usr/lib/plenair");
-    std::filesystem::create_directories(delivered + "/manual");
+    fs::create_directories(delivered + "/manual");
     ChooseProgramFolder("/nowhere", environment.Folder().File("home"), "");
     desktop.ExpectMessage(MessageAnswer::Ok);
     ShowManual("sheet");
@@ -98,4 +92,3 @@ TEST(Manual, OpensWhereItIsOrTellsWhereItIsNot) {
 }
 
 } // namespace
-} // namespace plenair

@@ -1,11 +1,6 @@
 #include "platform/drawing/PixelInk.h"
+#include "support/Test.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <random>
-
-namespace plenair {
 namespace {
 
 struct NotedInk : Ink {
@@ -135,4 +130,3 @@ TEST(Strokes, SlantingLinesCoverTheirArea) {
 }
 
 } // namespace
-} // namespace plenair

@@ -1,14 +1,7 @@
 #include "platform/text/DateText.h"
-#include "platform/text/NumberText.h"
 #include "platform/text/Utf8.h"
+#include "support/Test.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <limits>
-#include <random>
-
-namespace plenair {
 namespace {
 
 class NumberText : public testing::Test {
@@ -217,4 +210,3 @@ TEST(DateText, InTheOrderOfTheLocaleAndOnTheTwelveHourClock) {
 }
 
 } // namespace
-} // namespace plenair

@@ -1,11 +1,8 @@
-#include "project/FakeWindows.h"
-
 #include "project/CalculateMajorStuff.h"
+#include "project/FakeWindows.h"
 #include "project/model/ProjectBlocks.h"
 
-#include <filesystem>
-
-namespace plenair {
+namespace {
 
 class SolveTest : public ProjectTest {
   protected:
@@ -116,7 +113,7 @@ TEST_F(SolveTest, FailuresNameTheDuct) {
         EXPECT_EQ(desktop.Messages().back().Icon, MessageIcon::Critical);
         EXPECT_EQ(desktop.Log.back(), "default pointer");
         EXPECT_EQ(Solved, kFlagClear);
-        EXPECT_FALSE(solver.pressureVisible || std::filesystem::exists(File("plant.Gus")));
+        EXPECT_FALSE(solver.pressureVisible || fs::exists(File("plant.Gus")));
         EXPECT_EQ(sheet.value, 2);
         EXPECT_EQ(Result(Ducts[1]), "175 200 3.03 0.63 225"); // solved before
         EXPECT_EQ(Ducts[2].Width, 0);
@@ -127,7 +124,7 @@ TEST_F(SolveTest, FailuresNameTheDuct) {
 
 TEST_F(SolveTest, ReportThatCannotBeWrittenDoesNotUndoTheSolution) {
     AddSized(kRigidColour, {100, 200, 5, 0.8});
-    std::filesystem::create_directory(File("plant.Gus"));
+    fs::create_directory(File("plant.Gus"));
     Solve({MessageAnswer::Retry, MessageAnswer::Cancel, MessageAnswer::Ok});
     const MessageRequest& asked = desktop.Messages()[3];
     EXPECT_NE(asked.Text.find(File("plant.Gus")), std::string::npos);
@@ -135,4 +132,4 @@ TEST_F(SolveTest, ReportThatCannotBeWrittenDoesNotUndoTheSolution) {
     EXPECT_EQ(desktop.LastText(), "Plenair Solution Complete");
 }
 
-} // namespace plenair
+} // namespace

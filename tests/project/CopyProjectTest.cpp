@@ -1,11 +1,9 @@
 #include "project/CopyProject.h"
-
 #include "platform/desktop/Clipboard.h"
 #include "platform/text/SpreadsheetDocument.h"
 #include "project/FakeWindows.h"
 #include "project/PressureCalcs.h"
 
-namespace plenair {
 namespace {
 
 class CopyProjectTest : public ProjectTest {
@@ -56,4 +54,3 @@ TEST_F(CopyProjectTest, DuctsAndPathAsTheUserReadsNumbers) {
 }
 
 } // namespace
-} // namespace plenair

@@ -1,6 +1,6 @@
 #include "project/FakeWindows.h"
 
-namespace plenair {
+namespace {
 
 class SheetTest : public ProjectTest {
   protected:
@@ -129,4 +129,4 @@ TEST_F(SheetTest, ABoxThatIsLeftCopiesWhereItMay) {
     }
 }
 
-} // namespace plenair
+} // namespace

@@ -1,17 +1,10 @@
 #pragma once
 
-#include "core/Settings.h"
-#include "platform/text/NumberText.h"
 #include "project/DuctSheet.h"
 #include "project/ProjectGrid.h"
 #include "project/ProjectWindows.h"
 #include "project/model/ProjectModel.h"
-#include "support/ScriptedDesktop.h"
-
-#include <gtest/gtest.h>
-
-#include <map>
-#include <sstream>
+#include "support/Test.h"
 
 namespace plenair {
 

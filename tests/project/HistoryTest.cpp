@@ -1,14 +1,8 @@
 #include "project/model/History.h"
-
 #include "project/model/DuctBits.h"
 #include "project/model/ProjectModel.h"
+#include "support/Test.h"
 
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <random>
-
-namespace plenair {
 namespace {
 
 void Fill(int ducts, const std::function<double(int)>& flow) {
@@ -139,4 +133,3 @@ TEST(History, TheLargestProject) {
 }
 
 } // namespace
-} // namespace plenair

@@ -1,9 +1,8 @@
-#include "project/FakeWindows.h"
-
 #include "project/PressureCalcs.h"
+#include "project/FakeWindows.h"
 #include "project/model/DuctPath.h"
 
-namespace plenair {
+namespace {
 
 class PathTest : public ProjectTest {
   protected:
@@ -141,4 +140,4 @@ TEST_F(PathTest, PlotOnTheGrid) {
     EXPECT_EQ(PlotShowing, kFlagClear);
 }
 
-} // namespace plenair
+} // namespace

@@ -2,7 +2,7 @@
 #include "project/FakeWindows.h"
 #include "project/model/DuctPath.h"
 
-namespace plenair {
+namespace {
 
 // Notes what is printed on it, in order; fails at the page of that number.
 class NotedPrinter : public Printer {
@@ -179,4 +179,4 @@ TEST_F(PrintoutTest, LongOnesShowHowFarTheyAreAndCanBeCancelled) {
     }
 }
 
-} // namespace plenair
+} // namespace

@@ -1,15 +1,13 @@
-#include "project/FakeWindows.h"
-
 #include "project/ProjectFiles.h"
+#include "project/FakeWindows.h"
 #include "project/model/DuctBits.h"
 #include "project/model/ProjectBlocks.h"
 
 #include <ctime>
-#include <filesystem>
 
 #include <sys/resource.h>
 
-namespace plenair {
+namespace {
 
 class ProjectFilesTest : public ProjectTest {
   protected:
@@ -48,7 +46,7 @@ class ProjectFilesTest : public ProjectTest {
     }
 };
 
-static std::string Block(int marker, const std::string& numbers) {
+std::string Block(int marker, const std::string& numbers) {
     std::string block = "\"\xA4" + std::to_string(marker) + "\"\r\n";
     std::istringstream items(numbers);
     for (std::string number; items >> number;) {
@@ -58,7 +56,7 @@ static std::string Block(int marker, const std::string& numbers) {
 }
 
 // So many bytes of lines that are no block.
-static std::string Remarks(std::size_t bytes) {
+std::string Remarks(std::size_t bytes) {
     std::string remarks;
     while (remarks.size() < bytes) {
         remarks += "remark,1\r\n";
@@ -106,8 +104,8 @@ TEST_F(ProjectFilesTest, WithoutABlockTheProjectIsEmptied) {
     WriteFile(File("marker.gsp"), Block(0, ""));
     WriteFile(File("far.gsp"), Remarks(1'100'000) + Block(0, kZeros) + Block(1, kOne));
     WriteFile(File("zeros.gsp"), "");
-    std::filesystem::resize_file(File("zeros.gsp"), 1 << 30);
-    std::filesystem::create_directory(File("folder.gsp"));
+    fs::resize_file(File("zeros.gsp"), 1 << 30);
+    fs::create_directory(File("folder.gsp"));
     for (const std::string name :
          {"", "missing.gsp", "empty.gsp", "text.gsp", "marker.gsp", "far.gsp", "zeros.gsp", "folder.gsp"}) {
         SCOPED_TRACE(name);
@@ -220,8 +218,8 @@ TEST_F(ProjectFilesTest, LongWorkCanBeCancelled) {
 
 // A file that the next solution's report would replace is saved only after a question.
 TEST_F(ProjectFilesTest, ProjectsThatAreTheirOwnReport) {
-    std::filesystem::create_symlink("plant.Gus", File("link.gsp"));
-    std::filesystem::create_symlink(File("target.gsp"), File("target.Gus"));
+    fs::create_symlink("plant.Gus", File("link.gsp"));
+    fs::create_symlink(File("target.gsp"), File("target.Gus"));
     WriteFile(File("target.gsp"), "");
     WriteFile(File("plant.Gus"), "");
     const std::pair<const char*, bool> rows[] = {
@@ -292,4 +290,4 @@ TEST_F(ProjectFilesTest, ReportNames) {
     }
 }
 
-} // namespace plenair
+} // namespace

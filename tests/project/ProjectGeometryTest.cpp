@@ -1,11 +1,8 @@
 #include "project/model/ProjectGeometry.h"
 #include "project/DuctColour.h"
+#include "support/Test.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-
-namespace plenair {
+namespace {
 
 TEST(ProjectGeometry, SnapsToTheNearestLine) {
     const struct {
@@ -56,4 +53,4 @@ TEST(ProjectGeometry, EndsAndLabelAreWholeHalvesToEven) {
     EXPECT_EQ(DrawnColour(3E38F), kBlackColour);
 }
 
-} // namespace plenair
+} // namespace

@@ -1,9 +1,7 @@
 #include "platform/desktop/KeyCodes.h"
 #include "project/FakeWindows.h"
 
-#include <cmath>
-
-namespace plenair {
+namespace {
 
 constexpr double P = 379; // pitch across
 constexpr double Q = 349; // pitch down
@@ -118,4 +116,4 @@ TEST_F(ProjectTest, RedrawShowsWhatIsThereNow) {
     expectAnew("others in their place");
 }
 
-} // namespace plenair
+} // namespace

@@ -1,7 +1,5 @@
 #include "project/Recovery.h"
-
 #include "platform/files/OwnedFile.h"
-#include "platform/files/ProgramFolder.h"
 #include "project/CalculateMajorStuff.h"
 #include "project/FakeWindows.h"
 #include "project/ProjectFiles.h"
@@ -9,10 +7,6 @@
 #include "project/UndoRedo.h"
 #include "project/model/History.h"
 
-#include <deque>
-#include <filesystem>
-
-namespace plenair {
 namespace {
 
 class RecoveryTest : public ProjectTest {
@@ -65,7 +59,7 @@ class RecoveryTest : public ProjectTest {
     std::vector<std::string> Files() const {
         std::vector<std::string> all;
         std::error_code none;
-        for (const auto& entry : std::filesystem::directory_iterator(StateFolder(), none)) {
+        for (const auto& entry : fs::directory_iterator(StateFolder(), none)) {
             all.push_back(entry.path().string());
         }
         return all;
@@ -173,8 +167,7 @@ TEST_F(RecoveryTest, DiscardsWhatCantBeRead) {
     }
     WriteFile(path, whole);
     WriteFile(path + "-other.recovery", changed(60));
-    std::filesystem::last_write_time(path,
-                                     std::filesystem::file_time_type::clock::now() - std::chrono::hours(1));
+    fs::last_write_time(path, fs::file_time_type::clock::now() - std::chrono::hours(1));
     desktop.ExpectMessage(MessageAnswer::Ok); // the newer one
     desktop.ExpectMessage(MessageAnswer::Yes);
     Open();
@@ -198,4 +191,3 @@ TEST_F(RecoveryTest, AFolderThatTakesNothingIsToldOfOnce) {
 }
 
 } // namespace
-} // namespace plenair

@@ -1,12 +1,7 @@
 #pragma once
 
 #include "lite/LiteWindow.h"
-
-#include <array>
-#include <map>
-#include <optional>
-#include <string>
-#include <vector>
+#include "support/Test.h"
 
 namespace plenair {
 

@@ -1,5 +1,4 @@
 #include "extras/windows/frmAbout.h"
-#include "platform/desktop/Desktop.h"
 #include "platform/files/RegistryStore.h"
 #include "platform/qt/QtText.h"
 #include "windows/WindowTest.h"
@@ -8,9 +7,6 @@
 #include <QPaintEvent>
 #include <QTimer>
 
-#include <functional>
-
-namespace plenair {
 namespace {
 
 frmAbout* AboutBox() {
@@ -145,4 +141,3 @@ TEST_F(About, AfterAReminderItStandsBesideTheWindow) {
 }
 
 } // namespace
-} // namespace plenair

@@ -1,16 +1,11 @@
-#include "platform/qt/MessageBoxes.h"
-#include "windows/SolverTest.h"
-
 #include "core/windows/frmInputs.h"
 #include "extras/windows/frmAbout.h"
+#include "platform/qt/MessageBoxes.h"
+#include "windows/SolverTest.h"
 
 #include <QApplication>
 #include <QMessageBox>
 
-#include <functional>
-#include <vector>
-
-namespace plenair {
 namespace {
 
 using Step = std::function<void()>;
@@ -130,4 +125,3 @@ TEST_F(Closing, ByTheEndOfTheSessionAsksNothing) {
 }
 
 } // namespace
-} // namespace plenair

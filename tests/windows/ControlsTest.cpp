@@ -6,7 +6,6 @@
 #include <QKeyEvent>
 #include <QProgressDialog>
 
-namespace plenair {
 namespace {
 
 // The contracts of the controls that the windows lean on, in a window of its own.
@@ -177,4 +176,3 @@ TEST_F(Controls, LongCalculationsAreToldByThePointer) {
 }
 
 } // namespace
-} // namespace plenair

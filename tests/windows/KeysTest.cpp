@@ -1,10 +1,6 @@
 #include "platform/desktop/Clipboard.h"
-#include "platform/desktop/Desktop.h"
 #include "windows/WindowTest.h"
 
-#include "platform/text/NumberText.h"
-
-namespace plenair {
 namespace {
 
 class Keys : public WindowTest {
@@ -145,4 +141,3 @@ TEST_F(Keys, CopyOfTheResults) {
 }
 
 } // namespace
-} // namespace plenair

@@ -1,13 +1,11 @@
-#include "windows/WindowTest.h"
-
 #include "platform/qt/FormFont.h"
 #include "platform/qt/Twips.h"
+#include "windows/WindowTest.h"
 
 #include <QStyle>
 #include <QStyleOptionButton>
 #include <QStyleOptionFrame>
 
-namespace plenair {
 namespace {
 
 class Layout : public WindowTest, public testing::WithParamInterface<double> {
@@ -80,4 +78,3 @@ TEST(FormScale, LargeLettersEnlargeTheFormsAsFarAsTheScreenGoes) {
 }
 
 } // namespace
-} // namespace plenair

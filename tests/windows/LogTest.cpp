@@ -1,10 +1,8 @@
-#include "platform/desktop/Desktop.h"
 #include "platform/files/Folders.h"
 #include "platform/qt/ConnectDesktop.h"
 #include "platform/qt/FileDialogs.h"
 #include "platform/qt/OtherPrograms.h"
 #include "platform/text/DateText.h"
-#include "platform/text/NumberText.h"
 #include "windows/WindowTest.h"
 
 #include <QApplication>
@@ -14,9 +12,6 @@
 #include <QMessageBox>
 #include <QTimer>
 
-#include <filesystem>
-
-namespace plenair {
 namespace {
 
 // The log in the window, with the desktop's own file dialogs.
@@ -81,7 +76,7 @@ TEST_F(Log, SavingAsksBeforeItReplacesAFile) {
 
 TEST_F(Log, OpeningShowsTheFileInTheEditor) {
     const std::string other = File("other");
-    std::filesystem::create_directory(other);
+    fs::create_directory(other);
     WriteFile(other + "/my log.pnl", "");
     WriteFile(other + "/plain", "");
     Choose("mnuFileLogOpen", {Step{other + "/my log"}});
@@ -117,7 +112,7 @@ TEST(Programs, TheEditorAndThePlayerAreThoseOfTheDesktop) {
     qputenv("XDG_CURRENT_DESKTOP", "Some:Desk");
     const auto add = [&](const std::string& name, const std::string& does) {
         WriteFile(folder.File(name), "#!/bin/sh\n" + does + "\n");
-        std::filesystem::permissions(folder.File(name), std::filesystem::perms::owner_all);
+        fs::permissions(folder.File(name), fs::perms::owner_all);
     };
     const std::string part = folder.File("part");
     const std::string note = folder.File("note");
@@ -126,16 +121,16 @@ TEST(Programs, TheEditorAndThePlayerAreThoseOfTheDesktop) {
                       "'; /bin/mv '" + part + "' '" + note + "'");
     }
     const auto noted = [&] {
-        EXPECT_TRUE(QTest::qWaitFor([&] { return std::filesystem::exists(note); }));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return fs::exists(note); }));
         const std::string text = ReadFile(note);
-        std::filesystem::remove(note);
+        fs::remove(note);
         return text;
     };
     const std::string log = "/logs/my $log; \"1\".pnl";
     EXPECT_TRUE(EditByOtherProgram(log));
     EXPECT_EQ(noted(), "gnome-text-editor[" + log + "]") << "the desktop names none";
     add("xdg-mime", "exec /bin/sleep 60"); // nothing of the desktop's that may hang is asked
-    std::filesystem::create_directory(folder.File("applications"));
+    fs::create_directory(folder.File("applications"));
     WriteFile(folder.File("applications/notes.desktop"),
               "[Desktop Entry]\nExec=notes --new %f\nTerminal=true\n");
     WriteFile(folder.File("desk-mimeapps.list"),
@@ -163,4 +158,3 @@ TEST(Programs, TheEditorAndThePlayerAreThoseOfTheDesktop) {
 }
 
 } // namespace
-} // namespace plenair

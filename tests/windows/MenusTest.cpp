@@ -1,14 +1,11 @@
-#include "platform/desktop/Desktop.h"
-#include "windows/WindowTest.h"
-
 #include "platform/qt/MessageBoxes.h"
+#include "windows/WindowTest.h"
 
 #include <QApplication>
 #include <QMessageBox>
 #include <QTimer>
 #include <QWindow>
 
-namespace plenair {
 namespace {
 
 class Menus : public WindowTest {
@@ -104,4 +101,3 @@ TEST_F(Menus, MessageBoxesOfTheDesktop) {
 }
 
 } // namespace
-} // namespace plenair

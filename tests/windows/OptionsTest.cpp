@@ -1,14 +1,9 @@
 #include "core/windows/frmInputs.h"
-#include "platform/text/NumberText.h"
 #include "windows/WindowTest.h"
 
 #include <QApplication>
 #include <QTimer>
 
-#include <filesystem>
-#include <functional>
-
-namespace plenair {
 namespace {
 
 constexpr const char* kBoxes[] = {"txtMaxLPM",           "txtMaxVelocity", "txtAnalysis",
@@ -156,14 +151,14 @@ TEST_F(Options, WhatIsNoNumberOrCannotBeWrittenIsRefused) {
             EnterOption(kBoxes[i], good);
         }
         EXPECT_EQ(File(), before);
-        std::filesystem::remove(path);
-        std::filesystem::create_directory(path);
+        fs::remove(path);
+        fs::create_directory(path);
         desktop.ExpectMessage(MessageAnswer::Ok);
         ClickOption("cmdOK");
         EXPECT_NE(desktop.LastText().find(path), std::string::npos);
         EXPECT_TRUE(m_options->isVisible());
         EXPECT_EQ(Settings.DefPath, m_environment.Folder().Path()) << "nothing at all is stored";
-        std::filesystem::remove(path);
+        fs::remove(path);
         ClickOption("cmdOK");
     });
     EXPECT_EQ(Settings.DefPath, "/elsewhere");
@@ -197,4 +192,3 @@ TEST_F(Options, KeysGoThroughTheControls) {
 }
 
 } // namespace
-} // namespace plenair

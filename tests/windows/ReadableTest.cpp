@@ -1,9 +1,6 @@
 #include "platform/qt/ReadableStyle.h"
 #include "windows/WindowTest.h"
 
-#include <algorithm>
-
-namespace plenair {
 namespace {
 
 // Palettes as themes give them: background of windows, of boxes, ink, and disabled ink.
@@ -108,4 +105,3 @@ TEST(Readable, DisabledTextsAndLinesInEveryTheme) {
 }
 
 } // namespace
-} // namespace plenair

@@ -1,11 +1,6 @@
 #include "project/ProjectGrid.h"
 #include "windows/SolverTest.h"
 
-#include <cmath>
-#include <random>
-#include <sstream>
-
-namespace plenair {
 namespace {
 
 class SolverGrid : public SolverTest {};
@@ -205,4 +200,3 @@ TEST_F(SolverGrid, ClosingAsks) {
 }
 
 } // namespace
-} // namespace plenair

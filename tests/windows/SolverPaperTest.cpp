@@ -5,12 +5,8 @@
 #include <QPrinter>
 #include <QProcess>
 
-#include <cmath>
-#include <filesystem>
-
 #include <sys/stat.h>
 
-namespace plenair {
 namespace {
 
 using Texts = std::vector<std::string>;
@@ -74,7 +70,7 @@ class SolverPaper : public SolverTest {
     }
 
     auto FilesIn() const {
-        using Files = std::filesystem::directory_iterator;
+        using Files = fs::directory_iterator;
         return std::distance(Files(m_environment.Folder().Path()), Files());
     }
 };
@@ -131,8 +127,8 @@ TEST_F(SolverPaper, CopiesAreFilesOfTheirOwn) {
 }
 
 TEST_F(SolverPaper, TheDialogRefusesWhatIsNoFile) {
-    std::filesystem::create_symlink("behind.pdf", File("link.pdf"));
-    std::filesystem::create_directory(File("folder.pdf"));
+    fs::create_symlink("behind.pdf", File("link.pdf"));
+    fs::create_directory(File("folder.pdf"));
     ASSERT_EQ(::mkfifo(File("pipe.pdf").c_str(), 0600), 0);
     QPrinter printer;
     dialogsExpected = true;
@@ -150,7 +146,7 @@ TEST_F(SolverPaper, TheDialogRefusesWhatIsNoFile) {
     dialogsExpected = false;
     EXPECT_EQ(desktop.LastText(), File("no/such/folder.pdf") + ": No such file or directory");
     EXPECT_EQ(printer.outputFileName().toStdString(), File("behind.pdf"));
-    EXPECT_TRUE(std::filesystem::is_symlink(File("link.pdf")));
+    EXPECT_TRUE(fs::is_symlink(File("link.pdf")));
 }
 
 // A path of a rigid duct, a connection without a length and a flexible duct: 6 m + 2 m, and 4, 2 and 2 Pa.
@@ -192,4 +188,3 @@ TEST_F(SolverPaper, PlotOfAPath) {
 }
 
 } // namespace
-} // namespace plenair

@@ -2,10 +2,6 @@
 
 #include <QElapsedTimer>
 
-#include <algorithm>
-#include <filesystem>
-
-namespace plenair {
 namespace {
 
 // A run from the first click on the grid to the report on the disk.
@@ -98,7 +94,7 @@ TEST_F(SolverRun, ASecondRunAfterAFailedOne) {
     EnterBox(6, "0"); // the click on the button stores it
     Solve();
     EXPECT_EQ(desktop.LastText(), "Unexpected zero value encountered.  Solution incomplete.");
-    EXPECT_FALSE(std::filesystem::exists(File("plant.Gus")));
+    EXPECT_FALSE(fs::exists(File("plant.Gus")));
     EXPECT_FALSE(Get("cmdCalcPressure").isVisible());
     EXPECT_EQ(DuctNo(), "R2 #ff0000") << "the sheet stays on the duct that failed";
     EnterBox(6, "0.8");
@@ -155,4 +151,3 @@ TEST_F(SolverRun, CancelledAtEachStep) {
 }
 
 } // namespace
-} // namespace plenair

@@ -1,6 +1,5 @@
 #include "windows/SolverTest.h"
 
-namespace plenair {
 namespace {
 
 class SolverSheet : public SolverTest {};
@@ -135,4 +134,3 @@ TEST_F(SolverSheet, EscapeBringsBackWhatWasStored) {
 }
 
 } // namespace
-} // namespace plenair

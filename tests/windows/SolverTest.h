@@ -1,7 +1,6 @@
 #pragma once
 
 #include "platform/qt/PictureBox.h"
-#include "platform/text/NumberText.h"
 #include "project/model/ProjectGeometry.h"
 #include "project/model/ProjectModel.h"
 #include "project/windows/frmMajorCalc.h"

@@ -1,11 +1,6 @@
+#include "platform/desktop/Clipboard.h"
 #include "windows/SolverTest.h"
 
-#include "platform/desktop/Clipboard.h"
-
-#include <filesystem>
-#include <sstream>
-
-namespace plenair {
 namespace {
 
 class SolverUndo : public SolverTest {
@@ -163,7 +158,7 @@ TEST_F(SolverUndo, CopyAndManualByTheirKeys) {
         opened = path + "#" + anchor;
         return true;
     };
-    std::filesystem::create_directory(File("manual"));
+    fs::create_directory(File("manual"));
     WriteFile(File("manual/manual.html"), "");
     OpenSolver();
     DrawRow("R"); // the keyboard is on the grid
@@ -183,4 +178,3 @@ TEST_F(SolverUndo, CopyAndManualByTheirKeys) {
 }
 
 } // namespace
-} // namespace plenair

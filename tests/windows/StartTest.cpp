@@ -1,16 +1,10 @@
-#include "platform/desktop/Desktop.h"
-#include "windows/WindowTest.h"
-
 #include "core/start/Main.h"
-#include "platform/text/NumberText.h"
+#include "windows/WindowTest.h"
 
 #include <QApplication>
 #include <QScreen>
 #include <QTimer>
 
-#include <filesystem>
-
-namespace plenair {
 namespace {
 
 class StartOfTheProgram : public WindowTest {
@@ -19,7 +13,7 @@ class StartOfTheProgram : public WindowTest {
 };
 
 TEST_F(StartOfTheProgram, TheFirstStart) {
-    std::filesystem::remove(SettingsFile());
+    fs::remove(SettingsFile());
     std::string order;
     Desktop().AskByMessageBox = [&](const MessageRequest& request) {
         order += request.Title + (QApplication::topLevelWidgets().empty() ? "" : " over a window") + ", ";
@@ -28,7 +22,7 @@ TEST_F(StartOfTheProgram, TheFirstStart) {
     Desktop().PlaySound = [&](const std::string&, unsigned) { order += "call, "; };
     Start();
     EXPECT_EQ(order, "Defaults Set, call, ");
-    EXPECT_TRUE(std::filesystem::exists(SettingsFile()));
+    EXPECT_TRUE(fs::exists(SettingsFile()));
     EXPECT_EQ(Window().windowTitle(), "Plenair Lite");
     EXPECT_EQ(BasisTexts(), "0.8 5 0.8 500 5 5 ");
     EXPECT_EQ(Text("txtInputA") + Text("txtInputB"), "");
@@ -112,4 +106,3 @@ TEST_F(StartOfTheProgram, TypedTargetsChangeTheMemoryAndLeavingWritesNothing) {
 }
 
 } // namespace
-} // namespace plenair

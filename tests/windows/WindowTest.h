@@ -1,14 +1,9 @@
 #pragma once
 
-#include "core/Settings.h"
 #include "lite/windows/frmMinorCalc.h"
-#include "support/ScriptedDesktop.h"
-
-#include <gtest/gtest.h>
+#include "support/Test.h"
 
 #include <QTest>
-
-#include <string>
 
 namespace plenair {
 
