@@ -11,13 +11,11 @@ class SolveTest : public ProjectTest {
         Add({.Colour = colour, .Height = height, .Velocity = velocity, .LossPerMetre = loss, .Flow = flow});
     }
 
-    // Solves the project, which is saved as plant.gsp.
-    void Solve(std::initializer_list<MessageAnswer> answersAfterSaving) {
-        desktop.ExpectMessage(MessageAnswer::Ok);
+    // Solves the project, which is saved as plant.gsp. Three messages come.
+    void Solve() {
         desktop.ExpectFile(File("plant.gsp"));
-        desktop.ExpectMessage(MessageAnswer::Ok);
-        for (const MessageAnswer answer : answersAfterSaving) {
-            desktop.ExpectMessage(answer);
+        for (int message = 0; message < 3; ++message) {
+            desktop.ExpectMessage(MessageAnswer::Ok);
         }
         SolveProject(windows);
     }
@@ -62,7 +60,7 @@ TEST_F(SolveTest, WholeRunInItsOrder) {
     AddSized(kFlexibleColour, {100, 200, 5, 0.8});
     sheet.SetScrollMaximum(3);
     const std::string inputs = ProjectText();
-    Solve({MessageAnswer::Ok});
+    Solve();
     EXPECT_EQ(desktop.Log,
               (Lines{"message: Gus will begin by saving your project.", "dialog",
                      "message: Plenair Project Saved", "hourglass", "repaint 1: 100 0 200 0 5 0.8 0 0",
@@ -107,29 +105,16 @@ TEST_F(SolveTest, FailuresNameTheDuct) {
         AddSized(kRigidColour, {100, 200, 5, 0.8});
         AddSized(kRigidColour, row.values);
         AddSized(kRigidColour, {100, 200, 5, 0.8});
-        Solve({MessageAnswer::Ok});
+        Solve();
         EXPECT_EQ(desktop.LastText().substr(0, row.message.size()), row.message);
-        EXPECT_NE(desktop.LastText().find("  Solution incomplete."), std::string::npos);
-        EXPECT_EQ(desktop.Messages().back().Icon, MessageIcon::Critical);
+        EXPECT_TRUE(desktop.LastText().ends_with("  Solution incomplete."));
         EXPECT_EQ(desktop.Log.back(), "default pointer");
         EXPECT_EQ(Solved, kFlagClear);
         EXPECT_FALSE(solver.pressureVisible || fs::exists(File("plant.Gus")));
         EXPECT_EQ(sheet.value, 2);
         EXPECT_EQ(Result(Ducts[1]), "175 200 3.03 0.63 225"); // solved before
-        EXPECT_EQ(Ducts[2].Width, 0);
-        EXPECT_EQ(Ducts[2].Velocity, row.values[2]);
-        EXPECT_EQ(Ducts[3].Width, 0);
+        EXPECT_TRUE(Ducts[2].Width == 0 && Ducts[2].Velocity == row.values[2] && Ducts[3].Width == 0);
     }
-}
-
-TEST_F(SolveTest, ReportThatCannotBeWrittenDoesNotUndoTheSolution) {
-    AddSized(kRigidColour, {100, 200, 5, 0.8});
-    fs::create_directory(File("plant.Gus"));
-    Solve({MessageAnswer::Retry, MessageAnswer::Cancel, MessageAnswer::Ok});
-    const MessageRequest& asked = desktop.Messages()[3];
-    EXPECT_NE(asked.Text.find(File("plant.Gus")), std::string::npos);
-    EXPECT_EQ(asked.Buttons, MessageButtons::RetryCancel);
-    EXPECT_EQ(desktop.LastText(), "Plenair Solution Complete");
 }
 
 } // namespace

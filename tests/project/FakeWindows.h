@@ -1,6 +1,7 @@
 #pragma once
 
 #include "project/DuctSheet.h"
+#include "project/Printout.h"
 #include "project/ProjectGrid.h"
 #include "project/ProjectWindows.h"
 #include "project/model/ProjectModel.h"
@@ -92,6 +93,56 @@ class FakeSheet : public SheetWindow {
     bool followOn = false;
     std::vector<std::string>* log = nullptr;
     const ProjectWindows* windows = nullptr;
+};
+
+// Notes what is printed on it, in order; fails at the page of that number.
+class NotedPrinter : public Printer {
+  public:
+    Extent Size() const override { return m_isPortrait ? Extent{12000, 16000} : Extent{16000, 12000}; }
+    void SetLineWidth(int width) override { Note("width ") << width; }
+    void SetLineStyle(LineStyle) override {}
+    void Line(Point start, Point end, ColourNumber colour) override {
+        Note("line ") << start.X << ',' << start.Y << ' ' << end.X << ',' << end.Y << ' ' << colour;
+    }
+    void Box(Point corner, Point opposite, ColourNumber) override {
+        Note("box ") << corner.X << ',' << corner.Y << ' ' << opposite.X << ',' << opposite.Y;
+    }
+    void SetPosition(Point place) override { Note("at ") << place.X << ',' << place.Y; }
+    void SetColourMode(ColourMode mode) override { Note("colour mode ") << static_cast<int>(mode); }
+    void SetOrientation(PageOrientation orientation) override {
+        m_isPortrait = orientation == PageOrientation::Portrait;
+        Note(m_isPortrait ? "portrait" : "landscape");
+    }
+    void SetFont(const std::string& name, double points, bool bold) override {
+        Note(name) << ' ' << points << (bold ? " bold" : "");
+    }
+    void Print(const std::string& text) override { Note("'" + text); }
+    void NewPage() override {
+        Note("page");
+        if (++m_pages == FailsAtPage) {
+            throw PrinterFailure("no paper");
+        }
+    }
+    void EndDoc() override { Note("end"); }
+    void KillDoc() override { Note("kill"); }
+
+    // All since the last call.
+    std::string Log() {
+        const std::string log = m_log.str();
+        m_log.str("");
+        return log;
+    }
+    int FailsAtPage = 0;
+
+  private:
+    std::ostringstream& Note(const std::string& what) {
+        m_log << '|' << what;
+        return m_log;
+    }
+
+    std::ostringstream m_log; // each entry with a bar before it
+    bool m_isPortrait = true;
+    int m_pages = 0;
 };
 
 // A solver that has just been opened, with an empty project.

@@ -1,75 +1,33 @@
 #include "project/Printout.h"
+#include "platform/desktop/Clipboard.h"
+#include "platform/text/SpreadsheetDocument.h"
+#include "project/CopyProject.h"
 #include "project/FakeWindows.h"
-#include "project/model/DuctPath.h"
+#include "project/PressureCalcs.h"
 
 namespace {
 
-// Notes what is printed on it, in order; fails at the page of that number.
-class NotedPrinter : public Printer {
-  public:
-    Extent Size() const override { return m_isPortrait ? Extent{12000, 16000} : Extent{16000, 12000}; }
-    void SetLineWidth(int width) override { Note() << "width " << width; }
-    void SetLineStyle(LineStyle) override {}
-    void Line(Point start, Point end, ColourNumber colour) override {
-        Note() << "line " << start.X << ',' << start.Y << ' ' << end.X << ',' << end.Y << ' ' << colour;
-    }
-    void Box(Point corner, Point opposite, ColourNumber) override {
-        Note() << "box " << corner.X << ',' << corner.Y << ' ' << opposite.X << ',' << opposite.Y;
-    }
-    void SetPosition(Point place) override { Note() << "at " << place.X << ',' << place.Y; }
-    void SetColourMode(ColourMode mode) override { Note() << "colour mode " << static_cast<int>(mode); }
-    void SetOrientation(PageOrientation orientation) override {
-        m_isPortrait = orientation == PageOrientation::Portrait;
-        Note() << (m_isPortrait ? "portrait" : "landscape");
-    }
-    void SetFont(const std::string& name, double points, bool bold) override {
-        Note() << name << ' ' << points << (bold ? " bold" : "");
-    }
-    void Print(const std::string& text) override { Note() << "\"" << text << "\""; }
-    void NewPage() override {
-        Note() << "page";
-        if (++m_pages == FailsAtPage) {
-            throw PrinterFailure("no paper");
-        }
-    }
-    void EndDoc() override { Note() << "end"; }
-    void KillDoc() override { Note() << "kill"; }
-
-    Lines Log() {
-        Lines lines;
-        std::string line;
-        for (std::istringstream all(m_log.str()); std::getline(all, line);) {
-            lines.push_back(line);
-        }
-        m_log.str("");
-        return lines;
-    }
-    auto Times(const std::string& line) {
-        const Lines all = Log();
-        return std::count(all.begin(), all.end(), line);
-    }
-    int FailsAtPage = 0;
-
-  private:
-    std::ostringstream& Note() {
-        m_log << (m_log.str().empty() ? "" : "\n");
-        return m_log;
-    }
-
-    std::ostringstream m_log;
-    bool m_isPortrait = true;
-    int m_pages = 0;
-};
-
 class PrintoutTest : public ProjectTest {
   protected:
-    void Print(MessageAnswer withData, int copies) {
+    // Prints, and gives how often each of these was noted: turned pages, ends and landscapes.
+    std::string Print(MessageAnswer withData, int copies) {
         desktop.ExpectMessage(withData);
         desktop.ExpectPrinter(copies);
         PrintShown(windows, printer);
+        log = printer.Log();
+        std::string counts;
+        for (const std::string entry : {"|page", "|end", "|landscape"}) {
+            int count = 0;
+            for (std::size_t at = 0; (at = log.find(entry, at)) != log.npos; ++at) {
+                ++count;
+            }
+            counts += std::to_string(count) + entry;
+        }
+        return counts;
     }
 
     NotedPrinter printer;
+    std::string log;
 };
 
 TEST_F(PrintoutTest, NetworkAndDataInThisOrder) {
@@ -82,34 +40,12 @@ TEST_F(PrintoutTest, NetworkAndDataInThisOrder) {
          .Width = 0.1 + 0.2,
          .Velocity = 2.5});
     Print(MessageAnswer::Yes, 1);
-    EXPECT_EQ(printer.Log(), (Lines{"colour mode 2",
-                                    "landscape",
-                                    "Arial 9",
-                                    "width 3",
-                                    "box 3950,-50 4050,50",
-                                    "box 7950,5950 8050,6050",
-                                    "line 4000,0 8000,6000 65535",
-                                    "at 6000,3000",
-                                    "\"C1\"",
-                                    "page",
-                                    "portrait",
-                                    "Arial 12 bold",
-                                    "\"---\"",
-                                    "\"Duct Number C1\"",
-                                    "\"---\"",
-                                    "Arial 9",
-                                    "\"\"",
-                                    "\"Duct Type: Flexible\"",
-                                    "\"Flow Rate (L/s): \t0\"",
-                                    "\"Width (mm): \t\t0.3\"",
-                                    "\"Height (mm): \t0\"",
-                                    "\"Length (mm): \t1E+15\"",
-                                    "\"Velocity (m/s): \t2.5\"",
-                                    "\"Pressure Loss (Pa/m): 0\"",
-                                    "\"Equivalent Circular Diameter (mm): \t0\"",
-                                    "\"Fitting Coefficient at Start: \t0.1\"",
-                                    "\"\"",
-                                    "end"}));
+    EXPECT_EQ(
+        log, "|colour mode 2|landscape|Arial 9|width 3|box 3950,-50 4050,50|box 7950,5950 8050,6050"
+             "|line 4000,0 8000,6000 65535|at 6000,3000|'C1|page|portrait|Arial 12 bold|'---"
+             "|'Duct Number C1|'---|Arial 9|'|'Duct Type: Flexible|'Flow Rate (L/s): \t0|'Width (mm): \t\t0.3"
+             "|'Height (mm): \t0|'Length (mm): \t1E+15|'Velocity (m/s): \t2.5|'Pressure Loss (Pa/m): 0"
+             "|'Equivalent Circular Diameter (mm): \t0|'Fitting Coefficient at Start: \t0.1|'|end");
     EXPECT_EQ(desktop.LastDialog().Flags, 12);
     EXPECT_TRUE(desktop.LastDialog().PrinterDefault);
 }
@@ -117,44 +53,32 @@ TEST_F(PrintoutTest, NetworkAndDataInThisOrder) {
 TEST_F(PrintoutTest, PagesCopiesAndEndings) {
     desktop.ExpectMessage(MessageAnswer::Ok); // and nothing else is asked
     PrintShown(windows, printer);
-    EXPECT_TRUE(printer.Log().empty());
-    EXPECT_TRUE(desktop.LastText().starts_with("There is nothing to print"));
-    const struct {
-        int ducts;
-        MessageAnswer withData;
-        int copies;
-        int pages; // turned
-    } rows[] = {{3, MessageAnswer::Yes, 1, 1},
-                {4, MessageAnswer::Yes, 1, 2},
-                {5, MessageAnswer::Yes, 2, 4},
-                {5, MessageAnswer::No, 3, 0}};
-    for (const auto& row : rows) {
-        while (DuctCount < row.ducts) {
-            Add(kRigidColour);
-        }
-        Print(row.withData, row.copies);
-        const Lines log = printer.Log();
-        EXPECT_EQ(std::count(log.begin(), log.end(), "page"), row.pages);
-        EXPECT_EQ(std::count(log.begin(), log.end(), "end"), row.copies);
-        EXPECT_EQ(std::count(log.begin(), log.end(), "landscape"), row.copies);
+    EXPECT_EQ(printer.Log(), "");
+    const std::tuple<int, MessageAnswer, int, const char*> rows[] = {
+        {3, MessageAnswer::Yes, 1, "1|page1|end1|landscape"},
+        {4, MessageAnswer::Yes, 1, "2|page1|end1|landscape"},
+        {5, MessageAnswer::Yes, 2, "4|page2|end2|landscape"},
+        {5, MessageAnswer::No, 3, "0|page3|end3|landscape"}};
+    for (const auto& [ducts, withData, copies, counts] : rows) {
+        DuctCount = static_cast<std::int16_t>(ducts);
+        FitDucts();
+        EXPECT_EQ(Print(withData, copies), counts);
     }
     desktop.ExpectMessage(MessageAnswer::Yes);
     desktop.ExpectCancel();
     PrintShown(windows, printer);
-    EXPECT_TRUE(printer.Log().empty());
-    printer.FailsAtPage = 8; // the second of the first copy
-    Print(MessageAnswer::Yes, 3);
-    const Lines log = printer.Log();
-    EXPECT_EQ(log.back(), "kill");
-    EXPECT_EQ(std::count(log.begin(), log.end(), "end"), 0);
+    EXPECT_EQ(printer.Log(), "");
+    printer.FailsAtPage = 9; // the second of the first copy
+    EXPECT_EQ(Print(MessageAnswer::Yes, 3), "2|page0|end1|landscape");
+    EXPECT_TRUE(log.ends_with("|kill"));
 }
 
 TEST_F(PrintoutTest, LongOnesShowHowFarTheyAreAndCanBeCancelled) {
     int asked = 0;
     int cancelAt = 0;
-    ProgressRequest shown;
+    int steps = 0;
     Desktop().StartProgress = [&](const ProgressRequest& request) {
-        shown = request;
+        steps = request.Steps;
         return [&](int done) {
             EXPECT_EQ(done, ++asked);
             return done != cancelAt;
@@ -164,19 +88,51 @@ TEST_F(PrintoutTest, LongOnesShowHowFarTheyAreAndCanBeCancelled) {
     FitDucts();
     Print(MessageAnswer::Yes, 1); // 100 pages
     EXPECT_EQ(asked, 0);
-    Print(MessageAnswer::Yes, 2);
-    EXPECT_EQ(asked, 1600);
-    EXPECT_EQ(shown.Steps, 1600);
-    for (const int step : {100, 700, 1400}) { // in the network, in the data, in the second copy
-        printer.Log();
+    for (const int step : {1600, 100, 700, 1400}) { // all; in the network, in the data, in the second copy
         asked = 0;
-        cancelAt = step;
+        cancelAt = step == 1600 ? 0 : step;
         Print(MessageAnswer::Yes, 2);
-        const Lines log = printer.Log();
         EXPECT_EQ(asked, step);
-        EXPECT_EQ(log.back(), "kill");
-        EXPECT_EQ(std::count(log.begin(), log.end(), "end"), step / 800);
+        EXPECT_EQ(steps, 1600);
+        EXPECT_EQ(log.ends_with("|kill"), step < 1600);
+        EXPECT_EQ(log.find("|end") != log.npos, step > 800);
     }
+}
+
+// As the user reads numbers.
+TEST_F(PrintoutTest, CopyOfDuctsOrPath) {
+    ClipboardContent copied;
+    Desktop().Copy = [&](const ClipboardContent& content) { copied = content; };
+    CopyShown(windows);
+    EXPECT_TRUE(copied.Table.empty()) << "nothing is copied over what the clipboard had";
+    Add({.Colour = kRigidColour, .Length = 5000, .Width = 350, .LossPerMetre = 0.83, .Flow = 1250.5});
+    Add({.Colour = kConnectionColour, .ConnCoefficient = 0.5F, .Velocity = 5});
+    Add({.Colour = 7, .Height = 1E20});
+    SetNumberLocale({",", "."});
+    CopyShown(windows);
+    EXPECT_EQ(TabSeparated(copied.Table),
+              "Duct\tKind\tFlow (L/s)\tWidth (mm)\tHeight (mm)\tLength (mm)\tVelocity (m/s)\t"
+              "Pa/m Loss (Pa)\tEquiv. Round Duct (mm)\tConnection Coefficient\n"
+              "R1\tRigid\t1250,5\t350\t0\t5000\t0\t0,83\t0\t0\n"
+              "C2\tConnection\t0\t0\t0\t0\t5\t0\t0\t0,5\n"
+              "3\t\t0\t0\t1E+20\t0\t0\t0\t0\t0\n");
+    EXPECT_EQ(copied.Picture, &solver.picGrid);
+    EXPECT_NE(HtmlTable(copied.Table).find("<tr><td>R1</td><td>Rigid</td><td align=\"right\">1250,5</td>"),
+              std::string::npos);
+    EXPECT_EQ(HtmlTable({{"a<b>&"}}).find("a<b"), std::string::npos);
+    const std::string spreadsheet = SpreadsheetDocument(copied.Table);
+    EXPECT_EQ(spreadsheet.substr(14, 4), "\x85\x6C\x39\x8A"); // the sum over its kind
+    EXPECT_NE(spreadsheet.find("office:value=\"1250.5\"><text:p>1250,5</text:p>"), std::string::npos);
+    EXPECT_NE(spreadsheet.find("office:value-type=\"string\"><text:p>C2</text:p>"), std::string::npos);
+    desktop.ExpectMessage(MessageAnswer::Yes);
+    PathPressure(windows, "1,0,2");
+    desktop.ExpectMessage(MessageAnswer::No);
+    PathPressure(windows, "2"); // the plot on the grid is still that of the first path
+    CopyShown(windows);
+    EXPECT_EQ(TabSeparated(copied.Table),
+              "Position\tLabel\tLength (mm)\tPressure Drop (Pa)\tRunning Length (mm)\tRunning "
+              "Pressure (Pa)\n1\tR1\t5000\t4,15\t5000\t4,15\n2\t\t0\t0\t5000\t4,15\n"
+              "3\tC3\t0\t7,411875\t5000\t11,561875\n");
 }
 
 } // namespace

@@ -11,6 +11,13 @@
 
 namespace plenair {
 
+std::string InWords(const MessageRequest& request) {
+    const char* const buttons[] = {"Ok", "OkCancel", "", "YesNoCancel", "YesNo", "RetryCancel"};
+    const char* const icons[] = {"", " Critical", " Question", " Exclamation", " Information"};
+    return request.Title + ": " + request.Text + " [" + buttons[static_cast<int>(request.Buttons)] +
+           icons[static_cast<int>(request.Icon) / 16] + "]";
+}
+
 ScriptedDesktop::ScriptedDesktop() : m_folder(CurrentFolder()) {
     Desktop().AskByMessageBox = [this](const MessageRequest& request) {
         m_messages.push_back(request);

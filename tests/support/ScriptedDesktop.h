@@ -10,6 +10,9 @@
 
 namespace plenair {
 
+// "Title: Text [Buttons Icon]".
+std::string InWords(const MessageRequest& request);
+
 // Stands in for the desktop: answers messages, dialogs and input boxes from scripts, and notes all that
 // reaches it in one log. What the script doesn't expect fails the test and is cancelled; a leftover fails it
 // too. At the end the desktop, and the current folder, are what they were.
