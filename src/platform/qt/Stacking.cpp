@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QEvent>
-#include <QHash>
 #include <QPointer>
 #include <QWidget>
 #include <QWindow>
@@ -32,50 +31,12 @@ QWindow* HighestOn(QWindow* window) {
     return window;
 }
 
-class DialogWatcher : public QObject {
-  public:
-    explicit DialogWatcher(QObject* parent) : QObject(parent) {
-        connect(qApp, &QGuiApplication::focusWindowChanged, this, &DialogWatcher::KeyboardHasGoneTo);
-    }
-
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::KeyPress) {
-            m_returnTo = nullptr; // the user decides from here
-        }
-        auto* dialog = qobject_cast<QWidget*>(watched);
-        if (dialog == nullptr || !dialog->isModal() || !dialog->isWindow()) {
-            return false;
-        }
-        QWindow* const window = dialog->windowHandle();
-        if (event->type() == QEvent::Show) {
-            m_owners[dialog] = window->transientParent();
-            window->setTransientParent(HighestOn(window->transientParent()));
-        } else if (event->type() == QEvent::Hide) {
-            const QPointer<QWindow> owner = m_owners.take(dialog);
-            if (owner != nullptr && owner->isVisible()) {
-                m_returnTo = owner;
-                owner->requestActivate();
-            }
-        }
-        return false;
-    }
-
-  private:
-    // Some window managers give the keyboard of a dialog that is gone to the window that it stood on, after
-    // all that was asked for before. Asked for once more, they leave it.
-    void KeyboardHasGoneTo(const QWindow* window) {
-        if (window != nullptr && m_returnTo != nullptr && window != m_returnTo &&
-            window == HighestOn(m_returnTo)) {
-            const QPointer<QWindow> owner = std::exchange(m_returnTo, nullptr);
-            owner->requestActivate();
-        }
-    }
-
-    QHash<QWidget*, QPointer<QWindow>> m_owners; // of the dialogs that are shown
-    QPointer<QWindow> m_returnTo;                // where the keyboard belongs after the last one
-};
-
 #ifdef PLENAIR_XCB
+xcb_connection_t* Server() {
+    auto* x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
+    return x11 != nullptr ? x11->connection() : nullptr;
+}
+
 xcb_atom_t AtomOf(xcb_connection_t* connection, const char* name) {
     const auto length = static_cast<std::uint16_t>(std::strlen(name));
     auto* reply = xcb_intern_atom_reply(connection, xcb_intern_atom(connection, 0, length, name), nullptr);
@@ -85,6 +46,56 @@ xcb_atom_t AtomOf(xcb_connection_t* connection, const char* name) {
 }
 #endif
 
+// Window managers give the keyboard of a window that goes to the one for which it was transient. The toolkit
+// tells them which that is only when the window comes.
+void GoesBackTo(const QWindow& owner, const QWindow& dialog) {
+#ifdef PLENAIR_XCB
+    if (xcb_connection_t* const server = Server()) {
+        const auto id = static_cast<xcb_window_t>(owner.winId());
+        xcb_change_property(server, XCB_PROP_MODE_REPLACE, static_cast<xcb_window_t>(dialog.winId()),
+                            XCB_ATOM_WM_TRANSIENT_FOR, XCB_ATOM_WINDOW, 32, 1, &id);
+    }
+#else
+    static_cast<void>(owner);
+    static_cast<void>(dialog);
+#endif
+}
+
+class DialogWatcher : public QObject {
+  public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        auto* dialog = qobject_cast<QWidget*>(watched);
+        if (dialog != nullptr && dialog->isModal() && dialog->isWindow() && event->type() == QEvent::Show) {
+            StandAbove(*dialog->windowHandle());
+        }
+        return false;
+    }
+
+  private:
+    void StandAbove(QWindow& dialog) {
+        QWindow* const owner = dialog.transientParent();
+        QWindow* const highest = HighestOn(owner);
+        if (highest == owner) {
+            return;
+        }
+        dialog.setTransientParent(highest);
+        // A dialog that is shown again finds the sheet anew.
+        auto* const untilHidden = new QObject(this);
+        const auto goBack = [=, window = &dialog, owner = QPointer<QWindow>(owner)](bool isVisible) {
+            if (!isVisible) {
+                untilHidden->deleteLater();
+                if (owner != nullptr) {
+                    GoesBackTo(*owner, *window);
+                    window->setTransientParent(owner);
+                }
+            }
+        };
+        connect(&dialog, &QWindow::visibleChanged, untilHidden, goBack);
+    }
+};
+
 } // namespace
 
 void KeepDialogsAbove() {
@@ -93,12 +104,11 @@ void KeepDialogsAbove() {
 
 void KeepOffTaskBar(QWindow& window) {
 #ifdef PLENAIR_XCB
-    auto* x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (xcb_connection_t* const connection = x11 != nullptr ? x11->connection() : nullptr) {
+    if (xcb_connection_t* const server = Server()) {
         // The toolkit keeps what stands in the property when it adds its own.
-        const xcb_atom_t skip = AtomOf(connection, "_NET_WM_STATE_SKIP_TASKBAR");
-        xcb_change_property(connection, XCB_PROP_MODE_APPEND, static_cast<xcb_window_t>(window.winId()),
-                            AtomOf(connection, "_NET_WM_STATE"), XCB_ATOM_ATOM, 32, 1, &skip);
+        const xcb_atom_t skip = AtomOf(server, "_NET_WM_STATE_SKIP_TASKBAR");
+        xcb_change_property(server, XCB_PROP_MODE_APPEND, static_cast<xcb_window_t>(window.winId()),
+                            AtomOf(server, "_NET_WM_STATE"), XCB_ATOM_ATOM, 32, 1, &skip);
     }
 #else
     static_cast<void>(window);
