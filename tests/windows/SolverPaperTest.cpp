@@ -2,6 +2,7 @@
 #include "platform/qt/PrintDialog.h"
 #include "windows/SolverTest.h"
 
+#include <QDialogButtonBox>
 #include <QPrinter>
 #include <QProcess>
 
@@ -140,7 +141,7 @@ TEST_F(SolverPaper, TheDialogRefusesWhatIsNoFile) {
             desktop.ExpectMessage(MessageAnswer::Ok);
         }
         dialog.show();
-        dialog.accept();
+        emit dialog.findChild<QDialogButtonBox*>()->accepted();
         EXPECT_EQ(dialog.result() == QDialog::Rejected, refused) << name;
     }
     dialogsExpected = false;

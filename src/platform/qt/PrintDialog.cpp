@@ -8,8 +8,10 @@
 #include "platform/qt/QtText.h"
 
 #include <QAbstractPrintDialog>
+#include <QDialogButtonBox>
 #include <QFileInfo>
 #include <QLineEdit>
+#include <QMetaObject>
 #include <QPrinter>
 #include <QWidget>
 
@@ -25,22 +27,32 @@ PrintDialog::PrintDialog(QPrinter* printer, int flags) : QPrintDialog(printer, W
     if (ranges != nullptr && !testOption(QAbstractPrintDialog::PrintPageRange)) {
         ranges->setEnabled(false);
     }
+    // The toolkit's own answer to the button for printing: it looks at the file, and then accepts.
+    auto* const buttons = findChild<QDialogButtonBox*>();
+    if (buttons != nullptr && disconnect(buttons, SIGNAL(accepted()), this, SLOT(_q_checkFields()))) {
+        connect(buttons, &QDialogButtonBox::accepted, this, [this] {
+            if (CanPrintTo()) {
+                QMetaObject::invokeMethod(this, "_q_checkFields");
+            }
+        });
+    }
 }
 
-void PrintDialog::accept() {
+bool PrintDialog::CanPrintTo() {
     auto* const file = findChild<QLineEdit*>("filename");
-    if (file != nullptr && file->isEnabled()) { // not on a real printer
-        try {
-            const ReplacementFile trial(FromQt(file->text()));
-            if (!QFileInfo::exists(file->text())) {
-                file->setText(ToQt(trial.Target().string()));
-            }
-        } catch (const FileFailure& failure) {
-            ShowMessage({failure.what(), "Print", MessageButtons::Ok, MessageIcon::Exclamation});
-            return;
-        }
+    if (file == nullptr || !file->isEnabled()) {
+        return true;
     }
-    QPrintDialog::accept();
+    try {
+        const ReplacementFile trial(FromQt(file->text()));
+        if (!QFileInfo::exists(file->text())) {
+            file->setText(ToQt(trial.Target().string()));
+        }
+        return true;
+    } catch (const FileFailure& failure) {
+        ShowMessage({failure.what(), "Print", MessageButtons::Ok, MessageIcon::Exclamation});
+        return false;
+    }
 }
 
 } // namespace plenair

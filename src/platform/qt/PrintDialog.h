@@ -16,7 +16,9 @@ class PrintDialog : public QPrintDialog {
     // `flags`: of kPrinterNoSelection and kPrinterNoPageNumbers.
     PrintDialog(QPrinter* printer, int flags);
 
-    void accept() override;
+  private:
+    // Whether the file can be written; tells the user if it can't. True for a real printer.
+    bool CanPrintTo();
 };
 
 } // namespace plenair
