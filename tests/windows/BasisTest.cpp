@@ -1,10 +1,8 @@
-#include "windows/WindowTest.h"
-
 #include "lite/CalculationLog.h"
+#include "windows/WindowTest.h"
 
 #include <QPixmap>
 
-namespace plenair {
 namespace {
 
 class Basis : public WindowTest {
@@ -12,12 +10,12 @@ class Basis : public WindowTest {
     void SetUp() override { Start(); }
 
     // Where Tab goes from here until it comes back.
-    std::string TabOrder() const {
-        Press(Qt::Key_H, Qt::AltModifier);
+    std::string TabOrder() {
+        Play("Alt+H");
         std::string order;
         do {
             order += Focused() + " ";
-            Press(Qt::Key_Tab);
+            Play("Tab");
         } while (Focused() != "txtInputB" && order.size() < 200);
         return order;
     }
@@ -26,100 +24,74 @@ class Basis : public WindowTest {
 TEST_F(Basis, ASelectionMovesBoxesCaptionAndFocus) {
     Unfold();
     FillTable();
-    Click("optCalcBasis(0)");
-    EXPECT_EQ(Focused(), "txtInputA") << "the option that is on does nothing";
-    EXPECT_EQ(Table(), FilledTable);
-    for (int basis = 1; basis <= 4; ++basis) {
-        SCOPED_TRACE(basis);
-        FillTable();
-        Click("optCalcBasis(" + std::to_string(basis) + ")");
-        EXPECT_EQ(Settings.CalcBasis, basis);
-        std::string enabled;
-        for (const char* index : {"0", "1", "2", "3", "4", "9"}) {
-            enabled += Box("txtCalcBasis(" + std::string(index) + ")").isEnabled() ? index : "";
-        }
-        EXPECT_EQ(enabled, basis == 2 ? "29" : std::to_string(basis));
-        EXPECT_EQ(Find<Label>("lblInputA").text(), basis < 3 ? "Flow &Rate (L/s)" : "&Width (mm)");
-        EXPECT_TRUE(HasFocusSelected("txtCalcBasis(" + std::to_string(basis) + ")"));
-        EXPECT_EQ(Text("txtInputA") + Text("txtInputB"), "500300");
-        EXPECT_TRUE(IsBlank()) << "the box blanks them as it gets the focus";
+    Play("@optCalcBasis(0) | focus: txtInputA; table: " + FilledTable); // the option that is on does nothing
+    const char* const boxes[] = {"txtCalcBasis(0) ", "txtCalcBasis(1) ", "txtCalcBasis(2) txtCalcBasis(9) ",
+                                 "txtCalcBasis(3) ", "txtCalcBasis(4) "};
+    for (const char basis : {'1', '2', '3', '4'}) {
+        const std::string index = "(" + std::string(1, basis) + ")";
         Click("optCalcBasis(0)");
-        EXPECT_TRUE(HasFocusSelected("txtCalcBasis(0)"));
+        FillTable();
+        Play("@optCalcBasis" + index + " | basis: " + basis + "; table: blank; text lblInputA: " +
+             (basis == '3' || basis == '4' ? "&Width (mm)" : "Flow &Rate (L/s)") +
+             "; text txtInputA: 500; text txtInputB: 300; selected: txtCalcBasis" + index + " " +
+             Text("txtCalcBasis" + index));
+        EXPECT_EQ(TabOrder(), std::string("txtInputB txtInputA ") + boxes[basis - '0']);
+        std::string enabled;
+        for (const std::string box : {"0", "1", "2", "9", "3", "4"}) {
+            const std::string name = "txtCalcBasis(" + box + ")";
+            enabled += Box(name).isEnabled() ? name + " " : "";
+        }
+        EXPECT_EQ(enabled, boxes[basis - '0']);
     }
+    Play("@optCalcBasis(0) | selected: txtCalcBasis(0) 0.8");
+    EXPECT_EQ(TabOrder(), std::string("txtInputB txtInputA ") + boxes[0]);
+    Unfold();
+    EXPECT_EQ(TabOrder(), "txtInputB txtInputA ");
+    Play("Shift+Tab | focus: txtInputA");
 }
 
 TEST_F(Basis, AccessKeysSelectReachAndRecord) {
-    const std::pair<int, int> rows[] = {{Qt::Key_V, 1}, {Qt::Key_C, 2}, {Qt::Key_P, 0}, {Qt::Key_A, 3},
-                                        {Qt::Key_A, 4}, {Qt::Key_A, 3}, {Qt::Key_V, 1}, {Qt::Key_A, 3}};
-    Press(Qt::Key_R, Qt::AltModifier);
-    EXPECT_EQ(Focused(), "txtInputA");
-    Press(Qt::Key_H, Qt::AltModifier);
-    EXPECT_EQ(Focused(), "txtInputB");
-    for (const bool unfolded : {false, true}) {
-        for (const auto& [key, basis] : rows) {
-            Press(key, Qt::AltModifier);
-            EXPECT_EQ(Settings.CalcBasis, basis);
-            EXPECT_EQ(Focused(), "txtCalcBasis(" + std::to_string(basis) + ")")
-                << "also below the edge of the folded window, " << unfolded;
-        }
-        Press(Qt::Key_R, Qt::AltModifier);
-        EXPECT_EQ(Focused(), "txtCalcBasis(3)") << "the caption is another one now";
-        Press(Qt::Key_W, Qt::AltModifier);
-        EXPECT_EQ(Focused(), "txtInputA");
-        Unfold();
+    Play("Alt+R | focus: txtInputA\nAlt+H | focus: txtInputB");
+    for (int folded = 0; folded < 2; ++folded) { // also below the edge of the folded window
+        Play(R"(Alt+V | basis: 1; focus: txtCalcBasis(1)
+            Alt+C | basis: 2; focus: txtCalcBasis(2)
+            Alt+P | basis: 0; focus: txtCalcBasis(0)
+            Alt+A | basis: 3; focus: txtCalcBasis(3)
+            Alt+A | basis: 4; focus: txtCalcBasis(4)
+            Alt+V Alt+A | basis: 3; focus: txtCalcBasis(3)
+            Alt+R | focus: txtCalcBasis(3)
+            Alt+W | focus: txtInputA
+            @cmdMoreInfo)");
     }
-    Press(Qt::Key_P, Qt::AltModifier);
+    Play("Alt+P");
     FillTable();
     std::string recorded;
-    for (int row = 0; row < 5; ++row) {
-        Press(Qt::Key_1 + row, Qt::AltModifier);
-        Click("cmdLog(" + std::to_string(row) + ")");
-    }
+    Play("Alt+1 @cmdLog(0) Alt+2 @cmdLog(1) Alt+3 @cmdLog(2) Alt+4 @cmdLog(3) Alt+5 @cmdLog(4) | text "
+         "txtInputA: 500");
     for (std::int16_t record = 0; record < LogCount; ++record) {
-        recorded += std::to_string(int(LogRows[static_cast<std::size_t>(record)].Height)) + " ";
+        recorded += ShortestText(LogRows[static_cast<std::size_t>(record)].Height) + " ";
     }
     EXPECT_EQ(recorded, "250 250 275 275 300 300 325 325 350 350 ");
-    EXPECT_EQ(Text("txtInputA"), "500") << "Alt+1 types nothing";
 }
 
 TEST_F(Basis, FoldingShowsAndHidesThePanel) {
     const int folded = Window().height();
-    const auto caption = [this] { return Find<Button>("cmdMoreInfo").text(); };
-    EXPECT_EQ(caption(), "&More");
-    for (const bool byKey : {false, true}) {
-        for (const bool less : {true, false}) {
-            Press(Qt::Key_H, Qt::AltModifier);
-            byKey ? Press(less ? Qt::Key_M : Qt::Key_L, Qt::AltModifier) : Click("cmdMoreInfo");
-            EXPECT_EQ(caption(), less ? "&Less" : "&More");
-            EXPECT_EQ(Window().height() - folded, less ? 140 : 0) << "2100 twips";
-            EXPECT_EQ(Focused(), "txtInputA");
+    for (const char* more : {"@cmdMoreInfo", "Alt+M"}) {
+        for (const bool shown : {true, false}) {
+            Play(std::string("Alt+H ") + (*more == 'A' && !shown ? "Alt+L" : more) +
+                 " | focus: txtInputA; text cmdMoreInfo: " + (shown ? "&Less" : "&More"));
+            EXPECT_EQ(Window().height() - folded, shown ? 140 : 0) << "2100 twips";
             for (const char* control : {"lblCalcBasis", "optCalcBasis(4)", "txtCalcBasis(4)"}) {
-                const QWidget& panel = Find<QWidget>(control);
-                EXPECT_EQ(panel.visibleRegion().boundingRect(), less ? panel.rect() : QRect()) << control;
+                const QWidget& panel = Find(control);
+                EXPECT_EQ(panel.visibleRegion().boundingRect(), shown ? panel.rect() : QRect()) << control;
             }
         }
     }
-    Press(Qt::Key_L, Qt::AltModifier);
-    EXPECT_EQ(Window().height(), folded) << "the caption is &More";
-}
-
-TEST_F(Basis, TabGoesThroughInputsAndTheBoxesOfTheBasis) {
-    EXPECT_EQ(TabOrder(), "txtInputB txtInputA ");
-    Unfold();
-    const char* const boxes[] = {"txtCalcBasis(0) ", "txtCalcBasis(1) ", "txtCalcBasis(2) txtCalcBasis(9) ",
-                                 "txtCalcBasis(3) ", "txtCalcBasis(4) "};
-    for (int basis = 4; basis >= 0; --basis) {
-        Click("optCalcBasis(" + std::to_string(basis) + ")");
-        EXPECT_EQ(TabOrder(), std::string("txtInputB txtInputA ") + boxes[basis]);
-    }
-    Unfold();
-    EXPECT_EQ(TabOrder(), "txtInputB txtInputA ");
-    Press(Qt::Key_Backtab, Qt::ShiftModifier);
-    EXPECT_EQ(Focused(), "txtInputA");
+    Play("Alt+L | text cmdMoreInfo: &More"); // the caption is another one now
 }
 
 TEST_F(Basis, ResultsArePainted) {
-    const auto picture = [this](const char* grid) { return Find<QWidget>(grid).grab().toImage(); };
+    const auto picture = [this](const char* grid) { return Find(grid).grab().toImage(); };
     const QImage blank = picture("grdMinorCalc");
     const QImage blankRound = picture("grdOtherShapes");
     const auto& lamp = Find<Label>("lblRatio(4)");
@@ -135,4 +107,3 @@ TEST_F(Basis, ResultsArePainted) {
 }
 
 } // namespace
-} // namespace plenair

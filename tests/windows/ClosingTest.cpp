@@ -1,7 +1,7 @@
 #include "core/windows/frmInputs.h"
 #include "extras/windows/frmAbout.h"
 #include "platform/qt/MessageBoxes.h"
-#include "windows/SolverTest.h"
+#include "windows/WindowTest.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -63,7 +63,7 @@ class Closing : public SolverTest {
 TEST_F(Closing, ASolvedProjectTwiceInARowOrWithItsSheet) {
     const auto solver = [this] { Solver().close(); };
     const auto sheet = [this] { Sheet().close(); };
-    const auto button = [this] { Get<Button>("cmdClose").click(); };
+    const auto button = [this] { Find<Button>("cmdClose").click(); };
     for (const auto& [first, second] :
          {std::pair<Step, Step>(solver, solver), {solver, sheet}, {sheet, solver}, {button, button}}) {
         OpenSheetOfTheDesktop();
@@ -110,9 +110,9 @@ TEST_F(Closing, TheAboutBoxTwiceAndTheOptionsNever) {
 TEST_F(Closing, ByTheEndOfTheSessionAsksNothing) {
     const auto quit = [] { QApplication::quit(); };
     const Step waits[] = {
-        [this] { Get<Button>("cmdClose").click(); },
-        [this] { Get<Button>("cmdClearGrid(2)").click(); },
-        [this] { Get<Button>("cmdMajorOptions").click(); },
+        [this] { Find<Button>("cmdClose").click(); },
+        [this] { Find<Button>("cmdClearGrid(2)").click(); },
+        [this] { Find<Button>("cmdMajorOptions").click(); },
         [] {},
     };
     for (const Step& wait : waits) {

@@ -100,7 +100,7 @@ TEST_F(Options, OkStoresSavesAndRefreshesTheWindow) {
     EXPECT_EQ(Settings.RoundOff, 24) << "halves to even";
     EXPECT_EQ(BasisTexts(), "1,5 6 1,5 1000 4,4 6 ");
     EXPECT_TRUE(Find<Option>("optCalcBasis(2)").isChecked());
-    EXPECT_TRUE(HasFocusSelected("txtInputA"));
+    EXPECT_EQ(Ask("selected"), "txtInputA 500");
 }
 
 TEST_F(Options, OkThatChangesOnlyTheBasisBlanksTheTable) {
@@ -111,7 +111,7 @@ TEST_F(Options, OkThatChangesOnlyTheBasisBlanksTheTable) {
     WithOptions([this] { ClickOption("cmdOK"); });
     EXPECT_TRUE(Find<Option>("optCalcBasis(0)").isChecked()) << "that of the file";
     EXPECT_TRUE(IsBlank());
-    EXPECT_TRUE(HasFocusSelected("txtInputA"));
+    EXPECT_EQ(Ask("selected"), "txtInputA 500");
 }
 
 TEST_F(Options, CancelWritesAndRestoresNothing) {

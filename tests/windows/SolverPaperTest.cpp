@@ -1,6 +1,6 @@
 #include "platform/qt/DesktopPrinter.h"
 #include "platform/qt/PrintDialog.h"
-#include "windows/SolverTest.h"
+#include "windows/WindowTest.h"
 
 #include <QDialogButtonBox>
 #include <QPrinter>
@@ -67,7 +67,7 @@ class SolverPaper : public SolverTest {
         desktop.ExpectMessage(withData);
         desktop.ExpectPrinter(copies);
         PrintToFile(File(name));
-        ClickOn("cmdPrintGus");
+        Click("cmdPrintGus");
     }
 
     auto FilesIn() const {
@@ -78,14 +78,14 @@ class SolverPaper : public SolverTest {
 
 TEST_F(SolverPaper, NetworkAndDataOfDucts) {
     OpenSolver();
-    ClickGrid(10, 15);
-    ClickGrid(30, 15);
-    ClickGrid(30, 6);
-    ClickOn("optDuct(1)");
-    ClickGrid(10, 6);
-    ClickOn("optDuct(2)");
-    ClickGrid(10, 3);
-    ClickGrid(20, 3);
+    Play("#10,15");
+    Play("#30,15");
+    Play("#30,6");
+    Click("optDuct(1)");
+    Play("#10,6");
+    Click("optDuct(2)");
+    Play("#10,3");
+    Play("#20,3");
     Ducts[3].Length = 2500.5;
     Ducts[5].ConnCoefficient = 0.7F;
     Print("plant.pdf", MessageAnswer::Yes, 1);
@@ -120,7 +120,7 @@ TEST_F(SolverPaper, CopiesAreFilesOfTheirOwn) {
     const auto before = FilesIn();
     desktop.ExpectMessage(MessageAnswer::Yes);
     desktop.ExpectCancel();
-    ClickOn("cmdPrintGus");
+    Click("cmdPrintGus");
     Print("no/such/folder.pdf", MessageAnswer::Yes, 2); // ends without a word
     EXPECT_EQ(FilesIn(), before);
     Print("plant.pdf", MessageAnswer::Cancel, 1);
@@ -160,14 +160,14 @@ TEST_F(SolverPaper, PlotOfAPath) {
     Ducts[2].Velocity = std::sqrt(8 / 1.1859);
     Ducts[3].Length = 2000;
     Ducts[3].LossPerMetre = 1;
-    Get("cmdCalcPressure").show();
+    Find("cmdCalcPressure").show();
     desktop.ExpectInput("1,2,3");
     desktop.ExpectMessage(MessageAnswer::Yes);
-    ClickOn("cmdCalcPressure");
+    Click("cmdCalcPressure");
     EXPECT_GT(Count(Grid(), "#ffff00", 0.05 + 0.9 * 0.75, 0.05 + 0.9 * 0.6), 6);
     desktop.ExpectPrinter(1);
     PrintToFile(File("plot.pdf"));
-    ClickOn("cmdPrintGus"); // without a question
+    Click("cmdPrintGus"); // without a question
     EXPECT_EQ(Pages("plot.pdf"), "L");
     const QImage page = Picture("plot.pdf");
     const auto count = [&](const char* colour, double x, double y) {

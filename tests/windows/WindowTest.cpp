@@ -1,9 +1,8 @@
 #include "windows/WindowTest.h"
-
 #include "core/SettingsFile.h"
 #include "core/start/Main.h"
 
-#include <QApplication>
+#include <QKeySequence>
 #include <QMenu>
 #include <QMenuBar>
 #include <QWindow>
@@ -26,25 +25,55 @@ std::string Joined(const MSFlexGrid& grid, int row) {
     return joined;
 }
 
+std::string FlowsOfDucts() {
+    std::string flows;
+    for (int number = 1; number <= DuctCount; ++number) {
+        flows += (number == 1 ? "" : " ") + ShortestText(Duct(number).Flow);
+    }
+    return flows;
+}
+
+// The ducts in the crossings of the grid lines, as in "R 1,1-2,1 F 2,1-2,3".
+std::string Network() {
+    std::ostringstream all;
+    for (int number = 1; number <= DuctCount; ++number) {
+        const DuctRecord& duct = Duct(number);
+        all << (number == 1 ? "" : " ") << TypeLetter(duct.Colour) << ' '
+            << std::lround(duct.StartX * kCellsAcross) << ',' << std::lround(duct.StartY * kCellsDown) << '-'
+            << std::lround(duct.EndX * kCellsAcross) << ',' << std::lround(duct.EndY * kCellsDown);
+    }
+    return all.str();
+}
+
 } // namespace
 
 void Press(int key, Qt::KeyboardModifiers modifiers) {
     QTest::keyClick(ActiveWindow(), static_cast<Qt::Key>(key), modifiers);
 }
 
-void Type(const char* text) {
-    for (; *text != '\0'; ++text) {
-        QTest::keyClick(ActiveWindow(), *text);
+void Type(const std::string& text) {
+    for (const char character : text) {
+        QTest::keyClick(ActiveWindow(), character);
     }
 }
 
-void ClickOn(QWidget* control) {
-    if (!control->visibleRegion().contains(control->rect().center())) {
-        ADD_FAILURE() << control->objectName().toStdString() << " can't be seen";
+void ClickAt(QWidget& control, QPoint place, Qt::MouseButton button) {
+    if (!control.visibleRegion().contains(place)) {
+        ADD_FAILURE() << control.objectName().toStdString() << " can't be seen";
         return;
     }
-    QTest::mouseClick(control->window()->windowHandle(), Qt::LeftButton, {},
-                      control->mapTo(control->window(), control->rect().center()));
+    QWidget* const window = control.window();
+    const QPoint inWindow = control.mapTo(window, place);
+    QTest::mousePress(window->windowHandle(), button, {}, inWindow);
+    if (!window->isActiveWindow()) {
+        window->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window));
+    }
+    QTest::mouseRelease(window->windowHandle(), button, {}, inWindow);
+}
+
+void ClickOn(QWidget* control) {
+    ClickAt(*control, control->rect().center());
 }
 
 std::string Focused() {
@@ -56,11 +85,6 @@ WindowTest::WindowTest() {
     dialogsExpected = false;
     m_environment.NoteReminder();
     WriteSettingsFile(Settings);
-}
-
-WindowTest::~WindowTest() {
-    Unload();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 void WindowTest::WriteSettingsFile(const SettingsRecord& settings) const {
@@ -75,13 +99,130 @@ void WindowTest::Start() {
     QCoreApplication::processEvents();
 }
 
-frmMinorCalc& WindowTest::Window() const {
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (auto* lite = qobject_cast<frmMinorCalc*>(window)) {
-            return *lite;
+void WindowTest::EndProgram() {
+    Unload();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+void WindowTest::Play(const std::string& script) {
+    std::istringstream lines(script);
+    for (std::string line; std::getline(lines, line);) {
+        SCOPED_TRACE(line);
+        const std::size_t bar = std::min(line.find('|'), line.size());
+        std::istringstream steps(line.substr(0, bar));
+        for (std::string step; steps >> step;) {
+            Do(step);
+        }
+        for (std::size_t at = bar + 2; at < line.size();) {
+            const std::size_t end = std::min(line.find("; ", at), line.size());
+            const std::size_t colon = line.find(": ", at);
+            const std::string question = line.substr(at, colon - at);
+            EXPECT_EQ(Ask(question), line.substr(colon + 2, end - colon - 2)) << question;
+            at = end + 2;
         }
     }
-    throw std::runtime_error("no Lite window");
+}
+
+void WindowTest::Do(const std::string& step) {
+    static const std::map<std::string, MessageAnswer> s_answers = {{"?Ok", MessageAnswer::Ok},
+                                                                   {"?Cancel", MessageAnswer::Cancel},
+                                                                   {"?Yes", MessageAnswer::Yes},
+                                                                   {"?No", MessageAnswer::No}};
+    const std::string rest = step.substr(1);
+    const std::size_t equals = step.find('=');
+    const std::size_t angle = step.find('>');
+    if (step == "@next" || step == "@back") {
+        QWidget& bar = Find("scrDuctNo");
+        ClickAt(bar, step == "@next" ? bar.rect().bottomRight() - QPoint(4, 4) : QPoint(4, 4));
+    } else if (step[0] == '@') {
+        Click(rest);
+    } else if (step[0] == '#') {
+        QWidget& grid = Find("picGrid");
+        const bool byMiddle = rest[0] == 'm';
+        int column = 9;
+        int row = 9;
+        std::sscanf(rest.c_str() + (byMiddle ? 1 : 0), "%d,%d", &column, &row);
+        ClickAt(grid, {column * grid.width() / kCellsAcross + 3, row * grid.height() / kCellsDown + 4},
+                byMiddle      ? Qt::MiddleButton
+                : rest == "r" ? Qt::RightButton
+                              : Qt::LeftButton);
+    } else if (s_answers.contains(step)) {
+        desktop.ExpectMessage(s_answers.at(step));
+    } else if (step == "?-") {
+        desktop.ExpectCancel();
+    } else if (step.starts_with("?=")) {
+        desktop.ExpectFile(File(step.substr(2)));
+    } else if (step.starts_with("?<")) {
+        desktop.ExpectInput(step.substr(2));
+    } else if (angle != step.npos) {
+        ChooseFromMenu(step.substr(0, angle), step.substr(angle + 1));
+    } else if (equals != step.npos) {
+        Enter(step.substr(0, equals), step.substr(equals + 1));
+    } else if (step.find('+') != step.npos || (rest != "" && std::isupper(step[0]) != 0)) {
+        const QKeyCombination keys = QKeySequence(QString::fromStdString(step))[0];
+        Press(keys.key(), keys.keyboardModifiers());
+    } else {
+        Type(step);
+    }
+}
+
+std::string WindowTest::Ask(const std::string& question) const {
+    const std::string asked = question.substr(0, question.find(' '));
+    const std::string name = question.substr(std::min(asked.size() + 1, question.size()));
+    if (asked == "focus") {
+        return Focused();
+    }
+    if (asked == "selected") { // in the box that has the focus
+        const auto* box = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+        return Focused() + " " + (box != nullptr ? box->selectedText().toStdString() : "");
+    }
+    if (asked == "table") {
+        return IsBlank() ? "blank" : Table();
+    }
+    if (asked == "row") {
+        return Row(std::stoi(name));
+    }
+    if (asked == "round") {
+        return RoundDuct();
+    }
+    if (asked == "basis") {
+        return std::to_string(Settings.CalcBasis);
+    }
+    if (asked == "flows") {
+        return FlowsOfDucts();
+    }
+    if (asked == "network") {
+        return Network();
+    }
+    if (asked == "state") { // + where the pressures can be asked for: "100 200 plant.gsp solved+, F2 200"
+        const std::string duct = Ask("duct");
+        return FlowsOfDucts() + " " + ProjectName + (Solved != kFlagClear ? " solved" : "") +
+               (Find("cmdCalcPressure").isVisible() ? "+" : "") + ", " + duct.substr(0, duct.find(' ')) +
+               " " + Text("txtParam(1)");
+    }
+    if (asked == "log") { // what reached the desktop
+        std::string log;
+        for (const std::string& entry : desktop.Log) {
+            log += (log.empty() ? "" : ", ") + entry;
+        }
+        return log;
+    }
+    if (asked == "duct") { // the caption of the sheet and its colour, as in "R3 #ff0000"
+        const auto& label = Find<Label>("lblDuctNo");
+        return (label.text() + " " + label.palette().color(QPalette::WindowText).name()).toStdString();
+    }
+    if (asked == "sheet" || asked == "looks") { // a letter for each box: open on white o, locked on white L,
+        std::string all;                        // without white l
+        for (int number = 1; number <= 8; ++number) {
+            const TextBox& box = Box("txtParam(" + std::to_string(number) + ")");
+            const bool white = box.palette().color(QPalette::Base) == Qt::white;
+            all += asked == "sheet"   ? (number == 1 ? "" : " ") + box.Text()
+                   : box.isReadOnly() ? std::string(white ? "L" : "l")
+                                      : std::string(white ? "o" : "!");
+        }
+        return all;
+    }
+    return Find(name).property(asked.c_str()).toString().toStdString();
 }
 
 void WindowTest::ChooseFromMenu(const std::string& menu, const std::string& entry) const {
@@ -93,17 +234,14 @@ void WindowTest::ChooseFromMenu(const std::string& menu, const std::string& entr
                       opened.actionGeometry(&Find<QAction>(entry)).center());
 }
 
-void WindowTest::Enter(const std::string& box, const char* text) const {
+void WindowTest::Enter(const std::string& box, const std::string& text) const {
     Click(box);
     Box(box).SelectAll();
-    *text == '\0' ? Press(Qt::Key_Backspace) : Type(text);
+    text.empty() ? Press(Qt::Key_Backspace) : Type(text);
 }
 
-void WindowTest::FillTable() const {
-    Enter("txtInputB", "300");
-    Enter("txtInputA", "500");
-    Press(Qt::Key_Return);
-    EXPECT_EQ(Table(), FilledTable);
+void WindowTest::FillTable() {
+    Play("txtInputB=300 txtInputA=500 Return | table: " + FilledTable);
 }
 
 std::string WindowTest::Row(int row) const {
@@ -139,10 +277,35 @@ std::string WindowTest::BasisTexts() const {
     return texts;
 }
 
-testing::AssertionResult WindowTest::HasFocusSelected(const std::string& box) const {
-    const bool selected = Focused() == box && Box(box).selectedText() == Box(box).text();
-    return testing::AssertionResult(selected)
-           << "the focus is in " << Focused() << ", selected is " << Box(box).selectedText().toStdString();
+void SolverTest::OpenSolver() {
+    Start();
+    ChooseFromMenu("mnuFile", "mnuFileMajor");
+    m_solver = FindWindow<frmMajorCalc>();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(m_solver));
+    QCoreApplication::processEvents();
+    desktop.Log.clear();
+}
+
+void SolverTest::DrawRow(const std::string& types) {
+    int column = 1;
+    Play("#1,3");
+    for (const char type : types) {
+        Click("optDuct(" + std::to_string(std::string("RFC").find(type)) + ")");
+        Play("#" + std::to_string(++column) + ",3");
+    }
+    Play("#r");
+}
+
+void SolverTest::OpenSheet(const std::string& types) {
+    OpenSolver();
+    DrawRow(types);
+    Click("chkParam");
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&Sheet()));
+}
+
+void SolverTest::EnterBox(int box, const std::string& text) const {
+    Enter("txtParam(" + std::to_string(box) + ")", text);
+    EXPECT_TRUE(SheetBox(box).Text() == text || SheetBox(box).isReadOnly());
 }
 
 } // namespace plenair
