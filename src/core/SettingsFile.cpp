@@ -43,6 +43,9 @@ void ReadSettings(const std::string& path) {
     ItemReader file(path, Quotes::Doubled);
     Settings.DefPath = file.ReadText();
     Settings.CalcBasis = ReadWholeNumber(file);
+    if (Settings.CalcBasis < 0 || Settings.CalcBasis > 4) {
+        Settings.CalcBasis = 0; // there is no such basis, and every window must agree which counts instead
+    }
     Settings.MaxLPM = ReadNumber(file);
     Settings.MaxVelocity = ReadNumber(file);
     Settings.Analysis = ReadNumber(file);

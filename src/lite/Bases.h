@@ -12,11 +12,6 @@ namespace plenair {
 enum class Basis : std::int16_t { LossPerMetre, Velocity, Capped, AnalyseFlow, AnalyseVelocity };
 constexpr int kBases = 5;
 
-// Whether there is such a basis: a settings file can name others.
-constexpr bool IsBasis(int index) {
-    return index >= 0 && index < kBases;
-}
-
 // An analysis works on a duct that is given, and txtInputA holds its width; the others size one for a flow.
 constexpr bool IsAnalysis(int index) {
     return index == static_cast<int>(Basis::AnalyseFlow) || index == static_cast<int>(Basis::AnalyseVelocity);

@@ -124,12 +124,20 @@ void DesktopTest::Keys(const std::string& chords) {
     }
 }
 
-void DesktopTest::KeysOfTheDesktop(const std::string& chords) {
-    Note("keys " + chords);
-    std::istringstream words(chords);
-    for (std::string chord; words >> chord;) {
-        TheScreen().Chord(chord);
-    }
+void DesktopTest::SwitchTo(const std::string& window) {
+    int asked = 0;
+    AwaitThat("Alt+Tab leads to " + window, [&] {
+        // Once more where the window manager took so quick a hand for a slip.
+        if (asked++ % 100 == 0) {
+            TheScreen().Key("Alt_L", true);
+            TheScreen().Key("Tab", true);
+            TheScreen().AwaitManager();
+            TheScreen().Key("Tab", false);
+            TheScreen().Key("Alt_L", false);
+            TheScreen().AwaitManager();
+        }
+        return Ask("active") == window;
+    });
 }
 
 void DesktopTest::Type(const std::string& text) {

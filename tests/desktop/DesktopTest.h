@@ -35,8 +35,8 @@ class DesktopTest : public testing::Test {
     void Keys(const std::string& chords);
     void Type(const std::string& text);
 
-    // Keys that the window manager keeps for itself.
-    void KeysOfTheDesktop(const std::string& chords);
+    // Alt+Tab, which the window manager keeps for itself, to where this window has the keyboard.
+    void SwitchTo(const std::string& window);
 
     // A click in the middle of a control, menu entry or button of a message, by its name or caption; or at a
     // place in it, from its top left corner, from the far edges if negative.

@@ -1,3 +1,5 @@
+#include "core/Settings.h"
+#include "core/SettingsFile.h"
 #include "desktop/DesktopTest.h"
 
 #include <filesystem>
@@ -194,6 +196,99 @@ TEST_F(Focus, UpAndDownStepOnceAtTheRelease) {
         EXPECT_EQ(Ask("selected"), "txtInputB " + height);
     }
     EXPECT_EQ(Ask("table grdMinorCalc"), kTable);
+}
+
+TEST_F(Focus, AltTabComesBackToTheSheetAtItsDuct) {
+    OpenProject("100 50 25");
+    ShowSheet();
+    ClickAt("scrDuctNo", -4, 6);
+    Await("value scrDuctNo", "2");
+    TheScreen().OpenOther();
+    Await("active", "none");
+    SwitchTo("frmMajorParam");
+    EXPECT_EQ(Ask("value scrDuctNo"), "2");
+    TheScreen().CloseOther();
+}
+
+TEST_F(Focus, WhatTheUserEnteredIsStoredWhateverTakesTheFocus) {
+    OpenProject("100 50 25");
+    ShowSheet();
+    const auto type = [this](const std::string& flow) {
+        Click("txtParam(1)");
+        Await("active", "frmMajorParam");
+        Await("focus", "txtParam(1)");
+        Keys("Control+a");
+        Type(flow);
+    };
+    type("11");
+    TheScreen().OpenOther();
+    Await("active", "none");
+    SwitchTo("frmMajorParam");
+    Await("cursorPosition txtParam(1)", "2"); // is still being typed
+    Type("1");
+    ClickAt("scrDuctNo", -4, 6);
+    Await("text txtParam(1)", "111"); // duct 2 follows on
+    type("22");
+    TheScreen().Close("Plenair");
+    Click("Cancel");
+    Click("txtParam(4)");
+    Keys("Escape"); // shows the record
+    Await("text txtParam(1)", "22");
+    type("33");
+    TheScreen().Close("Duct Parameters");
+    Await("visible frmMajorParam", "false");
+    EXPECT_EQ(SavedFlows(), "111 33 33");
+    TheScreen().CloseOther();
+}
+
+TEST_F(Focus, AClickOnWhatIsOnIsAClickAndArrowsChoose) {
+    Settings.CalcBasis = 7; // there is none: the first counts
+    Settings.MaxVelocity = 8;
+    SaveSettings();
+    Calculate();
+    Click("cmdMoreInfo");
+    const auto chooseInOptions = [this](const std::string& keys, const std::string& basis) {
+        Keys("Alt+e o");
+        Await("active", "frmInputs");
+        Keys("Tab");
+        Await("focus", "optCalcBasis(0)");
+        Keys(keys);
+        Await("checked optCalcBasis(" + basis + ")", "true");
+        Keys("Alt+c");
+        Await("active", "frmMinorCalc");
+    };
+    const auto table = [this](const std::string& expected) {
+        Keys("Alt+r Return");
+        Await("table grdMinorCalc", expected);
+    };
+    chooseInOptions("Right", "1");
+    table("275 250 7.64 2.35, 250 275 7.64 2.35, 225 300 7.81 2.48, 225 325 7.22 2.04, 200 350 7.61 2.33");
+    Click("optCalcBasis(0)");
+    Await("selected", "txtCalcBasis(0) 0.8");
+    table(kTable);
+    chooseInOptions("Down", "2");
+    TheScreen().OpenOther();
+    Await("active", "none");
+    Click("optCalcBasis(0)"); // in a window that isn't active
+    Await("selected", "txtCalcBasis(0) 0.8");
+    Await("active", "frmMinorCalc");
+    table(kTable);
+    TheScreen().CloseOther();
+}
+
+TEST_F(Focus, TheSheetsKeysAndTheSolversToolTips) {
+    OpenProject("100 50 25");
+    ShowSheet();
+    Keys("Shift+Tab");
+    Await("focus", "scrDuctNo");
+    for (const auto& [key, duct] :
+         {std::pair("Right", "2"), std::pair("Right", "3"), std::pair("Left", "2")}) {
+        Keys(key);
+        Await("value scrDuctNo", duct);
+    }
+    Point("cmdSaveGsp", 8, 6);
+    Await("text QTipLabel", "Save Plenair Project");
+    EXPECT_EQ(Ask("active"), "frmMajorParam");
 }
 
 } // namespace

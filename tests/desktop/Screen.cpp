@@ -2,6 +2,7 @@
 
 #include <X11/XKBlib.h>
 #include <X11/Xatom.h>
+#include <X11/Xutil.h>
 #include <X11/extensions/XTest.h>
 
 #include <algorithm>
@@ -240,6 +241,41 @@ std::string Screen::Windows() const {
     return list;
 }
 
+void Screen::OpenOther() {
+    m_other = XCreateSimpleWindow(m_display, DefaultRootWindow(m_display), 0, 600, 200, 100, 0, 0, 0);
+    XSizeHints place = {};
+    place.flags = USPosition | USSize;
+    place.x = 0;
+    place.y = 600;
+    XSetWMNormalHints(m_display, m_other, &place);
+    XMapWindow(m_display, m_other);
+    Until([this] { return IsUpToDate(m_other); });
+}
+
+void Screen::CloseOther() {
+    XDestroyWindow(m_display, m_other);
+    XSync(m_display, False);
+}
+
+void Screen::AwaitManager() {
+    // It answers in the order in which it is told of things, and this question has an answer that can be
+    // seen.
+    const Window root = DefaultRootWindow(m_display);
+    const Window asking = XCreateSimpleWindow(m_display, root, 0, 0, 1, 1, 0, 0, 0);
+    XEvent event = {};
+    event.xclient.type = ClientMessage;
+    event.xclient.window = asking;
+    event.xclient.message_type = XInternAtom(m_display, "_NET_REQUEST_FRAME_EXTENTS", False);
+    event.xclient.format = 32;
+    XSendEvent(m_display, root, False, SubstructureNotifyMask | SubstructureRedirectMask, &event);
+    if (!Until([&] {
+            return !Property<std::vector<unsigned long>>(m_display, asking, "_NET_FRAME_EXTENTS").empty();
+        })) {
+        throw std::runtime_error("the window manager does not answer");
+    }
+    XDestroyWindow(m_display, asking);
+}
+
 bool Screen::IsPointerFree() {
     const int answer = XGrabPointer(m_display, DefaultRootWindow(m_display), False, 0, GrabModeAsync,
                                     GrabModeAsync, None, None, CurrentTime);
@@ -252,7 +288,7 @@ bool Screen::IsUpToDate(unsigned long active) const {
     const Window root = DefaultRootWindow(m_display);
     const auto windows = Property<std::vector<Window>>(m_display, root, "_NET_CLIENT_LIST");
     const auto known = Property<std::vector<Window>>(m_display, root, "_NET_ACTIVE_WINDOW");
-    return !known.empty() && known[0] == active &&
+    return (active == 0 || (!known.empty() && known[0] == active)) &&
            std::all_of(windows.begin(), windows.end(), [this](Window window) {
                XWindowAttributes look = {};
                return XGetWindowAttributes(m_display, window, &look) != 0 && look.map_state == IsViewable;

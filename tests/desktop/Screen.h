@@ -61,6 +61,13 @@ class Screen {
     // 10,20 240x300"; the one with the keyboard with a star.
     std::string Windows() const;
 
+    // Puts a window of another program at the left edge, which has the keyboard then, and takes it away.
+    void OpenOther();
+    void CloseOther();
+
+    // Waits until the window manager has dealt with all that has happened so far.
+    void AwaitManager();
+
     // Whether no program, and no window manager that still looks at a click, holds the mouse.
     bool IsPointerFree();
 
@@ -84,6 +91,7 @@ class Screen {
     std::unique_ptr<Child> m_server;
     std::unique_ptr<Child> m_manager;
     Display* m_display = nullptr;
+    unsigned long m_other = 0;
 };
 
 // Waits until `isTrue`, without a limit of its own but patience; false if that came to its end.

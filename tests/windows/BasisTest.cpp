@@ -24,7 +24,8 @@ class Basis : public WindowTest {
 TEST_F(Basis, ASelectionMovesBoxesCaptionAndFocus) {
     Unfold();
     FillTable();
-    Play("@optCalcBasis(0) | focus: txtInputA; table: " + FilledTable); // the option that is on does nothing
+    Play("@optCalcBasis(0) | table: blank; selected: txtCalcBasis(0) 0.8"); // a click on the one that is on
+                                                                            // is a click
     const char* const boxes[] = {"txtCalcBasis(0) ", "txtCalcBasis(1) ", "txtCalcBasis(2) txtCalcBasis(9) ",
                                  "txtCalcBasis(3) ", "txtCalcBasis(4) "};
     for (const char basis : {'1', '2', '3', '4'}) {

@@ -225,9 +225,6 @@ void frmMinorCalc::Form_Load() {
     for (const BasisBox& box : kBasisBoxes) {
         TxtCalcBasis(box.Index)->SetText(ShortestText(Settings.*box.Default));
     }
-    if (!IsBasis(Settings.CalcBasis)) {
-        Settings.CalcBasis = 0;
-    }
     OptCalcBasis(Settings.CalcBasis)->SetOn();
     ResetGrid();
     ResetLog(*this);
@@ -243,9 +240,7 @@ void frmMinorCalc::ResetGrid() {
 }
 
 void frmMinorCalc::TakeSettings() {
-    if (IsBasis(Settings.CalcBasis)) {
-        OptCalcBasis(Settings.CalcBasis)->SetOn();
-    }
+    OptCalcBasis(Settings.CalcBasis)->SetOn();
     for (const BasisBox& box : kBasisBoxes) {
         if (box.FollowsOptions) {
             TxtCalcBasis(box.Index)->SetText(ShortestText(Settings.*box.Default));

@@ -5,6 +5,7 @@
 #include "platform/qt/ReadableStyle.h"
 #include "platform/qt/Twips.h"
 
+#include <QApplication>
 #include <QChar>
 #include <QEvent>
 #include <QKeyEvent>
@@ -31,6 +32,24 @@ bool IsOwnAccessKey(const QEvent* event) {
     return IsAccessKey(event) && !static_cast<const QShortcutEvent*>(event)->isAmbiguous();
 }
 
+// Runs `tell` once at each click of the user, and whenever `button` goes on (or off, unless `onlyOn`) without
+// one.
+void TellClicks(QAbstractButton* button, bool onlyOn, const std::function<void()>& tell) {
+    const auto told = std::make_shared<bool>(false);
+    QObject::connect(button, &QAbstractButton::pressed, button, [told] { *told = false; });
+    QObject::connect(button, &QAbstractButton::toggled, button, [=](bool on) {
+        if (on || !onlyOn) {
+            *told = true;
+            tell();
+        }
+    });
+    QObject::connect(button, &QAbstractButton::clicked, button, [=] {
+        if (!*told) {
+            tell();
+        }
+    });
+}
+
 } // namespace
 
 QString ArrayName(const QString& name, int index) {
@@ -40,11 +59,29 @@ QString ArrayName(const QString& name, int index) {
 Option::Option(const QString& name, const QString& caption, QWidget* parent) : QRadioButton(caption, parent) {
     setObjectName(name);
     setFocusPolicy(Qt::NoFocus);
-    connect(this, &QRadioButton::toggled, this, [this](bool on) {
-        if (on && Click) {
+    TellClicks(this, true, [this] {
+        BecomeTabStop();
+        if (Click) {
             Click();
         }
     });
+}
+
+void Option::BecomeTabStop() {
+    for (Option* option : parentWidget()->findChildren<Option*>(Qt::FindDirectChildrenOnly)) {
+        if (option->focusPolicy() != Qt::NoFocus) {
+            option->setFocusPolicy(option == this ? Qt::StrongFocus : Qt::ClickFocus);
+        }
+    }
+}
+
+void Option::keyPressEvent(QKeyEvent* event) {
+    QRadioButton::keyPressEvent(event);
+    // The toolkit moves the focus by the arrows, but chooses only where an option was on before.
+    auto* focused = qobject_cast<Option*>(QApplication::focusWidget());
+    if (focused != nullptr && focused != this && focused->parent() == parent() && !focused->isChecked()) {
+        focused->click();
+    }
 }
 
 bool Option::event(QEvent* event) {
@@ -64,7 +101,7 @@ bool Option::event(QEvent* event) {
             next = (i + 1) % sharing.size();
         }
     }
-    sharing[next]->SetOn();
+    sharing[next]->click();
     return true;
 }
 
@@ -119,8 +156,8 @@ ToggleButton::ToggleButton(Kind kind, const QString& name, QWidget* parent)
     : Button(name, QString(), parent) {
     setCheckable(true);
     setAutoExclusive(kind == Kind::Option);
-    connect(this, &QPushButton::toggled, this, [this, kind](bool on) {
-        if (Click && (on || kind == Kind::CheckBox)) {
+    TellClicks(this, kind == Kind::Option, [this] {
+        if (Click) {
             Click();
         }
     });
@@ -198,6 +235,15 @@ void ScrollBar::paintEvent(QPaintEvent* event) {
             QPen(palette().color(QPalette::Highlight), 2, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
         painter.drawRect(rect().adjusted(1, 1, -1, -1));
     }
+}
+
+void ScrollBar::keyPressEvent(QKeyEvent* event) {
+    // The toolkit takes these two the wrong way round.
+    if (event->key() == Qt::Key_Right || event->key() == Qt::Key_Left) {
+        triggerAction(event->key() == Qt::Key_Right ? SliderSingleStepAdd : SliderSingleStepSub);
+        return;
+    }
+    QScrollBar::keyPressEvent(event);
 }
 
 Label::Label(const QString& name, const QString& caption, QWidget* parent) : QLabel(caption, parent) {

@@ -25,9 +25,10 @@ namespace plenair {
 // The name of a member of a control array: txtCalcBasis(2).
 QString ArrayName(const QString& name, int index);
 
-// An option of a group. Click runs whenever the option goes on, by the user or by SetOn, and only if it was
-// off. An access key that several options of the window share goes to the next of them after the one that is
-// on, and selects it.
+// An option of a group. Click runs at each click of the user, also on the option that is on, and by SetOn if
+// it was off. An access key is a click; one that several options of the window share goes to the next of them
+// after the one that is on. Where options have the focus, Tab enters the group at the one that is on, and the
+// arrows choose.
 class Option : public QRadioButton {
     Q_OBJECT
 
@@ -40,6 +41,10 @@ class Option : public QRadioButton {
 
   protected:
     bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    void BecomeTabStop();
 };
 
 // A push button. Its access key presses it at once, and Enter when it has the focus. It has none, and the
@@ -74,8 +79,8 @@ class Button : public QPushButton, public FocusEvents {
 };
 
 // An option or a check box that is drawn as a button; while it is on, it stays down, and has the ground and
-// the border of something selected. Click runs whenever its state is changed: of an option only when it goes
-// on.
+// the border of something selected. Click runs at each click of the user, and whenever the program changes
+// its state: of an option only when it goes on.
 class ToggleButton : public Button {
     Q_OBJECT
 
@@ -104,6 +109,7 @@ class ScrollBar : public QScrollBar, public FocusEvents {
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 };
 
 // A check box. Its access key turns it at once.

@@ -10,6 +10,9 @@
 #include <QObject>
 #include <QPointer>
 
+#include <algorithm>
+#include <utility>
+
 namespace plenair {
 
 namespace {
@@ -27,6 +30,12 @@ bool IsControlOfAForm(const QWidget* widget) {
            qobject_cast<Form*>(widget->window()) != nullptr;
 }
 
+bool HasEnteredControl(const QWidget* window) {
+    const auto& entered = Entered();
+    return std::any_of(entered.begin(), entered.end(),
+                       [window](const QPointer<QWidget>& control) { return control->window() == window; });
+}
+
 // Leaves what is entered elsewhere, now that the user is in `window`, at `control`. What is hidden or waits
 // for that window stays entered.
 void LeaveOthers(const QWidget* window, const QWidget* control) {
@@ -42,14 +51,17 @@ void LeaveOthers(const QWidget* window, const QWidget* control) {
     }
 }
 
-// The user is at a control of this form; where that is news, the form is told.
-void ComeTo(Form* form) {
+// The form that the user came to last.
+QPointer<Form>& LastForm() {
     static QPointer<Form> s_form;
-    if (s_form != form) {
-        s_form = form;
-        if (form->GotFocus) {
-            form->GotFocus();
-        }
+    return s_form;
+}
+
+// The user is at a control of this form; where that is news, the form is told, unless it has a control that
+// is entered still and may be typed in.
+void ComeTo(Form* form, bool isBeingUsed) {
+    if (std::exchange(LastForm(), form) != form && !isBeingUsed && form->GotFocus) {
+        form->GotFocus();
     }
 }
 
@@ -60,13 +72,14 @@ void Enter(QWidget* control, bool byPress) {
     }
     const QPointer<QWidget> target = control;
     auto* form = qobject_cast<Form*>(control->window());
+    const bool isBeingUsed = HasEnteredControl(form);
     s_coming = target;
     LeaveOthers(form, control);
     if (s_coming != target || target == nullptr || Entered().contains(target)) {
         return;
     }
     Entered().append(target);
-    ComeTo(form);
+    ComeTo(form, isBeingUsed);
     if (auto* told = dynamic_cast<FocusEvents*>(target.data());
         told != nullptr && Entered().contains(target)) {
         told->TellGotFocus(byPress);
@@ -85,14 +98,15 @@ class InputWatcher : public QObject {
   public:
     using QObject::QObject;
 
-    void FocusMoved(QWidget* now) const {
+    void FocusMoved(QWidget* now) {
         if (!IsControlOfAForm(now)) {
             return;
         }
+        const bool wasAway = std::exchange(m_isAway, false);
+        m_handedOn = false;
         switch (m_reason) {
         case Qt::ActiveWindowFocusReason:
-            LeaveOthers(now->window(), now);
-            ComeTo(qobject_cast<Form*>(now->window()));
+            Wake(qobject_cast<Form*>(now->window()), wasAway);
             break;
         case Qt::PopupFocusReason:
         case Qt::MenuBarFocusReason:
@@ -117,6 +131,12 @@ class InputWatcher : public QObject {
         case QEvent::Wheel:
             Press(widget, Qt::WheelFocus);
             break;
+        case QEvent::ShortcutOverride: // comes before a key that may be one of the window and not of the
+                                       // control
+            if (!IsModifier(static_cast<QKeyEvent*>(event)->key()) && IsControlOfAForm(widget)) {
+                LeaveOthers(widget->window(), widget);
+            }
+            break;
         case QEvent::KeyPress:
             if (!IsModifier(static_cast<QKeyEvent*>(event)->key())) {
                 Key(widget);
@@ -133,8 +153,28 @@ class InputWatcher : public QObject {
         return false;
     }
 
+    // The keyboard is with another program.
+    void GoAway() { m_isAway = true; }
+
   private:
-    static void Press(QWidget* widget, Qt::FocusPolicy needed) {
+    // The desktop's list of windows has no entry for one like the sheet: coming back from another program by
+    // that list, the user comes back to it through the window that it belongs to.
+    void Wake(Form* form, bool wasAway) {
+        Form* last = LastForm();
+        const bool isHandedOn = wasAway && last != nullptr && last != form && last->isVisible() &&
+                                last->windowType() == Qt::Tool && !form->isModal();
+        if (isHandedOn) {
+            m_handedOn = true;
+            last->activateWindow();
+        } else {
+            ComeTo(form, HasEnteredControl(form));
+        }
+    }
+
+    void Press(QWidget* widget, Qt::FocusPolicy needed) {
+        if (std::exchange(m_handedOn, false)) {
+            widget->window()->activateWindow(); // it was the press that brought the user back
+        }
         // In the active window the toolkit has moved the focus by now, and told of it; where it is somewhere
         // else, a handler wanted it there.
         const bool isMovedOn = widget->window()->isActiveWindow() && widget != QApplication::focusWidget();
@@ -152,6 +192,8 @@ class InputWatcher : public QObject {
     }
 
     Qt::FocusReason m_reason = Qt::NoFocusReason;
+    bool m_isAway = false;
+    bool m_handedOn = false;
 };
 
 } // namespace
@@ -173,6 +215,12 @@ void WatchFocus() {
     qApp->installEventFilter(watcher);
     QObject::connect(qApp, &QApplication::focusChanged, watcher,
                      [watcher](QWidget*, QWidget* now) { watcher->FocusMoved(now); });
+    QObject::connect(qApp, &QApplication::applicationStateChanged, watcher,
+                     [watcher](Qt::ApplicationState state) {
+                         if (state != Qt::ApplicationActive) {
+                             watcher->GoAway();
+                         }
+                     });
     TellRepeatFromRelease();
 }
 

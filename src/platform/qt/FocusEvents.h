@@ -13,12 +13,13 @@ namespace plenair {
 // - the toolkit moves the focus by Tab, an access key or a press in the active window;
 // - a press, or the first key, in a control that wasn't entered though it may have had the keyboard;
 // - the program gives the focus (GiveFocus).
-// What leaves the entered control and enters none:
-// - another window of the program is shown or woken: its box that gets the keyboard by it waits for that key
-// or
-//   press. The form itself is told.
-// What is neither: a menu, a message box or another program has the keyboard for a while; a window is hidden;
-// a dialog of the program opens over it. The control that was entered there still is when it comes back.
+// What is neither:
+// - another window of the program is shown or woken, in whatever order the window manager likes. The control
+//   that gets the keyboard by it waits for a key or press, and so does the leaving of the one that is entered
+//   elsewhere; only the form is told.
+// - a menu, a message box or another program has the keyboard for a while;
+// - a window is hidden, or waits for a dialog of the program. What was entered there still is when it comes
+//   back.
 //
 // In this order, each before the next statement and before the key or press does anything else: LostFocus of
 // the one; GotFocus of the form, if the user comes from another; GotFocus of the other. A handler that moves

@@ -52,6 +52,7 @@ Form::Form(const QString& name, const QString& caption, Qt::WindowFlags flags)
     setObjectName(name);
     setWindowTitle(caption);
     setFont(FormFont());
+    setAttribute(Qt::WA_AlwaysShowToolTips); // also while another window of the program has the keyboard
     m_client->setObjectName("client");
 }
 

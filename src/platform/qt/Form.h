@@ -82,7 +82,8 @@ class Form : public QWidget {
     // for the next time, or for the loop of events.
     void RepaintAtMostEvery(int milliseconds);
 
-    // The user comes to this window from another one of the program; runs before a control's own.
+    // The user comes to this window from another one of the program, and is not in the midst of a control
+    // here; runs before a control's own.
     std::function<void()> GotFocus;
 
     // Shows the window over the active one and waits until it is hidden. In the meantime no other window of

@@ -144,6 +144,11 @@ ColourNumber frmMajorCalc::BackColour() const {
     return ToColourNumber(background.lightness() < 128 ? QColor(240, 240, 240) : background);
 }
 
+void frmMajorCalc::UntickSheet() {
+    GiveFocus(chkParam); // stores what is being typed on the sheet
+    chkParam->SetOn(false);
+}
+
 void frmMajorCalc::cmdClearGrid_Click() {
     ClearGrid(m_windows);
 }

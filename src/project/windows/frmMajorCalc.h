@@ -32,7 +32,7 @@ class frmMajorCalc : public Form, public SolverWindow {
     const QWidget& Grid() const { return *picGrid; }
 
     // Takes the sheet off the screen, as a click on its button does.
-    void UntickSheet() { chkParam->SetOn(false); }
+    void UntickSheet();
 
     // What the rest of the program does for this window; the start routine sets them.
     std::function<void()> ShowOptions = [] {};
