@@ -1,7 +1,6 @@
 #include "platform/qt/MessageBoxes.h"
 #include "windows/WindowTest.h"
 
-#include <QApplication>
 #include <QMessageBox>
 #include <QTimer>
 #include <QWindow>
@@ -17,27 +16,22 @@ TEST_F(Menus, EntriesLeadOutOfTheWindow) {
     std::string done;
     Window().OpenProjectSolver = [&] { done += Window().isVisible() ? "solver beside it, " : "solver, "; };
     Window().ShowOptions = [&] { done += "options, "; };
+    Play("?Ok ?Ok F1 mnuHelp>mnuHelpManual");
+    for (const MessageRequest& asked : desktop.Messages()) {
+        EXPECT_EQ(
+            InWords(asked),
+            "Plenair: For help with Plenair, you should consult the user manual, which is available free of "
+            "charge, and should accompany the installation package to be included in the program "
+            "directory.\n\nCall me (Corin) if you need another copy.  Contact details are under \"About "
+            "Plenair\" from the Help menu. [Ok Information]");
+    }
     FillTable();
-    ChooseFromMenu("mnuEdit", "mnuEditOptions");
-    Press(Qt::Key_E, Qt::AltModifier);
-    Press(Qt::Key_O);
-    EXPECT_EQ(Focused(), "txtInputA") << "a menu takes the focus only for a while";
-    ChooseFromMenu("mnuFile", "mnuFileMajor");
+    Play("mnuEdit>mnuEditOptions\n"
+         "Alt+E o | focus: txtInputA\n" // a menu takes the focus only for a while
+         "mnuFile>mnuFileMajor");
     EXPECT_EQ(done, "options, options, solver, ");
     Window().show();
     EXPECT_EQ(Table(), FilledTable) << "hidden meanwhile, with all that it holds";
-}
-
-TEST_F(Menus, HelpIsAnInformationBox) {
-    desktop.ExpectMessage(MessageAnswer::Ok);
-    desktop.ExpectMessage(MessageAnswer::Ok);
-    Press(Qt::Key_F1);
-    ChooseFromMenu("mnuHelp", "mnuHelpManual");
-    ASSERT_EQ(desktop.Messages().size(), 2U);
-    for (const MessageRequest& asked : desktop.Messages()) {
-        EXPECT_TRUE(asked.Text.starts_with("For help with Plenair")) << asked.Text;
-        EXPECT_EQ(asked.Icon, MessageIcon::Information);
-    }
 }
 
 TEST_F(Menus, AlwaysOnTopComesAndGoes) {
@@ -53,17 +47,15 @@ TEST_F(Menus, AlwaysOnTopComesAndGoes) {
         QCoreApplication::processEvents();
         EXPECT_EQ(entry.isChecked(), on);
         EXPECT_EQ(Window().windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint), on);
-        EXPECT_TRUE(Window().isVisible());
+        EXPECT_TRUE(Window().isVisible() && other.isActiveWindow()) << "it never takes the keyboard";
         EXPECT_EQ(Window().frameGeometry(), place);
-        EXPECT_TRUE(other.isActiveWindow()) << "it never takes the keyboard";
         EXPECT_EQ(Table(), FilledTable);
     }
     other.hide();
     Window().activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&Window()));
-    ChooseFromMenu("mnuView", "mnuViewOnTop");
+    Play("mnuView>mnuViewOnTop | focus: txtInputA");
     EXPECT_TRUE(entry.isChecked());
-    EXPECT_EQ(Focused(), "txtInputA");
 }
 
 TEST_F(Menus, MessageBoxesOfTheDesktop) {
@@ -71,32 +63,37 @@ TEST_F(Menus, MessageBoxesOfTheDesktop) {
     dialogsExpected = true;
     const struct {
         MessageButtons buttons;
+        MessageIcon icon;
         QMessageBox::StandardButton pressed; // NoButton: Escape
         MessageAnswer answer;
+        QMessageBox::Icon shown;
     } rows[] = {
-        {MessageButtons::Ok, QMessageBox::Ok, MessageAnswer::Ok},
-        {MessageButtons::Ok, QMessageBox::NoButton, MessageAnswer::Ok},
-        {MessageButtons::YesNo, QMessageBox::Yes, MessageAnswer::Yes},
-        {MessageButtons::YesNo, QMessageBox::NoButton, MessageAnswer::No},
-        {MessageButtons::YesNoCancel, QMessageBox::No, MessageAnswer::No},
-        {MessageButtons::YesNoCancel, QMessageBox::NoButton, MessageAnswer::Cancel},
-        {MessageButtons::RetryCancel, QMessageBox::Retry, MessageAnswer::Retry},
+        // clang-format off
+        {MessageButtons::Ok, MessageIcon::None, QMessageBox::Ok, MessageAnswer::Ok, QMessageBox::NoIcon},
+        {MessageButtons::Ok, MessageIcon::Critical, QMessageBox::NoButton, MessageAnswer::Ok, QMessageBox::Critical},
+        {MessageButtons::OkCancel, MessageIcon::None, QMessageBox::Ok, MessageAnswer::Ok, QMessageBox::NoIcon},
+        {MessageButtons::OkCancel, MessageIcon::None, QMessageBox::NoButton, MessageAnswer::Cancel, QMessageBox::NoIcon},
+        {MessageButtons::YesNo, MessageIcon::Question, QMessageBox::Yes, MessageAnswer::Yes, QMessageBox::Question},
+        {MessageButtons::YesNo, MessageIcon::Exclamation, QMessageBox::NoButton, MessageAnswer::No, QMessageBox::Warning},
+        {MessageButtons::YesNoCancel, MessageIcon::Information, QMessageBox::No, MessageAnswer::No, QMessageBox::Information},
+        {MessageButtons::YesNoCancel, MessageIcon::None, QMessageBox::NoButton, MessageAnswer::Cancel, QMessageBox::NoIcon},
+        {MessageButtons::RetryCancel, MessageIcon::None, QMessageBox::Retry, MessageAnswer::Retry, QMessageBox::NoIcon},
+        // clang-format on
     };
     for (const auto& row : rows) {
         QTimer::singleShot(20, &Window(), [&] {
             auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
             ASSERT_NE(box, nullptr);
-            EXPECT_EQ(box->windowTitle(), "T");
-            EXPECT_EQ(box->text(), "a <b>\nc");
+            EXPECT_EQ(box->windowTitle() + "|" + box->text(), "T|a <b>\nc");
             EXPECT_EQ(box->textFormat(), Qt::PlainText);
-            EXPECT_EQ(box->icon(), QMessageBox::Critical);
+            EXPECT_EQ(box->icon(), row.shown);
             if (row.pressed == QMessageBox::NoButton) {
                 QTest::keyClick(box, Qt::Key_Escape);
             } else {
                 QTest::mouseClick(box->button(row.pressed), Qt::LeftButton);
             }
         });
-        EXPECT_EQ(ShowMessage({"a <b>\nc", "T", row.buttons, MessageIcon::Critical}), row.answer);
+        EXPECT_EQ(ShowMessage({"a <b>\nc", "T", row.buttons, row.icon}), row.answer);
     }
 }
 

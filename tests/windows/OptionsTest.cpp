@@ -1,7 +1,6 @@
 #include "core/windows/frmInputs.h"
 #include "windows/WindowTest.h"
 
-#include <QApplication>
 #include <QTimer>
 
 namespace {
@@ -34,43 +33,30 @@ class Options : public WindowTest {
         EXPECT_TRUE(opened);
     }
 
-    template <typename Control>
-    Control& Get(const std::string& name) const {
-        return *m_options->findChild<Control*>(QString::fromStdString(name));
-    }
-    void EnterOption(const std::string& name, const std::string& text) const {
-        ClickOn(&Get<TextBox>(name));
-        Get<TextBox>(name).SelectAll();
-        text.empty() ? Press(Qt::Key_Delete) : Type(text.c_str());
-    }
-    void ClickOption(const std::string& name) const { ClickOn(&Get<QWidget>(name)); }
-
     // What the options show: the basis that is on, or -1, and the numbers.
     std::string Shown() const {
         int on = -1;
         for (int i = 0; i < 4; ++i) {
-            on = Get<Option>("optCalcBasis(" + std::to_string(i) + ")").isChecked() ? i : on;
+            on = Find<Option>("optCalcBasis(" + std::to_string(i) + ")").isChecked() ? i : on;
         }
         std::string shown = std::to_string(on);
         for (const char* box : kBoxes) {
-            shown += " " + Get<TextBox>(box).Text();
+            shown += " " + Text(box);
         }
         return shown;
     }
 
-    std::string File() const { return ReadFile(m_environment.Folder().File("User.cfg")); }
+    std::string Saved() const { return ReadFile(File("User.cfg")); }
 
     frmInputs* m_options = nullptr;
 };
 
 TEST_F(Options, ShowTheFileAndForgetWhatChangedInMemory) {
-    Unfold();
-    Enter("txtCalcBasis(0)", "3");
+    Play("@cmdMoreInfo txtCalcBasis(0)=3");
     WithOptions([this] {
-        EXPECT_EQ(Get<Label>("lblConfigFile").text(), "User.cfg");
-        EXPECT_EQ(Get<TextBox>("txtDefPath").Text(), m_environment.Folder().Path());
         EXPECT_EQ(Shown(), "0 0.8 5 500 25 26 0.00015 0.002");
-        ClickOption("cmdCancel");
+        Play("| text lblConfigFile: User.cfg; text txtDefPath: " + m_environment.Folder().Path() +
+             "\n@cmdCancel");
     });
     EXPECT_EQ(Settings.MaxLPM, 0.8);
     EXPECT_EQ(Text("txtCalcBasis(0)"), "3") << "the window is not brought up to date";
@@ -78,88 +64,75 @@ TEST_F(Options, ShowTheFileAndForgetWhatChangedInMemory) {
 
 TEST_F(Options, OkStoresSavesAndRefreshesTheWindow) {
     SetNumberLocale({.DecimalMark = ",", .GroupMark = "."});
-    Unfold();
-    Click("optCalcBasis(4)");
-    Enter("txtCalcBasis(4)", "4,4");
-    Enter("txtInputA", "500");
+    Play("@cmdMoreInfo @optCalcBasis(4) txtCalcBasis(4)=4,4 txtInputA=500");
     WithOptions([this] {
         EXPECT_EQ(Shown().substr(0, 2), "0 ") << "that of the file";
-        EnterOption("txtDefPath", "/no such, \"folder\"");
-        ClickOption("optCalcBasis(2)");
-        EXPECT_EQ(Settings.CalcBasis, 2) << "at once";
-        const char* numbers[] = {"1,5", "6", "1.000", "24,5", "-3", "0,0003", "4E-03"};
-        for (std::size_t i = 0; i < std::size(kBoxes); ++i) {
-            EnterOption(kBoxes[i], numbers[i]);
-        }
+        Enter("txtDefPath", "/no such, \"folder\"");
+        Play("@optCalcBasis(2) | basis: 2\n" // at once
+             "txtMaxLPM=1,5 txtMaxVelocity=6 txtAnalysis=1.000 txtRoundOff=24,5 txtFluidTemp=-3 "
+             "txtSurfaceRoughness1=0,0003 txtSurfaceRoughness2=4E-03");
         EXPECT_EQ(Settings.MaxLPM, 0.8) << "only by OK";
-        Press(Qt::Key_O, Qt::AltModifier);
+        Play("Alt+O");
     });
-    EXPECT_EQ(File(),
+    EXPECT_EQ(Saved(), // halves go to even
               "\"/no such, \"\"folder\"\"\"\r\n2\r\n1.5\r\n6\r\n1000\r\n24\r\n-3\r\n0.0003\r\n0.004\r\n");
     EXPECT_EQ(Settings.DefPath, "/no such, \"folder\"");
-    EXPECT_EQ(Settings.RoundOff, 24) << "halves to even";
+    EXPECT_EQ(Settings.RoundOff, 24);
     EXPECT_EQ(BasisTexts(), "1,5 6 1,5 1000 4,4 6 ");
-    EXPECT_TRUE(Find<Option>("optCalcBasis(2)").isChecked());
-    EXPECT_EQ(Ask("selected"), "txtInputA 500");
+    Play("| checked optCalcBasis(2): true; selected: txtInputA 500");
 }
 
 TEST_F(Options, OkThatChangesOnlyTheBasisBlanksTheTable) {
-    Unfold();
-    Click("optCalcBasis(1)");
+    Play("@cmdMoreInfo @optCalcBasis(1)");
     FillTable();
-    EXPECT_FALSE(IsBlank());
-    WithOptions([this] { ClickOption("cmdOK"); });
-    EXPECT_TRUE(Find<Option>("optCalcBasis(0)").isChecked()) << "that of the file";
-    EXPECT_TRUE(IsBlank());
-    EXPECT_EQ(Ask("selected"), "txtInputA 500");
+    WithOptions([this] { Click("cmdOK"); });
+    Play("| checked optCalcBasis(0): true; table: blank; selected: txtInputA 500");
 }
 
 TEST_F(Options, CancelWritesAndRestoresNothing) {
     FillTable();
-    const std::string before = File();
-    WithOptions([this] {
-        EnterOption("txtFluidTemp", "40");
-        ClickOption("optCalcBasis(3)");
-        Press(Qt::Key_C, Qt::AltModifier);
-    });
-    EXPECT_EQ(File(), before);
+    const std::string before = Saved();
+    WithOptions([this] { Play("txtFluidTemp=40 @optCalcBasis(3) Alt+C"); });
+    EXPECT_EQ(Saved(), before);
     EXPECT_EQ(Settings.FluidTemp, 26);
-    EXPECT_EQ(Settings.CalcBasis, 3) << "stored by the click";
-    EXPECT_TRUE(Find<Option>("optCalcBasis(0)").isChecked());
-    EXPECT_EQ(Table(), FilledTable);
+    Play("| basis: 3; checked optCalcBasis(0): true; table: " + FilledTable); // stored by the click
 }
 
 TEST_F(Options, WhatIsNoNumberOrCannotBeWrittenIsRefused) {
-    const std::string before = File();
-    const std::string path = m_environment.Folder().File("User.cfg");
-    const char* texts[] = {"1,5", "", "x", "32767.5", "1e999", "0.1 m", " "};
+    const std::string before = Saved();
+    const std::string path = File("User.cfg");
+    const std::pair<const char*, const char*> rows[] = {
+        {"1,5", "is no number here, where the decimal mark is \".\"."},
+        {"", "is no number."},
+        {"x", "is no number."},
+        {"32767.5", "is no size step: these go from -32768 to 32767."},
+        {"1-2", "is no number."},
+        {"0.1 m", "is no number."},
+        {" ", "is no number."}};
     WithOptions([&] {
-        EnterOption("txtDefPath", "/elsewhere");
+        Enter("txtDefPath", "/elsewhere");
         for (std::size_t i = 0; i < std::size(kBoxes); ++i) {
-            const auto& box = Get<TextBox>(kBoxes[i]);
-            SCOPED_TRACE(kBoxes[i]);
+            const auto& [text, reason] = rows[i];
+            const TextBox& box = Box(kBoxes[i]);
             const std::string good = box.Text();
-            EnterOption(kBoxes[i], texts[i]);
-            desktop.ExpectMessage(MessageAnswer::Ok);
-            ClickOption("cmdOK");
-            for (const std::string& part : {box.accessibleName().toStdString(), "\"" + box.Text() + "\""}) {
-                EXPECT_NE(desktop.LastText().find(part), std::string::npos) << part;
-            }
-            EXPECT_EQ(Focused(), kBoxes[i]);
-            EXPECT_EQ(box.selectedText().toStdString(), texts[i]);
+            Enter(kBoxes[i], text);
+            Play("?Ok @cmdOK | selected: " + std::string(kBoxes[i]) + " " + text);
+            EXPECT_EQ(InWords(desktop.Messages().back()), "Options: " + box.accessibleName().toStdString() +
+                                                              ":\n\n\"" + text + "\" " + reason +
+                                                              " [Ok Exclamation]");
             EXPECT_TRUE(m_options->isVisible());
-            EnterOption(kBoxes[i], good);
+            Enter(kBoxes[i], good);
         }
-        EXPECT_EQ(File(), before);
+        EXPECT_EQ(Saved(), before);
         fs::remove(path);
         fs::create_directory(path);
-        desktop.ExpectMessage(MessageAnswer::Ok);
-        ClickOption("cmdOK");
-        EXPECT_NE(desktop.LastText().find(path), std::string::npos);
+        Play("?Ok @cmdOK");
+        EXPECT_EQ(InWords(desktop.Messages().back()),
+                  "Options: The settings can't be saved.\n\n" + path + ": Is a directory [Ok Exclamation]");
         EXPECT_TRUE(m_options->isVisible());
         EXPECT_EQ(Settings.DefPath, m_environment.Folder().Path()) << "nothing at all is stored";
         fs::remove(path);
-        ClickOption("cmdOK");
+        Click("cmdOK");
     });
     EXPECT_EQ(Settings.DefPath, "/elsewhere");
 }
@@ -169,24 +142,17 @@ TEST_F(Options, KeysGoThroughTheControls) {
         EXPECT_TRUE(m_options->windowFlags().testFlag(Qt::FramelessWindowHint));
         std::string order;
         for (int i = 0; i < 12; ++i) {
-            const std::string name = Focused();
-            const auto* box = qobject_cast<TextBox*>(QApplication::focusWidget());
-            const bool selected = box != nullptr && !box->selectedText().isEmpty();
-            order += name + (selected ? " (selected) " : " ");
-            Press(Qt::Key_Escape);
-            if (!name.starts_with("cmd")) {
-                Press(Qt::Key_Return);
-            }
+            const std::string seen = Ask("selected");
+            order += seen.ends_with(' ') ? seen : Focused() + "! ";
+            Play(Focused().starts_with("cmd") ? "Escape" : "Escape Return");
             m_options->close(); // as a desktop's key does
-            Press(Qt::Key_Tab);
+            Play("Tab");
         }
-        EXPECT_EQ(order,
-                  "txtDefPath optCalcBasis(0) txtMaxLPM txtMaxVelocity txtAnalysis txtRoundOff (selected) "
-                  "txtFluidTemp (selected) txtSurfaceRoughness1 (selected) cmdOK cmdCancel "
-                  "txtSurfaceRoughness2 (selected) txtDefPath ");
-        Press(Qt::Key_Right);
-        EXPECT_EQ(Settings.CalcBasis, 1);
-        ClickOption("cmdCancel");
+        EXPECT_EQ(
+            order,
+            "txtDefPath optCalcBasis(0) txtMaxLPM txtMaxVelocity txtAnalysis txtRoundOff! txtFluidTemp! "
+            "txtSurfaceRoughness1! cmdOK cmdCancel txtSurfaceRoughness2! txtDefPath ");
+        Play("Right | basis: 1\n@cmdCancel");
     });
     EXPECT_TRUE(Window().isActiveWindow());
 }

@@ -1,19 +1,15 @@
 #include "core/start/Main.h"
 #include "windows/WindowTest.h"
 
-#include <QApplication>
 #include <QScreen>
 #include <QTimer>
 
 namespace {
 
-class StartOfTheProgram : public WindowTest {
-  protected:
-    std::string SettingsFile() const { return m_environment.Folder().File("User.cfg"); }
-};
+class StartOfTheProgram : public WindowTest {};
 
 TEST_F(StartOfTheProgram, TheFirstStart) {
-    fs::remove(SettingsFile());
+    fs::remove(File("User.cfg"));
     std::string order;
     Desktop().AskByMessageBox = [&](const MessageRequest& request) {
         order += request.Title + (QApplication::topLevelWidgets().empty() ? "" : " over a window") + ", ";
@@ -22,15 +18,12 @@ TEST_F(StartOfTheProgram, TheFirstStart) {
     Desktop().PlaySound = [&](const std::string&, unsigned) { order += "call, "; };
     Start();
     EXPECT_EQ(order, "Defaults Set, call, ");
-    EXPECT_TRUE(fs::exists(SettingsFile()));
+    EXPECT_TRUE(fs::exists(File("User.cfg")));
     EXPECT_EQ(Window().windowTitle(), "Plenair Lite");
     EXPECT_EQ(BasisTexts(), "0.8 5 0.8 500 5 5 ");
-    EXPECT_EQ(Text("txtInputA") + Text("txtInputB"), "");
-    EXPECT_EQ(Focused(), "txtInputB");
-    EXPECT_TRUE(IsBlank());
-    EXPECT_EQ(Find<Label>("lblInputB").text(), "&Height (mm)");
-    EXPECT_EQ(Find<Label>("lblInputA").text(), "Flow &Rate (L/s)");
-
+    Play(
+        "| text txtInputA: ; text txtInputB: ; focus: txtInputB; table: blank; text lblInputB: &Height (mm); "
+        "text lblInputA: Flow &Rate (L/s)");
     QTest::qWait(50);
     const QRect frame = Window().frameGeometry();
     EXPECT_EQ(frame.right(), Window().screen()->geometry().right());
@@ -47,61 +40,47 @@ TEST_F(StartOfTheProgram, ShowsTheSettingsOfTheFile) {
     WriteSettingsFile(settings);
     Start();
     EXPECT_EQ(BasisTexts(), "1.25 1234.5 1.25 0.00002 1234.5 1234.5 ");
-    Unload();
+    EndProgram();
     SetNumberLocale({.DecimalMark = ",", .GroupMark = "."});
     Start();
     EXPECT_EQ(BasisTexts(), "1,25 1234,5 1,25 0,00002 1234,5 1234,5 ");
     EXPECT_EQ(Settings.MaxVelocity, 1234.5);
-    Unload();
-
-    for (const auto& [inFile, selected] :
-         {std::pair(2, 2), std::pair(4, 4), std::pair(5, 0), std::pair(-1, 0)}) {
-        SCOPED_TRACE(inFile);
+    const std::pair<int, const char*> bases[] = {{2, "2"}, {4, "4"}, {5, "0"}, {-1, "0"}};
+    for (const auto& [inFile, selected] : bases) {
+        EndProgram();
         settings.CalcBasis = static_cast<std::int16_t>(inFile);
         WriteSettingsFile(settings);
         Start();
-        EXPECT_EQ(Settings.CalcBasis, selected);
-        EXPECT_EQ(Find<Label>("lblInputA").text(), selected == 4 ? "&Width (mm)" : "Flow &Rate (L/s)");
-        for (int i = 0; i < 5; ++i) {
-            const std::string index = "(" + std::to_string(i) + ")";
-            EXPECT_EQ(Find<Option>("optCalcBasis" + index).isChecked(), i == selected) << i;
-            EXPECT_EQ(Box("txtCalcBasis" + index).isEnabled(), i == selected) << i;
+        Play("| focus: txtInputB; basis: " + std::string(selected) +
+             "; text lblInputA: " + (*selected == '4' ? "&Width (mm)" : "Flow &Rate (L/s)"));
+        for (const std::string index : {"0", "1", "2", "3", "4"}) {
+            EXPECT_EQ(Find<Option>("optCalcBasis(" + index + ")").isChecked(), index == selected) << index;
+            EXPECT_EQ(Box("txtCalcBasis(" + index + ")").isEnabled(), index == selected) << index;
         }
-        EXPECT_EQ(Box("txtCalcBasis(9)").isEnabled(), selected == 2);
-        EXPECT_EQ(Focused(), "txtInputB");
-        Unload();
+        EXPECT_EQ(Box("txtCalcBasis(9)").isEnabled(), *selected == '2');
     }
 }
 
 TEST_F(StartOfTheProgram, TypedTargetsChangeTheMemoryAndLeavingWritesNothing) {
-    const std::string saved = ReadFile(SettingsFile());
-    const std::function<void()> ways[] = {[this] { ChooseFromMenu("mnuFile", "mnuFileExit"); },
-                                          [this] { Window().close(); }};
-    for (const auto& leave : ways) {
+    const std::string saved = ReadFile(File("User.cfg"));
+    for (const bool byMenu : {true, false}) {
         Start();
         EXPECT_EQ(BasisTexts(), "0.8 5 0.8 500 5 5 ");
-        Unfold();
-        Enter("txtCalcBasis(0)", "1.5");
-        Press(Qt::Key_V, Qt::AltModifier);
-        Type("6.25");
-        for (const auto key : {Qt::Key_C, Qt::Key_A, Qt::Key_A}) {
-            Press(key, Qt::AltModifier);
-            Type("9");
-        }
+        Play("@cmdMoreInfo txtCalcBasis(0)=1.5 Alt+V 6.25 Alt+C 9 Alt+A 9 Alt+A 9 | basis: 4");
         EXPECT_EQ(Settings.MaxLPM, 1.5);
         EXPECT_EQ(Settings.MaxVelocity, 6.25);
         EXPECT_EQ(Settings.Analysis, 500);
-        EXPECT_EQ(Settings.CalcBasis, 4);
         bool left = true;
-        QTimer::singleShot(0, &Window(), leave);
+        QTimer::singleShot(0, &Window(),
+                           [&] { byMenu ? Play("mnuFile>mnuFileExit") : void(Window().close()); });
         QTimer::singleShot(5000, &Window(), [&] {
             left = false;
             QApplication::exit();
         });
         QApplication::exec();
         EXPECT_TRUE(left);
-        Unload();
-        EXPECT_EQ(ReadFile(SettingsFile()), saved);
+        EndProgram();
+        EXPECT_EQ(ReadFile(File("User.cfg")), saved);
     }
 }
 

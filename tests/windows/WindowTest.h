@@ -53,11 +53,14 @@ class WindowTest : public testing::Test {
     void Play(const std::string& script);
     std::string Ask(const std::string& question) const;
 
-    // A control of any window by its name.
+    // A control of any window by its name, of the modal one first.
     template <typename Control = QWidget>
     Control& Find(const std::string& name) const {
-        for (QWidget* window : QApplication::topLevelWidgets()) {
-            if (auto* control = window->findChild<Control*>(QString::fromStdString(name))) {
+        QWidgetList windows = QApplication::topLevelWidgets();
+        windows.prepend(QApplication::activeModalWidget());
+        for (QWidget* window : windows) {
+            if (auto* control =
+                    window == nullptr ? nullptr : window->findChild<Control*>(QString::fromStdString(name))) {
                 return *control;
             }
         }
