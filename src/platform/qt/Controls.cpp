@@ -192,13 +192,9 @@ void Button::paintEvent(QPaintEvent* event) {
 void ToggleButton::initStyleOption(QStyleOptionButton* option) const {
     Button::initStyleOption(option);
     if (isChecked()) {
-        constexpr float kTint = 0.35F;
-        const QColor off = palette().color(QPalette::Button);
-        const QColor tint = palette().color(QPalette::Highlight);
-        const auto mixed = [](float from, float to) { return from + (to - from) * kTint; };
-        option->palette.setColor(QPalette::Button, QColor::fromRgbF(mixed(off.redF(), tint.redF()),
-                                                                    mixed(off.greenF(), tint.greenF()),
-                                                                    mixed(off.blueF(), tint.blueF())));
+        constexpr double kTint = 0.35;
+        option->palette.setColor(QPalette::Button, Mixed(palette().color(QPalette::Button),
+                                                         palette().color(QPalette::Highlight), kTint));
     }
 }
 
@@ -264,7 +260,10 @@ Line::Line(const QString& name, QWidget* parent) : QWidget(parent) {
 
 void Line::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.fillRect(rect(), palette().color(QPalette::Mid));
+    const DevicePixels pixels(painter);
+    const QRect area = pixels.Whole(QRectF(rect()));
+    painter.fillRect(area.left(), area.top(), area.width(), pixels.Thickness(height()),
+                     palette().color(QPalette::Mid));
 }
 
 Picture::Picture(const QString& name, const QString& icon, QWidget* parent) : QWidget(parent), m_icon(icon) {

@@ -1,5 +1,6 @@
 #include "platform/qt/Labels.h"
 
+#include "platform/qt/DevicePixels.h"
 #include "platform/qt/TextFit.h"
 
 #include <QColor>
@@ -18,8 +19,7 @@ namespace plenair {
 void BorderedLabel::paintEvent(QPaintEvent* event) {
     Label::paintEvent(event);
     QPainter painter(this);
-    painter.setPen(palette().color(QPalette::Mid));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    DevicePixels(painter).DrawFrame(rect(), palette().color(QPalette::Mid));
 }
 
 void RimmedLabel::paintEvent(QPaintEvent*) {

@@ -1,5 +1,6 @@
 #include "platform/qt/MSFlexGrid.h"
 
+#include "platform/qt/DevicePixels.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/ReadableStyle.h"
 #include "platform/qt/TextFit.h"
@@ -10,7 +11,9 @@
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPalette>
+#include <QPointF>
 #include <QRect>
+#include <QRectF>
 
 #include <memory>
 #include <stdexcept>
@@ -98,38 +101,51 @@ void MSFlexGrid::SetColAlignment(int column, int alignment) {
 void MSFlexGrid::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), palette().color(QPalette::Base));
-    const bool strong = NeedsStrongLines(palette());
-    QColor lines = palette().color(strong ? QPalette::Mid : QPalette::Text);
-    lines.setAlphaF(strong ? 1 : 0.2F);
+    PaintTexts(painter);
+    PaintLines(painter);
+}
+
+void MSFlexGrid::PaintTexts(QPainter& painter) const {
+    painter.setPen(palette().color(QPalette::Text));
     const QFontMetricsF metrics(font());
     const int rows = RowsSeen();
     for (int row = 0; row < rows; ++row) {
         for (int column = 0; column < m_columns; ++column) {
-            const QRect cell = CellPlace(row, column);
-            if (cell.right() < width() - 1) {
-                painter.fillRect(cell.right(), cell.top(), 1, cell.height(), lines);
-            }
-            if (cell.bottom() < height() - 1) {
-                painter.fillRect(cell.left(), cell.bottom(), cell.width() - 1, 1, lines);
-            }
-            const int alignment = Column(column).Alignment;
-            const int horizontal =
-                alignment == 4 ? Qt::AlignHCenter : (alignment == 7 ? Qt::AlignRight : Qt::AlignLeft);
-            const QRect room = cell.adjusted(1, 0, -1, -1);
             const QString text = ToQt(TextMatrix(row, column));
             if (text.isEmpty()) {
                 continue;
             }
+            const int alignment = Column(column).Alignment;
+            const int horizontal =
+                alignment == 4 ? Qt::AlignHCenter : (alignment == 7 ? Qt::AlignRight : Qt::AlignLeft);
+            const QRect room = CellPlace(row, column).adjusted(1, 0, -1, -1);
             const bool fits = metrics.horizontalAdvance(text) <= room.width();
-            painter.setPen(palette().color(QPalette::Text));
             painter.setFont(fits ? font() : FontThatFits(font(), text, room.width()));
             painter.drawText(room, horizontal | int{Qt::AlignVCenter},
                              fits ? text : TextThatFits(painter.font(), text, room.width()));
         }
     }
-    lines.setAlphaF(strong ? 1 : 0.45F);
-    painter.setPen(lines);
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+void MSFlexGrid::PaintLines(QPainter& painter) const {
+    const bool strong = NeedsStrongLines(palette());
+    const auto line = [&](double strength) {
+        return strong ? palette().color(QPalette::Mid)
+                      : Mixed(palette().color(QPalette::Base), palette().color(QPalette::Text), strength);
+    };
+    const DevicePixels pixels(painter);
+    const QRect whole = pixels.Whole(QRectF(rect()));
+    const int thickness = pixels.Thickness(1);
+    // The last line of pixels before the next column or row.
+    for (int column = 0; column < m_columns; ++column) {
+        const int edge = pixels.Whole(QPointF(CellPlace(0, column).right() + 1, 0)).x();
+        painter.fillRect(edge - thickness, whole.top(), thickness, whole.height(), line(0.2));
+    }
+    for (int row = 0; row < RowsSeen(); ++row) {
+        const int edge = pixels.Whole(QPointF(0, CellPlace(row, 0).bottom() + 1)).y();
+        painter.fillRect(whole.left(), edge - thickness, whole.width(), thickness, line(0.2));
+    }
+    pixels.DrawFrame(rect(), line(0.45));
 }
 
 } // namespace plenair

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPaintEvent>
+#include <QPainter>
 #include <QString>
 #include <QWidget>
 
@@ -69,6 +70,8 @@ class MSFlexGrid : public QWidget {
     const ColumnFormat& Column(int column) const { return m_formats[static_cast<std::size_t>(column)]; }
     std::size_t Index(int row, int column) const;
     void ContentChanged();
+    void PaintTexts(QPainter& painter) const;
+    void PaintLines(QPainter& painter) const;
 
     int m_rows;
     int m_columns;

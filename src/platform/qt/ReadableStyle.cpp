@@ -36,10 +36,7 @@ QColor ReadableOn(std::initializer_list<QColor> backgrounds, double contrast, co
                         [&](const QColor& background) { return Contrast(colour, background) >= contrast; })) {
             break;
         }
-        const auto between = [&](double from, double to) { return from + (to - from) * step / kSteps; };
-        colour = QColor::fromRgbF(static_cast<float>(between(weak.redF(), strong.redF())),
-                                  static_cast<float>(between(weak.greenF(), strong.greenF())),
-                                  static_cast<float>(between(weak.blueF(), strong.blueF())));
+        colour = Mixed(weak, strong, static_cast<double>(step) / kSteps);
     }
     return colour;
 }
@@ -58,6 +55,14 @@ Option WithStrongLines(const Option& option) {
 double Contrast(const QColor& one, const QColor& other) {
     const auto [darker, lighter] = std::minmax({Luminance(one), Luminance(other)});
     return (lighter + 0.05) / (darker + 0.05);
+}
+
+QColor Mixed(const QColor& from, const QColor& to, double way) {
+    const auto between = [way](float one, float other) {
+        return one + (other - one) * static_cast<float>(way);
+    };
+    return QColor::fromRgbF(between(from.redF(), to.redF()), between(from.greenF(), to.greenF()),
+                            between(from.blueF(), to.blueF()));
 }
 
 bool IsHighContrast(const QPalette& palette) {

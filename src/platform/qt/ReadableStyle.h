@@ -10,6 +10,9 @@ namespace plenair {
 // Guidelines.
 double Contrast(const QColor& one, const QColor& other);
 
+// The colour that lies so far, 0 to 1, on the way from one to another.
+QColor Mixed(const QColor& from, const QColor& to, double way);
+
 // Whether the palette is one of those that put plain white or yellow against plain black.
 bool IsHighContrast(const QPalette& palette);
 
