@@ -4,6 +4,7 @@
 #include "core/SettingsFile.h"
 #include "platform/desktop/Desktop.h"
 #include "platform/files/RegistryStore.h"
+#include "support/Script.h"
 
 #include <X11/Xlib.h>
 
@@ -95,6 +96,28 @@ void DesktopTest::AwaitThat(const std::string& what, const std::function<bool()>
     if (!Until(isTrue)) {
         GiveUp(what);
     }
+}
+
+void DesktopTest::Play(const std::string& script) {
+    const auto act = [this](const std::string& step) {
+        const std::size_t colon = step.rfind(':');
+        const std::size_t angle = step.find('>');
+        int x = 8;
+        int y = 6;
+        if (step[0] == '@') {
+            const bool isPlace =
+                std::sscanf(step.c_str() + std::min(colon, step.size()), ":%d,%d", &x, &y) == 2;
+            ClickAt(step.substr(1, isPlace ? colon - 1 : step.npos), x, y);
+        } else if (angle != step.npos) {
+            Choose(step.substr(0, angle), step.substr(angle + 1));
+        } else if (step.find('+') != step.npos || (step.size() > 1 && std::isupper(step[0]) != 0)) {
+            Keys(step);
+        } else {
+            Type(step);
+        }
+    };
+    PlayScript(script, act,
+               [this](const std::string& asked, const std::string& answer) { Await(asked, answer); });
 }
 
 bool DesktopTest::IsSettled() {

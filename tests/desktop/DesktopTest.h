@@ -30,6 +30,10 @@ class DesktopTest : public testing::Test {
     void Await(const std::string& question, const std::string& answer);
     void AwaitThat(const std::string& what, const std::function<bool()>& isTrue);
 
+    // Plays a script (see Script.h); what must be seen is waited for. A step is a chord by the X names of its
+    // keys ("Tab", "Alt+h"), or a text; @name clicks a control, @name:5,-6 at a place in it; menu>entry.
+    void Play(const std::string& script);
+
     // Chords with blanks between: "Tab Alt+h Down". Each is waited for until the program has it. A text is
     // typed likewise.
     void Keys(const std::string& chords);

@@ -16,168 +16,105 @@ class Focus : public DesktopTest {
     // The Lite window with results, its focus in txtInputA.
     void Calculate() {
         Start();
-        Type("300");
-        Keys("Tab");
-        Await("focus", "txtInputA");
-        Type("500");
-        Keys("Return");
-        Await("selected", "txtInputA 500");
-        EXPECT_EQ(Ask("table grdMinorCalc"), kTable);
+        Play("300 Tab | focus: txtInputA\n500 Return | selected: txtInputA 500; table grdMinorCalc: " +
+             kTable);
     }
 
-    void OpenSolver() {
-        Choose("mnuFile", "mnuFileMajor");
-        Await("active", "frmMajorCalc");
-    }
-
-    // The solver with a project of rigid ducts with these flows.
+    // The solver with a project of rigid ducts with these flows, and the sheet on the first.
     void OpenProject(const std::string& flows) {
-        std::string file = "\"\xa4\x30\"\r\n";
-        const auto append = [&file](const std::string& flow) {
-            for (const char* item :
-                 {"0.1", "0.1", "0", flow.c_str(), "0", "0", "0", "0", "0.2", "0.2", "0", "0"}) {
-                file += std::string(item) + "\r\n";
+        const auto block = [](const std::string& colour, const std::string& flow) {
+            std::string text = "\"\xa4\x31\"\r\n";
+            std::istringstream items(colour + " 0 .1 .1 0 " + flow + " 0 0 0 0 .2 .2 0 0");
+            for (std::string item; items >> item;) {
+                text += item + "\r\n";
             }
+            return text;
         };
-        file += "0\r\n0\r\n";
-        append("0");
+        std::string file = block("0", "0");
         std::istringstream words(flows);
         for (std::string flow; words >> flow;) {
-            file += "\"\xa4\x31\"\r\n255\r\n0\r\n";
-            append(flow);
+            file += block("255", flow);
         }
         WriteFile(File("p.gsp"), file);
         Start();
-        OpenSolver();
-        Click("cmdLoadGsp");
-        Await("active", "QFileDialog");
-        Type("p.gsp");
-        Keys("Return");
-        Await("active", "frmMajorCalc");
-    }
-
-    void ShowSheet() {
-        Click("chkParam");
-        Await("active", "frmMajorParam");
+        Play(R"(mnuFile>mnuFileMajor | active: frmMajorCalc
+            @cmdLoadGsp | active: QFileDialog
+            p.gsp Return | active: frmMajorCalc
+            @chkParam | active: frmMajorParam)");
     }
 
     // Saves the project by a click on its button, and gives the flows in the file.
     std::string SavedFlows() {
-        Click("cmdSaveGsp");
-        Await("active", "QFileDialog");
-        Keys("Control+a");
-        Type("q.gsp");
-        Keys("Return");
-        Await("active", "QMessageBox");
-        Keys("Return");
+        Play(R"(@cmdSaveGsp | active: QFileDialog
+            Control+a q.gsp Return | active: QMessageBox
+            Return)");
         std::istringstream lines(ReadFile(File("q.gsp")));
         std::string flows;
         int number = 0;
         for (std::string line; std::getline(lines, line);) {
             if (++number % 15 == 7 && number > 15) {
-                line.pop_back();
-                flows += (flows.empty() ? "" : " ") + line;
+                flows += line.substr(0, line.size() - 1) + " ";
             }
         }
         std::filesystem::remove(File("q.gsp"));
         return flows;
     }
+
+    // Another program takes the keyboard.
+    void Leave() {
+        TheScreen().OpenOther();
+        Await("active", "none");
+    }
 };
 
 TEST_F(Focus, LiteComesBackFromTheSolverAsItWas) {
     Calculate();
-    for (const std::string button : {"", "&Less", "&More"}) {
-        for (const bool byMouse : {true, false}) {
-            if (!button.empty() && byMouse) {
-                Click("cmdMoreInfo");
-                Await("text cmdMoreInfo", button);
-            }
-            if (byMouse) {
-                OpenSolver();
-                Click("cmdClose");
-                Click("No");
-            } else {
-                Keys("Home Right"); // the caret stays where the user put it
-                Keys("Alt+f");
-                Await("focus", "mnuFile");
-                Keys("p");
-                Await("active", "frmMajorCalc");
-                Keys("Alt+c");
-                Await("active", "QMessageBox");
-                Keys("Alt+n");
-            }
-            Await("active", "frmMinorCalc");
-            Await("selected", byMouse ? "txtInputA 500" : "txtInputA ");
-            EXPECT_EQ(Ask("cursorPosition txtInputA"), byMouse ? "3" : "1");
-            EXPECT_EQ(Ask("table grdMinorCalc"), kTable);
-            EXPECT_EQ(Ask("colour lblRatio(0)"), "#00ff00");
-        }
-        Keys("Control+a");
-        Await("selected", "txtInputA 500");
-        Keys("Return");
-        Await("table grdMinorCalc", kTable);
+    const std::string back =
+        " | active: frmMinorCalc; table grdMinorCalc: " + kTable + "; colour lblRatio(0): #00ff00";
+    for (const char* fold :
+         {"", "@cmdMoreInfo | text cmdMoreInfo: &Less", "@cmdMoreInfo | text cmdMoreInfo: &More"}) {
+        Play(fold);
+        Play("mnuFile>mnuFileMajor | active: frmMajorCalc\n@cmdClose @No" + back +
+             "; selected: txtInputA 500; cursorPosition txtInputA: 3\n" +
+             "Home Right Alt+f | focus: mnuFile\n" // the caret stays where the user put it
+             "p | active: frmMajorCalc\nAlt+c | active: QMessageBox\nAlt+n" +
+             back + "; selected: txtInputA ; cursorPosition txtInputA: 1\n" +
+             "Control+a | selected: txtInputA 500\nReturn | table grdMinorCalc: " + kTable);
     }
 }
 
 TEST_F(Focus, ASheetThatIsOnlyShownStoresNothing) {
     OpenProject("100 50 25");
-    ShowSheet();
-    EXPECT_EQ(SavedFlows(), "100 50 25");
-    ClickAt("lblParameter", 5, 5); // wakes it
-    Await("active", "frmMajorParam");
-    EXPECT_EQ(SavedFlows(), "100 50 25");
-    ClickAt("chkFollowOn", -5, 5);
-    Await("active", "frmMajorParam");
-    Click("chkParam");
-    Await("visible frmMajorParam", "false");
-    EXPECT_EQ(SavedFlows(), "100 50 25");
-    ShowSheet();
-    Click("txtParam(1)");
-    Type("77");
-    EXPECT_EQ(SavedFlows(), "77 77 77") << "what the user did enter is stored";
+    EXPECT_EQ(SavedFlows(), "100 50 25 ");
+    Play("@lblParameter:5,5 | active: frmMajorParam"); // wakes it
+    EXPECT_EQ(SavedFlows(), "100 50 25 ");
+    Play("@chkFollowOn:-5,5 | active: frmMajorParam\n@chkParam | visible frmMajorParam: false");
+    EXPECT_EQ(SavedFlows(), "100 50 25 ");
+    Play("@chkParam | active: frmMajorParam\n@txtParam(1) 77");
+    EXPECT_EQ(SavedFlows(), "77 77 77 ") << "what the user did enter is stored";
 }
 
 TEST_F(Focus, TheFirstClickAfterWakingKeepsTheWholeTextSelected) {
     OpenProject("100 50 25");
-    ShowSheet();
-    Click("txtParam(1)");
-    Type("55");
-    Await("text txtParam(1)", "55");
-    ClickAt("txtParam(1)", 20, 6); // no double click
-    Type("6");
-    Await("text txtParam(1)", "655");
-    ClickAt("cmdSaveGsp", 5, 5);
-    Await("active", "QFileDialog");
-    Keys("Escape");
-    Await("active", "frmMajorCalc");
-    Click("txtParam(3)");
-    Await("active", "frmMajorParam");
-    Type("7");
-    Await("text txtParam(3)", "7");
+    Play(R"(@txtParam(1) 55 | text txtParam(1): 55
+        @txtParam(1):20,6 6 | text txtParam(1): 655
+        @cmdSaveGsp:5,5 | active: QFileDialog
+        Escape | active: frmMajorCalc
+        @txtParam(3) | active: frmMajorParam
+        7 | text txtParam(3): 7)");
 }
 
 TEST_F(Focus, MenusAndBoxesLeaveSelectionAndCaret) {
     Calculate();
-    const std::pair<std::string, std::string> ways[] = {{"Alt_L", "Escape"},        {"Alt_L", "Alt_L"},
-                                                        {"Alt+f", "Escape Escape"}, {"F10", "Escape Escape"},
-                                                        {"F1", "Return"},           {"Alt+e o", "Alt+c"}};
-    for (const auto& [out, back] : ways) {
-        SCOPED_TRACE(out);
-        for (const std::string caret : {"Control+a", "Home Right"}) {
-            Keys(caret);
-            Keys(out);
-            Await("focus", out == "Alt_L"                   ? "QMenuBar"
-                           : out == "Alt+f" || out == "F10" ? "mnuFile"
-                           : out == "F1"                    ? "QPushButton"
-                                                            : "txtDefPath");
-            Keys(back);
-            Await("active", "frmMinorCalc");
-            Await("selected", caret == "Control+a" ? "txtInputA 500" : "txtInputA ");
-            EXPECT_EQ(Ask("table grdMinorCalc"), caret == "Control+a" ? "" : "");
-            Type("7");
-            Await("text txtInputA", caret == "Control+a" ? "7" : "5700");
-            Keys("Control+a");
-            Type("500");
+    const std::tuple<std::string, std::string, std::string> ways[] = {
+        {"Alt_L", "QMenuBar", "Escape"},       {"Alt_L", "QMenuBar", "Alt_L"},
+        {"Alt+f", "mnuFile", "Escape Escape"}, {"F10", "mnuFile", "Escape Escape"},
+        {"F1", "QPushButton", "Return"},       {"Alt+e o", "txtDefPath", "Alt+c"}};
+    for (const auto& [out, focus, back] : ways) {
+        for (const bool all : {true, false}) {
+            Play((all ? "Control+a " : "Home Right ") + out + " | focus: " + focus + "\n" + back +
+                 " | active: frmMinorCalc; selected: txtInputA " + (all ? "500" : "") +
+                 "; table grdMinorCalc: \n7 | text txtInputA: " + (all ? "7" : "5700") + "\nControl+a 500");
         }
     }
 }
@@ -198,46 +135,25 @@ TEST_F(Focus, UpAndDownStepOnceAtTheRelease) {
     EXPECT_EQ(Ask("table grdMinorCalc"), kTable);
 }
 
-TEST_F(Focus, AltTabComesBackToTheSheetAtItsDuct) {
-    OpenProject("100 50 25");
-    ShowSheet();
-    ClickAt("scrDuctNo", -4, 6);
-    Await("value scrDuctNo", "2");
-    TheScreen().OpenOther();
-    Await("active", "none");
-    SwitchTo("frmMajorParam");
-    EXPECT_EQ(Ask("value scrDuctNo"), "2");
-    TheScreen().CloseOther();
-}
-
 TEST_F(Focus, WhatTheUserEnteredIsStoredWhateverTakesTheFocus) {
     OpenProject("100 50 25");
-    ShowSheet();
-    const auto type = [this](const std::string& flow) {
-        Click("txtParam(1)");
-        Await("active", "frmMajorParam");
-        Await("focus", "txtParam(1)");
-        Keys("Control+a");
-        Type(flow);
-    };
-    type("11");
-    TheScreen().OpenOther();
-    Await("active", "none");
+    const std::string box = "@txtParam(1) | active: frmMajorParam; focus: txtParam(1)\nControl+a ";
+    Play(box + "11");
+    Leave();
     SwitchTo("frmMajorParam");
-    Await("cursorPosition txtParam(1)", "2"); // is still being typed
-    Type("1");
-    ClickAt("scrDuctNo", -4, 6);
-    Await("text txtParam(1)", "111"); // duct 2 follows on
-    type("22");
+    Play("| cursorPosition txtParam(1): 2\n" // it is still being typed
+         "1 @scrDuctNo:-4,6 | text txtParam(1): 111; value scrDuctNo: 2\n" +
+         box + "22"); // duct 2 follows on
     TheScreen().Close("Plenair");
-    Click("Cancel");
-    Click("txtParam(4)");
-    Keys("Escape"); // shows the record
-    Await("text txtParam(1)", "22");
-    type("33");
+    Play("@Cancel @txtParam(4) Escape | text txtParam(1): 22\n" + box + "33"); // Escape shows the record
     TheScreen().Close("Duct Parameters");
     Await("visible frmMajorParam", "false");
-    EXPECT_EQ(SavedFlows(), "111 33 33");
+    EXPECT_EQ(SavedFlows(), "111 33 33 ");
+    TheScreen().CloseOther();
+    Play("@chkParam | active: frmMajorParam\n@scrDuctNo:-4,6 | value scrDuctNo: 2");
+    Leave();
+    SwitchTo("frmMajorParam");
+    EXPECT_EQ(Ask("value scrDuctNo"), "2") << "at its duct";
     TheScreen().CloseOther();
 }
 
@@ -246,49 +162,33 @@ TEST_F(Focus, AClickOnWhatIsOnIsAClickAndArrowsChoose) {
     Settings.MaxVelocity = 8;
     SaveSettings();
     Calculate();
+    const auto choose = [this](const std::string& key, const std::string& basis) {
+        Play("Alt+e o | active: frmInputs\nTab | focus: optCalcBasis(0)\n" + key +
+             " | checked optCalcBasis(" + basis + "): true\nAlt+c | active: frmMinorCalc");
+    };
     Click("cmdMoreInfo");
-    const auto chooseInOptions = [this](const std::string& keys, const std::string& basis) {
-        Keys("Alt+e o");
-        Await("active", "frmInputs");
-        Keys("Tab");
-        Await("focus", "optCalcBasis(0)");
-        Keys(keys);
-        Await("checked optCalcBasis(" + basis + ")", "true");
-        Keys("Alt+c");
-        Await("active", "frmMinorCalc");
-    };
-    const auto table = [this](const std::string& expected) {
-        Keys("Alt+r Return");
-        Await("table grdMinorCalc", expected);
-    };
-    chooseInOptions("Right", "1");
-    table("275 250 7.64 2.35, 250 275 7.64 2.35, 225 300 7.81 2.48, 225 325 7.22 2.04, 200 350 7.61 2.33");
-    Click("optCalcBasis(0)");
-    Await("selected", "txtCalcBasis(0) 0.8");
-    table(kTable);
-    chooseInOptions("Down", "2");
-    TheScreen().OpenOther();
-    Await("active", "none");
-    Click("optCalcBasis(0)"); // in a window that isn't active
-    Await("selected", "txtCalcBasis(0) 0.8");
-    Await("active", "frmMinorCalc");
-    table(kTable);
+    choose("Right", "1");
+    Play("Alt+r Return | table grdMinorCalc: 275 250 7.64 2.35, 250 275 7.64 2.35, 225 300 7.81 2.48, "
+         "225 325 7.22 2.04, 200 350 7.61 2.33\n"
+         "@optCalcBasis(0) | selected: txtCalcBasis(0) 0.8\nAlt+r Return | table grdMinorCalc: " +
+         kTable);
+    choose("Down", "2");
+    Leave();
+    Play("@optCalcBasis(0) | selected: txtCalcBasis(0) 0.8; active: frmMinorCalc\n" // in a window that isn't
+                                                                                    // active
+         "Alt+r Return | table grdMinorCalc: " +
+         kTable);
     TheScreen().CloseOther();
 }
 
 TEST_F(Focus, TheSheetsKeysAndTheSolversToolTips) {
     OpenProject("100 50 25");
-    ShowSheet();
-    Keys("Shift+Tab");
-    Await("focus", "scrDuctNo");
-    for (const auto& [key, duct] :
-         {std::pair("Right", "2"), std::pair("Right", "3"), std::pair("Left", "2")}) {
-        Keys(key);
-        Await("value scrDuctNo", duct);
-    }
+    Play(R"(Shift+Tab | focus: scrDuctNo
+        Right | value scrDuctNo: 2
+        Right | value scrDuctNo: 3
+        Left | value scrDuctNo: 2)");
     Point("cmdSaveGsp", 8, 6);
-    Await("text QTipLabel", "Save Plenair Project");
-    EXPECT_EQ(Ask("active"), "frmMajorParam");
+    Play("| text QTipLabel: Save Plenair Project; active: frmMajorParam");
 }
 
 } // namespace

@@ -11,31 +11,9 @@ class Work : public DesktopTest {
     // The program with the solver open on two rigid ducts, and the sheet on the first of them.
     void DrawTwo() {
         Start();
-        OpenSolver();
-        Await("active", "frmMajorCalc");
-        for (const int x : {100, 200, 300}) {
-            ClickAt("picGrid", x, 100);
-        }
-        ShowSheet();
-    }
-
-    void ShowSheet() {
-        Click("chkParam");
-        Await("active", "frmMajorParam");
-    }
-
-    void OpenSolver() { Choose("mnuFile", "mnuFileMajor"); }
-
-    void Store(const std::string& flow) {
-        Click("txtParam(1)");
-        Await("focus", "txtParam(1)");
-        Type(flow);
-        Keys("Return");
-    }
-
-    void Expect(const std::string& duct, const std::string& flow) {
-        Await("text lblDuctNo", duct);
-        Await("text txtParam(1)", flow);
+        Play(R"(mnuFile>mnuFileMajor | active: frmMajorCalc
+            @picGrid:100,100 @picGrid:200,100 @picGrid:300,100
+            @chkParam | active: frmMajorParam)");
     }
 
     // Whether the recovery file holds that number.
@@ -54,49 +32,31 @@ class Work : public DesktopTest {
 
 TEST_F(Work, AFollowOnIsTakenBackFromEitherWindow) {
     DrawTwo();
-    Store("100");
-    Click("scrDuctNo");
-    ClickAt("scrDuctNo", -4, 6);
-    Expect("R2", "100");
-    Store("200");
-    ClickAt("scrDuctNo", 4, 6);
-    Expect("R1", "100");
-    Store("300"); // over the 200 of R2 too
-    Keys("Down");
-    Keys("Control+z");
-    Expect("R1", "100");
-    ClickAt("scrDuctNo", -4, 6);
-    Expect("R2", "200");
-    Click("txtParam(1)");
-    Type("77");
-    Keys("Control+z"); // only what was typed
-    Expect("R2", "200");
-    Click("optDuct(0)");
-    Await("active", "frmMajorCalc");
-    Keys("Control+Shift+z");
-    Expect("R1", "300");
-    Keys("Control+z Control+z");
-    Expect("R2", "100");
-    Keys("Control+y");
-    Expect("R2", "200");
+    Play(R"(@txtParam(1) | focus: txtParam(1)
+        100 Return @scrDuctNo @scrDuctNo:-4,6 | text lblDuctNo: R2; text txtParam(1): 100
+        @txtParam(1) | focus: txtParam(1)
+        200 Return @scrDuctNo:4,6 | text lblDuctNo: R1; text txtParam(1): 100
+        @txtParam(1) | focus: txtParam(1)
+        300 Return Down Control+z | text lblDuctNo: R1; text txtParam(1): 100
+        @scrDuctNo:-4,6 | text lblDuctNo: R2; text txtParam(1): 200
+        @txtParam(1) 77 Control+z | text lblDuctNo: R2; text txtParam(1): 200
+        @optDuct(0) | active: frmMajorCalc
+        Control+Shift+z | text lblDuctNo: R1; text txtParam(1): 300
+        Control+z Control+z | text lblDuctNo: R2; text txtParam(1): 100
+        Control+y | text lblDuctNo: R2; text txtParam(1): 200)");
 }
 
 TEST_F(Work, AfterACrashTheProjectIsBack) {
     DrawTwo();
-    Store("123");
+    Play("@txtParam(1) | focus: txtParam(1)\n123 Return");
     AwaitThat("it is kept", [this] { return IsKept(123); });
     Kill();
     Start();
-    OpenSolver();
-    Await("active", "QMessageBox");
-    EXPECT_EQ(Ask("text QMessageBox"), "Plenair was not closed properly. Restore the project it held?");
-    Click("Yes");
-    Await("active", "frmMajorCalc");
-    ShowSheet();
-    Expect("R1", "123");
-    Click("cmdClose");
-    Click("No");
-    Await("active", "frmMinorCalc");
+    Play(
+        R"(mnuFile>mnuFileMajor | text QMessageBox: Plenair was not closed properly. Restore the project it held?
+        @Yes | active: frmMajorCalc
+        @chkParam | active: frmMajorParam; text lblDuctNo: R1; text txtParam(1): 123
+        @cmdClose @No | active: frmMinorCalc)");
     EXPECT_TRUE(std::filesystem::is_empty(File("state/plenair")));
 }
 
@@ -110,30 +70,17 @@ TEST_F(Work, TablesPastedAndTheManualOpened) {
                   [&] { return TheScreen().Pasted(form).find(part) != std::string::npos; });
     };
     DrawTwo();
-    Store("100.5");
-    Keys("F1");
+    Play("@txtParam(1) | focus: txtParam(1)\n100.5 Return F1");
     AwaitThat("the browser is started",
               [this] { return ReadFile(File("opened")) == "file://" + File("manual/manual.html#sheet\n"); });
-    Click("optDuct(0)");
-    Await("active", "frmMajorCalc");
-    Keys("Control+c");
+    Play("@optDuct(0) | active: frmMajorCalc\nControl+c");
     awaitPasted("UTF8_STRING", "\nR2\tRigid\t100.5\t0\t0\t0\t0\t0\t0\t0\n");
     awaitPasted("text/html", "<td align=\"right\">100.5</td>");
     awaitPasted("image/svg+xml", ">R2</text>");
     awaitPasted("image/png", "PNG");
-    Click("txtParam(1)");
-    Await("active", "frmMajorParam");
-    Await("selected", "txtParam(1) 100.5");
-    Keys("Control+c"); // in a box it is the box's own
+    Play("@txtParam(1) | active: frmMajorParam; selected: txtParam(1) 100.5\nControl+c"); // the box's own
     AwaitThat("the text is there", [] { return TheScreen().Pasted("UTF8_STRING") == "100.5"; });
-    Click("cmdClose");
-    Click("No");
-    Await("active", "frmMinorCalc");
-    Keys("Alt+h");
-    Type("300");
-    Keys("Tab");
-    Type("500");
-    Keys("Return Control+Shift+c");
+    Play("@cmdClose @No | active: frmMinorCalc\nAlt+h 300 Tab 500 Return Control+Shift+c");
     awaitPasted("UTF8_STRING", "\nRound\t\t\t375\t4.53\t0.69\n");
 }
 

@@ -1,6 +1,7 @@
 #include "windows/WindowTest.h"
 #include "core/SettingsFile.h"
 #include "core/start/Main.h"
+#include "support/Script.h"
 
 #include <QKeySequence>
 #include <QMenu>
@@ -105,22 +106,12 @@ void WindowTest::EndProgram() {
 }
 
 void WindowTest::Play(const std::string& script) {
-    std::istringstream lines(script);
-    for (std::string line; std::getline(lines, line);) {
-        SCOPED_TRACE(line);
-        const std::size_t bar = std::min(line.find('|'), line.size());
-        std::istringstream steps(line.substr(0, bar));
-        for (std::string step; steps >> step;) {
-            Do(step);
-        }
-        for (std::size_t at = bar + 2; at < line.size();) {
-            const std::size_t end = std::min(line.find("; ", at), line.size());
-            const std::size_t colon = line.find(": ", at);
-            const std::string question = line.substr(at, colon - at);
-            EXPECT_EQ(Ask(question), line.substr(colon + 2, end - colon - 2)) << question;
-            at = end + 2;
-        }
-    }
+    const testing::ScopedTrace trace(__FILE__, __LINE__, script);
+    PlayScript(
+        script, [this](const std::string& step) { Do(step); },
+        [this](const std::string& question, const std::string& answer) {
+            EXPECT_EQ(Ask(question), answer) << question;
+        });
 }
 
 void WindowTest::Do(const std::string& step) {

@@ -41,10 +41,7 @@ class WindowTest : public testing::Test {
     void Start();
     static void EndProgram();
 
-    // Plays a script. Each line is a row of steps, and behind a bar what must be seen then:
-    //
-    //     @txtInputB 300 Tab 500 Return | selected: txtInputA 500; text txtInputB: 300
-    //
+    // Plays a script (see Script.h).
     // A step is a text or a key ("Tab", "Alt+H"); @name clicks a control, @next and @back the arrows of the
     // sheet's scroll bar, name=text changes a box by click and
     // keys, menu>entry chooses from a menu, #2,3 clicks a crossing of the grid (#m2,3 by the middle button,
