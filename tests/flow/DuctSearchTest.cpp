@@ -31,8 +31,8 @@ Found Outcome(Search search) {
 }
 
 Found Quick(const Sought& duct) {
-    const auto& [bound, flow, height, loss, velocity, roughness] = duct;
     return Outcome([&](double& working) {
+        const auto& [bound, flow, height, loss, velocity, roughness] = duct;
         return bound == By::Loss       ? SizeForLoss(flow, height, loss, roughness, working)
                : bound == By::Velocity ? SizeForVelocity(flow, height, velocity, roughness, working)
                                        : SizeWithinCaps(flow, height, loss, velocity, roughness, working);
