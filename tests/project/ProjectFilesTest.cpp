@@ -183,7 +183,7 @@ TEST_F(ProjectFilesTest, LongWorkCanBeCancelled) {
     int cancelAt = 0;
     std::string shown;
     Desktop().StartProgress = [&](const ProgressRequest& request) {
-        shown = request.Text + " of " + std::to_string(request.Steps) + " kB";
+        shown = request.Title + ": " + request.Text + " of " + std::to_string(request.Steps) + " kB";
         return [&](int done) { return done <= cancelAt; };
     };
     const auto makeLarge = [] {
@@ -201,7 +201,7 @@ TEST_F(ProjectFilesTest, LongWorkCanBeCancelled) {
         ProjectName = "before.gsp";
         RedrawProject(windows);
         Load("plant.gsp");
-        EXPECT_EQ(shown, "Opening" + size);
+        EXPECT_EQ(shown, "Load Project: Opening" + size);
         EXPECT_EQ(State(), isDone ? "2000 ducts of plant.gsp, sheet" : "0 ducts of ");
         EXPECT_EQ(solver.picGrid.Items().size() > GridLines, isDone);
         makeLarge();
@@ -211,7 +211,7 @@ TEST_F(ProjectFilesTest, LongWorkCanBeCancelled) {
             desktop.ExpectMessage(MessageAnswer::Ok);
         }
         EXPECT_EQ(SaveProject(windows), isDone);
-        EXPECT_EQ(shown, "Saving" + size);
+        EXPECT_EQ(shown, "Save: Saving" + size);
         EXPECT_EQ(ReadFile(File("plant.gsp")), isDone ? ProjectText() : text);
     }
 }
