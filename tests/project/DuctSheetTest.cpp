@@ -28,7 +28,6 @@ TEST_F(SheetTest, EachTypeHasItsLocks) {
                 {3E38F, kFlagClear, "olooooll", "2", 1}, // no colour number: the one before
                 {kConnectionColour, kFlagSet, "LLLLLLLL", "C2", 65535}};
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.colour);
         StartProject();
         sheet.value = 1;
         sheet.colour = 1;
@@ -38,8 +37,7 @@ TEST_F(SheetTest, EachTypeHasItsLocks) {
         DrawPending = kFlagSet;
         sheet.SetScrollMaximum(2);
         sheet.SetScrollValue(2);
-        EXPECT_EQ(sheet.Looks(), row.looks);
-        EXPECT_EQ(sheet.caption, row.caption);
+        EXPECT_EQ(sheet.Looks() + " " + sheet.caption, std::string(row.looks) + " " + row.caption);
         EXPECT_EQ(sheet.colour, row.inColour);
         EXPECT_EQ(DrawPending, kFlagClear) << "another duct ends a chain";
     }
@@ -67,13 +65,15 @@ TEST_F(SheetTest, StoresUpToTheFirstTextThatIsNoNumber) {
     EXPECT_EQ(Values(Ducts[0]), "0 0 0 0 0 0 0 0");
 }
 
-TEST_F(SheetTest, FollowOnReachesWhatCanHoldTheValue) {
+TEST_F(SheetTest, ABoxThatIsLeftIsStoredAndFollowsOnWhereItMay) {
     const std::string zero = "0 0 0 0 0 0 0 0";
     const struct {
-        std::int16_t from;
-        std::int16_t box;
+        std::int16_t from; // the duct of the sheet: rigid, connection or rigid
+        int box;
         std::string connection; // the values of duct 2
         std::string rigid;      // of duct 3
+        bool ticked = true;
+        Flag solved = kFlagClear;
     } rows[] = {{1, 1, zero, "1 0 0 0 0 0 0 0"},
                 {1, 2, zero, zero},
                 {1, 3, zero, "0 0 3 0 0 0 0 0"},
@@ -81,52 +81,37 @@ TEST_F(SheetTest, FollowOnReachesWhatCanHoldTheValue) {
                 {1, 5, "0 0 0 0 5 0 0 0", "0 0 0 0 5 0 0 0"},
                 {1, 6, zero, "0 0 0 0 0 6 0 0"},
                 {1, 7, zero, zero},
-                {1, 8, "0 0 0 0 0 0 0 8", zero},
-                {3, 1, zero, zero},
-                {0, 1, zero, zero},
-                {9, 1, zero, zero}};
+                {1, 8, zero, zero}, // which is locked
+                {1, 1, zero, zero, false},
+                {1, 1, zero, zero, true, kFlagSet},
+                {2, 1, "1 2 3 4 5 6 7 8", zero},
+                {2, 4, "1 2 3 4 5 6 7 8", "0 0 0 4 0 0 0 0"},
+                {3, 1, zero, "1 2 3 4 5 6 7 8"}};
     for (const auto& row : rows) {
-        SCOPED_TRACE("box " + std::to_string(row.box) + " of duct " + std::to_string(row.from));
         StartProject();
-        Add({kFlexibleColour, 0, 0, 0, 0, 8, 0, 4, 2, 3, 7, 5, 6, 1});
-        Add(kConnectionColour);
-        Add(kRigidColour);
-        FollowOn(row.from, static_cast<SheetBox>(row.box));
-        EXPECT_EQ(Values(Ducts[2]), row.connection);
-        EXPECT_EQ(Values(Ducts[3]), row.rigid);
-    }
-}
-
-TEST_F(SheetTest, ABoxThatIsLeftCopiesWhereItMay) {
-    const struct {
-        const char* name;
-        float colour; // of the duct that the sheet is on
-        SheetBox box;
-        bool ticked;
-        Flag solved;
-        const char* copied; // to the rigid duct after it
-    } rows[] = {
-        {"flow", kRigidColour, SheetBox::Flow, true, kFlagClear, "1 0 0 0 0 0 0 0"},
-        {"not ticked", kRigidColour, SheetBox::Flow, false, kFlagClear, "0 0 0 0 0 0 0 0"},
-        {"locked", kConnectionColour, SheetBox::Flow, true, kFlagClear, "0 0 0 0 0 0 0 0"},
-        {"open in a connection", kConnectionColour, SheetBox::Length, true, kFlagClear, "0 0 0 4 0 0 0 0"},
-        {"solved", kRigidColour, SheetBox::Flow, true, kFlagSet, "0 0 0 0 0 0 0 0"}};
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        StartProject();
-        Add(row.colour);
-        Add(kRigidColour);
+        for (const float colour : {kRigidColour, kConnectionColour, kRigidColour}) {
+            Add(colour);
+        }
         Solved = row.solved;
-        sheet.value = 1;
+        sheet.value = row.from;
         sheet.followOn = row.ticked;
-        ShowDuctSheet(windows, 1);
+        ShowDuctSheet(windows, row.from);
         for (const SheetRow& value : kSheetRows) {
             sheet.texts[value.Box] = std::to_string(PositionOf(value.Box) + 1);
         }
-        StoreBox(windows, row.box);
-        EXPECT_EQ(Values(Ducts[1]), "1 2 3 4 5 6 7 8") << "all boxes are stored";
-        EXPECT_EQ(Values(Ducts[2]), row.copied);
+        StoreBox(windows, static_cast<SheetBox>(row.box));
+        EXPECT_EQ(Values(Ducts[1]) + ", " + Values(Ducts[2]) + ", " + Values(Ducts[3]),
+                  (row.from == 1 ? "1 2 3 4 5 6 7 8" : zero) + ", " + row.connection + ", " + row.rigid)
+            << "box " << row.box << " of duct " << row.from;
     }
+    StartProject();
+    Add({.ConnCoefficient = 8});
+    Add(kConnectionColour);
+    for (const int from : {0, 9, 2, 1}) {
+        EXPECT_EQ(Values(Ducts[2]), zero);
+        FollowOn(static_cast<std::int16_t>(from), SheetBox::ConnCoefficient);
+    }
+    EXPECT_EQ(Values(Ducts[2]), "0 0 0 0 0 0 0 8");
 }
 
 } // namespace
