@@ -5,7 +5,6 @@
 
 #include <QApplication>
 #include <QPaintEvent>
-#include <QTimer>
 
 namespace {
 
@@ -53,22 +52,12 @@ class About : public WindowTest {
 
     // Opens the box from the menu, works on it when the show is over, and closes it.
     void WithAbout(const std::function<void()>& steps) {
-        bool opened = false;
-        QTimer timer;
-        QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
-            if (m_calls == 0) {
-                return;
-            }
-            timer.stop();
-            opened = true;
+        const auto work = [&](QWidget& about) {
+            EXPECT_TRUE(QTest::qWaitFor([this] { return m_calls > 0; }, 60'000));
             steps();
-            if (frmAbout* const box = AboutBox()) {
-                box->close();
-            }
-        });
-        timer.start(5);
-        ChooseFromMenu("mnuHelp", "mnuHelpAbout");
-        EXPECT_TRUE(opened);
+            about.close();
+        };
+        WorkOn([this] { ChooseFromMenu("mnuHelp", "mnuHelpAbout"); }, {work});
         EXPECT_EQ(AboutBox(), nullptr);
     }
 

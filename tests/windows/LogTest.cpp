@@ -5,12 +5,9 @@
 #include "platform/text/DateText.h"
 #include "windows/WindowTest.h"
 
-#include <QApplication>
-#include <QFileDialog>
 #include <QLineEdit>
 #include <QLocale>
 #include <QMessageBox>
-#include <QTimer>
 
 namespace {
 
@@ -20,40 +17,27 @@ class Log : public WindowTest {
     Log() { Desktop().ShowDialog = ShowFileDialog; }
     void SetUp() override { Start(); }
 
-    std::string File(const std::string& name) const { return m_environment.Folder().File(name); }
     bool CanRecord() const { return Find<QAction>("mnuFileLog").isEnabled(); }
 
-    struct Step {
-        std::string text;                                           // the name of a file, or what is asked
-        QMessageBox::StandardButton button = QMessageBox::NoButton; // the answer to that
-    };
-    // Chooses a menu entry and does the steps in the dialogs that follow. Escape ends what is left.
-    void Choose(const std::string& entry, const std::vector<Step>& steps) {
+    // Chooses a menu entry and does the steps in the dialogs that follow: the name of a file, or a message
+    // and its answer.
+    void Choose(const std::string& entry,
+                const std::vector<std::pair<std::string, QMessageBox::StandardButton>>& steps) {
         dialogsExpected = true;
-        std::size_t next = 0;
-        QTimer timer;
-        QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
-            QWidget* const dialog = QApplication::activeModalWidget();
-            if (dialog == nullptr || !dialog->isActiveWindow()) {
-                return;
-            }
-            if (next == steps.size()) {
-                QTest::keyClick(dialog, Qt::Key_Escape);
-                return;
-            }
-            const Step& step = steps[next++];
-            if (auto* const box = qobject_cast<QMessageBox*>(dialog)) {
-                EXPECT_TRUE(box->text().contains(step.text.c_str())) << box->text().toStdString();
-                QTest::mouseClick(box->button(step.button), Qt::LeftButton);
-            } else {
-                auto* const name = dialog->findChild<QLineEdit*>();
-                name->setText(QString::fromStdString(step.text));
-                QTest::keyClick(name, Qt::Key_Return);
-            }
-        });
-        timer.start(30);
-        ChooseFromMenu("mnuFile", entry);
-        EXPECT_EQ(next, steps.size()) << "dialogs that didn't come";
+        std::vector<DialogStep> all;
+        for (const auto& step : steps) {
+            all.emplace_back([&](QWidget& dialog) {
+                if (auto* const box = qobject_cast<QMessageBox*>(&dialog)) {
+                    EXPECT_TRUE(box->text().contains(step.first.c_str())) << box->text().toStdString();
+                    QTest::mouseClick(box->button(step.second), Qt::LeftButton);
+                } else {
+                    auto* const name = dialog.findChild<QLineEdit*>();
+                    name->setText(QString::fromStdString(step.first));
+                    QTest::keyClick(name, Qt::Key_Return);
+                }
+            });
+        }
+        WorkOn([&] { ChooseFromMenu("mnuFile", entry); }, all);
     }
 };
 
@@ -64,13 +48,13 @@ TEST_F(Log, SavingAsksBeforeItReplacesAFile) {
     EXPECT_TRUE(CanRecord()) << "cancelled";
     WriteFile(File("old.pnl"), "old");
     desktop.ExpectMessage(MessageAnswer::Ok);
-    Choose("mnuFileLog", {Step{"old"}, Step{"old.pnl already exists", QMessageBox::No}, Step{"my new"}});
+    Choose("mnuFileLog", {{"old", {}}, {"old.pnl already exists", QMessageBox::No}, {"my new", {}}});
     EXPECT_EQ(ReadFile(File("old.pnl")), "old");
     EXPECT_TRUE(ReadFile(File("my new.pnl")).ends_with("500\t375\t300\t1.3\t4.68\t0.69\t0\r\n"));
     EXPECT_EQ(CurrentFolder(), m_environment.Folder().Path());
     Click("cmdLog(2)");
     desktop.ExpectMessage(MessageAnswer::Ok);
-    Choose("mnuFileLog", {Step{"old.pnl"}, Step{"old.pnl already exists", QMessageBox::Yes}});
+    Choose("mnuFileLog", {{"old.pnl", {}}, {"old.pnl already exists", QMessageBox::Yes}});
     EXPECT_EQ(ReadFile(File("old.pnl")), ReadFile(File("my new.pnl"))) << "replaced, nothing is appended";
 }
 
@@ -79,10 +63,10 @@ TEST_F(Log, OpeningShowsTheFileInTheEditor) {
     fs::create_directory(other);
     WriteFile(other + "/my log.pnl", "");
     WriteFile(other + "/plain", "");
-    Choose("mnuFileLogOpen", {Step{other + "/my log"}});
+    Choose("mnuFileLogOpen", {{other + "/my log", {}}});
     EXPECT_EQ(desktop.Log.back(), "editor " + other + "/my log.pnl");
     EXPECT_EQ(Settings.DefPath, other);
-    Choose("mnuFileLogOpen", {Step{"plain"}}); // the dialog opens in the last folder
+    Choose("mnuFileLogOpen", {{"plain", {}}}); // the dialog opens in the last folder
     EXPECT_EQ(desktop.Log.back(), "editor " + other + "/plain");
 }
 

@@ -2,7 +2,6 @@
 #include "windows/WindowTest.h"
 
 #include <QMessageBox>
-#include <QTimer>
 #include <QWindow>
 
 namespace {
@@ -81,19 +80,19 @@ TEST_F(Menus, MessageBoxesOfTheDesktop) {
         // clang-format on
     };
     for (const auto& row : rows) {
-        QTimer::singleShot(20, &Window(), [&] {
-            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            ASSERT_NE(box, nullptr);
-            EXPECT_EQ(box->windowTitle() + "|" + box->text(), "T|a <b>\nc");
-            EXPECT_EQ(box->textFormat(), Qt::PlainText);
-            EXPECT_EQ(box->icon(), row.shown);
-            if (row.pressed == QMessageBox::NoButton) {
-                QTest::keyClick(box, Qt::Key_Escape);
-            } else {
-                QTest::mouseClick(box->button(row.pressed), Qt::LeftButton);
-            }
-        });
-        EXPECT_EQ(ShowMessage({"a <b>\nc", "T", row.buttons, row.icon}), row.answer);
+        const auto answer = [&](QWidget& dialog) {
+            auto& box = dynamic_cast<QMessageBox&>(dialog);
+            EXPECT_EQ(box.windowTitle() + "|" + box.text(), "T|a <b>\nc");
+            EXPECT_EQ(box.textFormat(), Qt::PlainText);
+            EXPECT_EQ(box.icon(), row.shown);
+            row.pressed == QMessageBox::NoButton ? QTest::keyClick(&box, Qt::Key_Escape)
+                                                 : QTest::mouseClick(box.button(row.pressed), Qt::LeftButton);
+        };
+        WorkOn(
+            [&] {
+                EXPECT_EQ(ShowMessage({"a <b>\nc", "T", row.buttons, row.icon}), row.answer);
+            },
+            {answer});
     }
 }
 

@@ -1,8 +1,6 @@
 #include "core/windows/frmInputs.h"
 #include "windows/WindowTest.h"
 
-#include <QTimer>
-
 namespace {
 
 constexpr const char* kBoxes[] = {"txtMaxLPM",           "txtMaxVelocity", "txtAnalysis",
@@ -15,22 +13,12 @@ class Options : public WindowTest {
 
     // Opens the options from the menu and works on them; `steps` must close them.
     void WithOptions(const std::function<void()>& steps) {
-        bool opened = false;
-        QTimer timer;
-        QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
-            m_options = qobject_cast<frmInputs*>(QApplication::activeModalWidget());
-            if (m_options == nullptr || !m_options->isActiveWindow()) {
-                return;
-            }
-            timer.stop();
-            opened = true;
+        const auto work = [&](QWidget& options) {
+            m_options = qobject_cast<frmInputs*>(&options);
             steps();
-            EXPECT_FALSE(m_options->isVisible()) << "the options stay open";
-            m_options->hide();
-        });
-        timer.start(5);
-        ChooseFromMenu("mnuEdit", "mnuEditOptions");
-        EXPECT_TRUE(opened);
+            EXPECT_FALSE(options.isVisible()) << "the options stay open";
+        };
+        WorkOn([this] { ChooseFromMenu("mnuEdit", "mnuEditOptions"); }, {work});
     }
 
     // What the options show: the basis that is on, or -1, and the numbers.

@@ -6,6 +6,7 @@
 #include <QKeySequence>
 #include <QMenu>
 #include <QMenuBar>
+#include <QTimer>
 #include <QWindow>
 
 namespace plenair {
@@ -75,6 +76,22 @@ void ClickAt(QWidget& control, QPoint place, Qt::MouseButton button) {
 
 void ClickOn(QWidget* control) {
     ClickAt(*control, control->rect().center());
+}
+
+void WorkOn(const std::function<void()>& open, const std::vector<DialogStep>& steps) {
+    std::size_t next = 0;
+    bool isBusy = false;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
+        QWidget* const dialog = QApplication::activeModalWidget();
+        if (dialog != nullptr && dialog->isActiveWindow() && !std::exchange(isBusy, true)) {
+            next < steps.size() ? steps[next++](*dialog) : dialog->hide();
+            isBusy = false;
+        }
+    });
+    timer.start(20);
+    open();
+    EXPECT_EQ(next, steps.size()) << "dialogs that didn't come";
 }
 
 std::string Focused() {

@@ -27,6 +27,11 @@ void Type(const std::string& text);
 void ClickOn(QWidget* control);
 void ClickAt(QWidget& control, QPoint place, Qt::MouseButton button = Qt::LeftButton);
 
+// Opens something that waits for its user, and takes the steps, each when a modal window is the active one.
+// What is left open then is hidden.
+using DialogStep = std::function<void(QWidget& dialog)>;
+void WorkOn(const std::function<void()>& open, const std::vector<DialogStep>& steps);
+
 // Object name of what has the focus; "nothing" if nothing has it.
 std::string Focused();
 
