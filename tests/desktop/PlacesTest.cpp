@@ -25,36 +25,15 @@ std::ostream& operator<<(std::ostream& stream, const Place& place) {
     return stream << place.Left << ',' << place.Top << ' ' << place.Width << 'x' << place.Height;
 }
 
-std::vector<long> Numbers(Window window, const char* property) {
-    Display* const display = TheScreen().Connection();
-    Atom type = 0;
-    int format = 0;
-    unsigned long count = 0;
-    unsigned long rest = 0;
-    unsigned char* data = nullptr;
-    XGetWindowProperty(display, window, XInternAtom(display, property, False), 0, 1024, False,
-                       AnyPropertyType, &type, &format, &count, &rest, &data);
-    std::vector<long> numbers;
-    if (data != nullptr) {
-        const auto* first = reinterpret_cast<const long*>(data);
-        numbers.assign(first, first + count);
-        XFree(data);
-    }
-    return numbers;
+std::vector<unsigned long> Numbers(Window window, const char* property) {
+    return TheScreen().Numbers(window, property);
 }
 
 // The windows that a window manager knows, from the lowest up.
 std::vector<Window> Stack() {
-    std::vector<Window> stack;
-    const Window root = DefaultRootWindow(TheScreen().Connection());
-    std::vector<long> numbers = Numbers(root, "_NET_CLIENT_LIST_STACKING");
-    if (numbers.empty()) {
-        numbers = Numbers(root, "_NET_CLIENT_LIST"); // all that xfwm4 tells of one window
-    }
-    for (const long window : numbers) {
-        stack.push_back(static_cast<Window>(window));
-    }
-    return stack;
+    const auto stack = Numbers(TheScreen().Root(), "_NET_CLIENT_LIST_STACKING");
+    return stack.empty() ? Numbers(TheScreen().Root(), "_NET_CLIENT_LIST")
+                         : stack; // as of xfwm4 with one window
 }
 
 // What stands on the screen with that title; 0 if nothing does.
@@ -87,11 +66,11 @@ Place Client(Window window) {
 Place Frame(const std::string& title) {
     const Window window = Find(title);
     Place place = Client(window);
-    const std::vector<long> frame = Numbers(window, "_NET_FRAME_EXTENTS"); // left, right, top, bottom
+    const auto frame = Numbers(window, "_NET_FRAME_EXTENTS"); // left, right, top, bottom
     if (place != Place() && frame.size() == 4) {
-        place = {place.Left - static_cast<int>(frame[0]), place.Top - static_cast<int>(frame[2]),
-                 place.Width + static_cast<int>(frame[0] + frame[1]),
-                 place.Height + static_cast<int>(frame[2] + frame[3])};
+        const std::vector<int> wide(frame.begin(), frame.end());
+        place = {place.Left - wide[0], place.Top - wide[2], place.Width + wide[0] + wide[1],
+                 place.Height + wide[2] + wide[3]};
     }
     return place;
 }
@@ -99,36 +78,20 @@ Place Frame(const std::string& title) {
 // What the window manager knows of the keyboard. The server, and the toolkit, know it earlier; a click in
 // between may be lost.
 bool HasKeyboard(Window window) {
-    const std::vector<long> active =
-        Numbers(DefaultRootWindow(TheScreen().Connection()), "_NET_ACTIVE_WINDOW");
-    return window != 0 && !active.empty() && static_cast<Window>(active[0]) == window;
+    const auto active = Numbers(TheScreen().Root(), "_NET_ACTIVE_WINDOW");
+    return window != 0 && !active.empty() && active[0] == window;
 }
 
 // How high in the stack a window is; -1 if it isn't there.
-int Level(Window window) {
+std::ptrdiff_t Level(Window window) {
     const std::vector<Window> stack = Stack();
     const auto place = std::find(stack.begin(), stack.end(), window);
-    return place == stack.end() ? -1 : static_cast<int>(place - stack.begin());
+    return place == stack.end() ? -1 : place - stack.begin();
 }
 
 bool HasState(Window window, const char* state) {
-    const std::vector<long> states = Numbers(window, "_NET_WM_STATE");
-    const Atom atom = XInternAtom(TheScreen().Connection(), state, False);
-    return std::count(states.begin(), states.end(), static_cast<long>(atom)) > 0;
-}
-
-// Asks the window manager for something.
-void Tell(Window window, const char* message, const std::vector<long>& values) {
-    Display* const display = TheScreen().Connection();
-    XEvent event = {};
-    event.xclient.type = ClientMessage;
-    event.xclient.window = window;
-    event.xclient.message_type = XInternAtom(display, message, False);
-    event.xclient.format = 32;
-    std::copy(values.begin(), values.end(), event.xclient.data.l);
-    XSendEvent(display, DefaultRootWindow(display), False, SubstructureRedirectMask | SubstructureNotifyMask,
-               &event);
-    XSync(display, False);
+    const auto states = Numbers(window, "_NET_WM_STATE");
+    return std::count(states.begin(), states.end(), XInternAtom(TheScreen().Connection(), state, False)) > 0;
 }
 
 enum class Edge { Left, Right, Top, Bottom };
@@ -155,9 +118,12 @@ class Panel {
         strut[4 + 2 * side + 1] = (lies ? width : height) - 1;
         Set("_NET_WM_STRUT_PARTIAL", XA_CARDINAL, strut);
         XMapWindow(m_display, m_window);
-        Until([this] {
-            return WorkArea() !=
-                   std::vector<long>{0, 0, DisplayWidth(m_display, 0), DisplayHeight(m_display, 0)};
+        const auto whole = std::vector<unsigned long>{0, 0, static_cast<unsigned long>(width),
+                                                      static_cast<unsigned long>(height)};
+        Until([&] {
+            std::vector<unsigned long> area = Numbers(TheScreen().Root(), "_NET_WORKAREA");
+            area.resize(4);
+            return area != whole;
         });
     }
     ~Panel() {
@@ -168,11 +134,6 @@ class Panel {
     Panel& operator=(const Panel&) = delete;
 
   private:
-    std::vector<long> WorkArea() const {
-        std::vector<long> area = Numbers(DefaultRootWindow(m_display), "_NET_WORKAREA");
-        area.resize(4);
-        return area;
-    }
     void Set(const char* property, Atom type, const std::vector<long>& values) const {
         XChangeProperty(m_display, m_window, XInternAtom(m_display, property, False), type, 32,
                         PropModeReplace, reinterpret_cast<const unsigned char*>(values.data()),
@@ -191,8 +152,7 @@ class Places : public DesktopTest {
         AwaitThat("Lite has the keyboard", [] { return HasKeyboard(Find("Plenair Lite")); });
     }
     void OpenSolver() {
-        Choose("mnuFile", "mnuFileMajor");
-        Await("active", "frmMajorCalc");
+        Play("mnuFile>mnuFileMajor | active: frmMajorCalc");
         AwaitThat("the solver has the keyboard", [] { return HasKeyboard(Find("Plenair")); });
     }
     void ShowSheet() {
@@ -224,7 +184,8 @@ class Places : public DesktopTest {
         Place place = Frame(title);
         place.Left += right;
         place.Top += down;
-        Tell(Find(title), "_NET_MOVERESIZE_WINDOW", {kNorthWest, place.Left, place.Top});
+        TheScreen().Tell(TheScreen().Root(), Find(title), "_NET_MOVERESIZE_WINDOW",
+                         {kNorthWest, place.Left, place.Top});
         AwaitPlace(title, place);
         AwaitThat("the program knows it", [&] { return Control(control).Left == before.Left + right; });
         return place;

@@ -120,10 +120,8 @@ Screen::Screen(const std::string& windowManager, const std::string& size) {
     m_manager =
         std::make_unique<Child>(Split(windowManager, ' '), Environment(), -1, m_home.File("manager.log"));
     const bool isManaged = Until([this] {
-        const auto window = Property<std::vector<Window>>(m_display, DefaultRootWindow(m_display),
-                                                          "_NET_SUPPORTING_WM_CHECK");
-        return !window.empty() &&
-               window == Property<std::vector<Window>>(m_display, window[0], "_NET_SUPPORTING_WM_CHECK");
+        const auto window = Numbers(Root(), "_NET_SUPPORTING_WM_CHECK");
+        return !window.empty() && window == Numbers(window[0], "_NET_SUPPORTING_WM_CHECK");
     });
     if (!isManaged) {
         throw std::runtime_error(windowManager + " does not start: " + ReadFile(m_home.File("manager.log")));
@@ -157,7 +155,7 @@ void Screen::StartServer(const std::string& size) {
 }
 
 std::string Screen::Pasted(const std::string& form) const {
-    const Window window = XCreateSimpleWindow(m_display, DefaultRootWindow(m_display), 0, 0, 1, 1, 0, 0, 0);
+    const Window window = XCreateSimpleWindow(m_display, Root(), 0, 0, 1, 1, 0, 0, 0);
     const auto atom = [this](const std::string& name) { return XInternAtom(m_display, name.c_str(), False); };
     XConvertSelection(m_display, atom("CLIPBOARD"), atom(form), atom("PASTED"), window, CurrentTime);
     XEvent event = {};
@@ -222,10 +220,10 @@ void Screen::Button(int button, bool down) {
 }
 
 std::string Screen::Windows() const {
-    const Window root = DefaultRootWindow(m_display);
-    const auto active = Property<std::vector<Window>>(m_display, root, "_NET_ACTIVE_WINDOW");
+    const Window root = Root();
+    const auto active = Numbers(root, "_NET_ACTIVE_WINDOW");
     std::string list;
-    for (const Window window : Property<std::vector<Window>>(m_display, root, "_NET_CLIENT_LIST_STACKING")) {
+    for (const Window window : Numbers(root, "_NET_CLIENT_LIST_STACKING")) {
         XWindowAttributes look = {};
         int x = 0;
         int y = 0;
@@ -242,7 +240,7 @@ std::string Screen::Windows() const {
 }
 
 void Screen::OpenOther() {
-    m_other = XCreateSimpleWindow(m_display, DefaultRootWindow(m_display), 0, 600, 200, 100, 0, 0, 0);
+    m_other = XCreateSimpleWindow(m_display, Root(), 0, 600, 200, 100, 0, 0, 0);
     XSizeHints place = {};
     place.flags = USPosition | USSize;
     place.x = 0;
@@ -260,34 +258,48 @@ void Screen::CloseOther() {
 void Screen::AwaitManager() {
     // It answers in the order in which it is told of things, and this question has an answer that can be
     // seen.
-    const Window root = DefaultRootWindow(m_display);
+    const Window root = Root();
     const Window asking = XCreateSimpleWindow(m_display, root, 0, 0, 1, 1, 0, 0, 0);
-    XEvent event = {};
-    event.xclient.type = ClientMessage;
-    event.xclient.window = asking;
-    event.xclient.message_type = XInternAtom(m_display, "_NET_REQUEST_FRAME_EXTENTS", False);
-    event.xclient.format = 32;
-    XSendEvent(m_display, root, False, SubstructureNotifyMask | SubstructureRedirectMask, &event);
-    if (!Until([&] {
-            return !Property<std::vector<unsigned long>>(m_display, asking, "_NET_FRAME_EXTENTS").empty();
-        })) {
+    Tell(root, asking, "_NET_REQUEST_FRAME_EXTENTS", {});
+    if (!Until([&] { return !Numbers(asking, "_NET_FRAME_EXTENTS").empty(); })) {
         throw std::runtime_error("the window manager does not answer");
     }
     XDestroyWindow(m_display, asking);
 }
 
+std::vector<unsigned long> Screen::Numbers(unsigned long window, const char* property) const {
+    return Property<std::vector<unsigned long>>(m_display, window, property);
+}
+
+unsigned long Screen::Root() const {
+    return DefaultRootWindow(m_display);
+}
+
+void Screen::Tell(unsigned long receiver, unsigned long window, const char* message,
+                  const std::vector<long>& values) const {
+    XEvent event = {};
+    event.xclient.type = ClientMessage;
+    event.xclient.window = window;
+    event.xclient.message_type = XInternAtom(m_display, message, False);
+    event.xclient.format = 32;
+    std::copy(values.begin(), values.end(), event.xclient.data.l);
+    XSendEvent(m_display, receiver, False,
+               receiver == Root() ? SubstructureNotifyMask | SubstructureRedirectMask : NoEventMask, &event);
+    XSync(m_display, False);
+}
+
 bool Screen::IsPointerFree() {
-    const int answer = XGrabPointer(m_display, DefaultRootWindow(m_display), False, 0, GrabModeAsync,
-                                    GrabModeAsync, None, None, CurrentTime);
+    const int answer =
+        XGrabPointer(m_display, Root(), False, 0, GrabModeAsync, GrabModeAsync, None, None, CurrentTime);
     XUngrabPointer(m_display, CurrentTime);
     XSync(m_display, False);
     return answer == GrabSuccess;
 }
 
 bool Screen::IsUpToDate(unsigned long active) const {
-    const Window root = DefaultRootWindow(m_display);
-    const auto windows = Property<std::vector<Window>>(m_display, root, "_NET_CLIENT_LIST");
-    const auto known = Property<std::vector<Window>>(m_display, root, "_NET_ACTIVE_WINDOW");
+    const Window root = Root();
+    const auto windows = Numbers(root, "_NET_CLIENT_LIST");
+    const auto known = Numbers(root, "_NET_ACTIVE_WINDOW");
     return (active == 0 || (!known.empty() && known[0] == active)) &&
            std::all_of(windows.begin(), windows.end(), [this](Window window) {
                XWindowAttributes look = {};
@@ -296,17 +308,10 @@ bool Screen::IsUpToDate(unsigned long active) const {
 }
 
 void Screen::Close(const std::string& title) {
-    for (const Window window :
-         Property<std::vector<Window>>(m_display, DefaultRootWindow(m_display), "_NET_CLIENT_LIST")) {
+    for (const Window window : Numbers(Root(), "_NET_CLIENT_LIST")) {
         if (Property<std::string>(m_display, window, "_NET_WM_NAME") == title) {
-            XEvent event = {};
-            event.xclient.type = ClientMessage;
-            event.xclient.window = window;
-            event.xclient.message_type = XInternAtom(m_display, "WM_PROTOCOLS", False);
-            event.xclient.format = 32;
-            event.xclient.data.l[0] = static_cast<long>(XInternAtom(m_display, "WM_DELETE_WINDOW", False));
-            XSendEvent(m_display, window, False, NoEventMask, &event);
-            XSync(m_display, False);
+            const Atom close = XInternAtom(m_display, "WM_DELETE_WINDOW", False);
+            Tell(window, window, "WM_PROTOCOLS", {static_cast<long>(close)});
         }
     }
 }

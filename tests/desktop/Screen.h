@@ -78,6 +78,14 @@ class Screen {
     // Asks the window of this title to close, as a window manager does.
     void Close(const std::string& title);
 
+    // A property of a window, as a list of numbers; empty if it isn't there.
+    std::vector<unsigned long> Numbers(unsigned long window, const char* property) const;
+    unsigned long Root() const;
+
+    // Sends a window, or the window manager about it, a message.
+    void Tell(unsigned long receiver, unsigned long window, const char* message,
+              const std::vector<long>& values) const;
+
     // Saves a picture of the screen; gives its path.
     std::string SavePicture(const std::string& path) const;
 
