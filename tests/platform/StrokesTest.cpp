@@ -33,37 +33,29 @@ TEST(Strokes, WholePixelsAtEveryScale) {
         int thickness;
     } rows[] = {{1, 1, 1},    {1, 2, 2},    {1, 4, 4}, {1.25, 1, 1}, {1.25, 2, 3}, {1.5, 1, 2}, {1.5, 2, 3},
                 {1.75, 1, 2}, {1.75, 2, 4}, {2, 1, 2}, {2, 2, 4},    {3, 1, 3},    {3, 2, 6}};
-    for (const auto& row : rows) {
-        for (double place = 300; place < 400; place += 7.3) {
-            const PixelScale scale = ScaleOf(row.factor, {1000, 1000});
-            NotedInk across;
-            PaintStroke({.LineWidth = row.width, .Start = {300, place}, .End = {900, place + 1}}, scale,
-                        across);
-            NotedInk down;
-            PaintStroke({.LineWidth = row.width, .Start = {place + 1, 900}, .End = {place, 300}}, scale,
-                        down);
-            ASSERT_EQ(across.Fills.size() + down.Fills.size(), 2U) << "as good as along an axis";
-            EXPECT_EQ(across.Fills[0].Bottom - across.Fills[0].Top, row.thickness);
-            EXPECT_EQ(down.Fills[0].Right - down.Fills[0].Left, row.thickness);
-            EXPECT_EQ(across.Fills[0].Top, down.Fills[0].Left);
-            EXPECT_EQ(across.Fills[0].Right, down.Fills[0].Bottom);
+    for (const auto& [factor, width, thickness] : rows) {
+        const PixelScale scale = ScaleOf(factor, {4000, 4000});
+        for (double place = 300; place < 400; place += 7.3) { // as good as along an axis
+            NotedInk ink;
+            PaintStroke({.LineWidth = width, .Start = {300, place}, .End = {900, place + 1}}, scale, ink);
+            PaintStroke({.LineWidth = width, .Start = {place + 1, 900}, .End = {place, 300}}, scale, ink);
+            const PixelRect& across = ink.Fills.at(0);
+            const PixelRect& down = ink.Fills.at(1);
+            EXPECT_EQ(across.Bottom - across.Top, thickness);
+            EXPECT_EQ(down.Right - down.Left, thickness);
+            EXPECT_EQ(across.Top, down.Left);
+            EXPECT_EQ(across.Right, down.Bottom);
         }
-    }
-}
-
-// The last guide of a plot comes by a sum of lengths to where the frame stands by a product.
-TEST(Strokes, WhatASumLeavesOffLiesOnTheSamePixels) {
-    for (const double factor : {1.0, 1.25, 1.5, 1.75, 2.0, 3.0}) {
-        for (double width = 14000; width < 16000; width += 37.5) {
-            double x = width * 0.05;
+        // The last guide of a plot comes by a sum of lengths to where the frame stands by a product.
+        for (double size = 14000; size < 16000; size += 37.5) {
+            double x = size * 0.05;
             for (int guide = 0; guide < 7; ++guide) {
-                x += width * 0.9 / 7;
+                x += size * 0.9 / 7;
             }
             NotedInk ink;
-            const PixelScale scale = ScaleOf(factor, {4000, 4000});
             PaintStroke({.Start = {x, 10}, .End = {x, 500}}, scale, ink);
-            PaintStroke({.Start = {width * 0.95, 10}, .End = {width * 0.95, 500}}, scale, ink);
-            EXPECT_EQ(ink.Fills.at(0), ink.Fills.at(1)) << factor << " " << width;
+            PaintStroke({.Start = {size * 0.95, 10}, .End = {size * 0.95, 500}}, scale, ink);
+            EXPECT_EQ(ink.Fills.at(0), ink.Fills.at(1)) << factor << " " << size;
         }
     }
 }
