@@ -1,7 +1,11 @@
+#include "core/windows/frmInputs.h"
+#include "extras/windows/frmAbout.h"
 #include "platform/qt/FormFont.h"
 #include "platform/qt/Twips.h"
 #include "windows/WindowTest.h"
 
+#include <QAction>
+#include <QRegularExpression>
 #include <QStyle>
 #include <QStyleOptionButton>
 #include <QStyleOptionFrame>
@@ -64,6 +68,64 @@ TEST_P(Layout, EveryTextFitsItsControl) {
         }
     }
     EXPECT_EQ(m_seen, 2 * 9 + 5 + 6 + 8 + 2 * 4);
+}
+
+// A window, its controls in the order of their making and its menus: name, place and size in pixels, font,
+// how it takes the focus, its texts, and whether it can be seen. One to a line.
+std::string Described(QWidget& window) {
+    std::ostringstream all;
+    const auto write = [&](const QVariant& text) {
+        const std::string words = text.toString().replace('\n', '/').toStdString();
+        all << (words.empty() ? "" : " ") << words;
+    };
+    all << window.objectName().toStdString() << std::hex << ' ' << int(window.windowFlags()) << std::dec;
+    write(window.windowTitle());
+    all << '\n';
+    for (const QWidget* control :
+         window.findChildren<QWidget*>(QRegularExpression("^(?!qt_|mnu)[a-z]+[A-Z]"))) {
+        const QRect place = control->geometry();
+        const QFont font = control->font();
+        all << control->objectName().toStdString() << ' ' << place.x() << ',' << place.y() << ' '
+            << place.width() << 'x' << place.height() << ' ' << font.pointSizeF() << (font.bold() ? "b" : "")
+            << (font.italic() ? "i" : "") << ' ' << control->focusPolicy()
+            << (control->isEnabled() ? "" : "-") << (control->isVisibleTo(&window) ? "" : " hidden");
+        for (const char* text :
+             {"text", "toolTip", "accessibleName", "alignment", "maxLength", "minimum", "maximum"}) {
+            write(control->property(text));
+        }
+        all << '\n';
+    }
+    for (const QAction* action : window.findChildren<QAction*>(QRegularExpression("^mnu"))) {
+        all << action->objectName().toStdString() << (action->isEnabled() ? "" : "-")
+            << (action->isCheckable() ? "+" : "");
+        write(action->text());
+        write(action->shortcut().toString());
+        all << '\n';
+    }
+    return all.str();
+}
+
+class Windows : public SolverTest {};
+
+TEST_F(Windows, StandAsInTheTable) {
+    OpenSolver();
+    std::string all = Described(Window()) + Described(Solver()) + Described(Sheet());
+    frmInputs options;
+    frmAbout about;
+    all += Described(options) + Described(about);
+    const std::string& folder = m_environment.Folder().Path();
+    all.replace(all.find(folder), folder.size(), "FOLDER");
+    const std::string table = PLENAIR_SOURCES "/windows/layout.txt";
+    if (qEnvironmentVariableIsSet("PLENAIR_WRITE_LAYOUT")) {
+        WriteFile(table, all);
+    }
+    std::istringstream seen(all);
+    std::istringstream expected(ReadFile(table));
+    for (std::string line, wanted; std::getline(expected, wanted);) {
+        std::getline(seen, line);
+        EXPECT_EQ(line, wanted);
+    }
+    EXPECT_EQ(seen.peek(), EOF);
 }
 
 TEST(FormScale, LargeLettersEnlargeTheFormsAsFarAsTheScreenGoes) {

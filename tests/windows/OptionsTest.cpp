@@ -120,8 +120,9 @@ TEST_F(Options, WhatIsNoNumberOrCannotBeWrittenIsRefused) {
         EXPECT_TRUE(m_options->isVisible());
         EXPECT_EQ(Settings.DefPath, m_environment.Folder().Path()) << "nothing at all is stored";
         fs::remove(path);
-        Click("cmdOK");
+        Play("txtRoundOff=32767 @cmdOK");
     });
+    EXPECT_EQ(Settings.RoundOff, 32767);
     EXPECT_EQ(Settings.DefPath, "/elsewhere");
 }
 
