@@ -44,6 +44,9 @@ struct Lanes {
 // A line that advances along the main axis at least as fast as across it, `start` being first.
 void PaintSlant(const Lanes& lanes, Point start, Point end, double width, std::uint32_t ink) {
     const double slope = (end.Y - start.Y) / (end.X - start.X);
+    if (!std::isfinite(slope)) {
+        return; // a point has no direction
+    }
     const double stretch = std::sqrt(1 + slope * slope);
     const double cap = width / 2 / stretch;
     const double half = width / 2 * stretch;
