@@ -42,7 +42,14 @@ Picture --only --document options "the options show what the settings file holds
 Key alt+c
 WaitFor "Plenair Lite"
 
+# Another month: a run that has seen this one done doesn't look again.
+EndProgram
 rm "$work/home/.config/plenair/registry"
+StartProgram
+WaitFor "Plenair Lite"
+Type 300
+Key Tab
+Type 500
 Key Return
 WaitFor "Plenair's harmless self advertising"
 Picture reminder "once a month, before a calculation: a question"
