@@ -149,7 +149,7 @@ void ClickGrid(const ProjectWindows& windows, MouseButton button, float x, float
     HoldPoint(solver, point);
     windows.Sheet.SetScrollMaximum(DuctCount);
     LabelDuct(windows, DuctCount);
-    NoteStep(windows);
+    NoteStep(windows, DuctCount);
 }
 
 bool BeepIfSolved() {

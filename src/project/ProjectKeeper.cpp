@@ -111,8 +111,8 @@ void StartKeeping() {
     }
 }
 
-void NoteStep(const ProjectWindows& windows) {
-    if (NoteStep(windows.Solver.IsPressureVisible())) {
+void NoteStep(const ProjectWindows& windows, std::int16_t first) {
+    if (NoteStep(windows.Solver.IsPressureVisible(), first)) {
         KeepProject();
     }
 }

@@ -2,6 +2,7 @@
 
 #include "project/ProjectWindows.h"
 
+#include <cstdint>
 #include <string>
 
 // What the user has done to the project is a step that can be undone, and outlives a crash or a power cut:
@@ -14,8 +15,8 @@ const std::string kSolverTitle = "Project Solver";
 // The solver opens. A folder that takes no files is told of once in a run, and then nothing is kept.
 void StartKeeping();
 
-// Ends an action of the user: what it has changed is a step, and kept.
-void NoteStep(const ProjectWindows& windows);
+// Ends an action of the user: what it has changed, in the elements from `first` on, is a step, and kept.
+void NoteStep(const ProjectWindows& windows, std::int16_t first = 0);
 
 // A save has named the project, which is no step.
 void NoteSaved();

@@ -86,10 +86,10 @@ DuctBits Present(std::size_t element) {
     return element < Ducts.size() ? BitsOf(Ducts[element]) : DuctBits{};
 }
 
-Changes FindChanges() {
+Changes FindChanges(std::size_t first) {
     Changes changes;
     const std::size_t elements = std::max(Ducts.size(), s_history.Noted.Elements.size());
-    for (std::size_t element = 0; element < elements; ++element) {
+    for (std::size_t element = first; element < elements; ++element) {
         const DuctBits before = Before(element);
         const DuctBits present = Present(element);
         if (before == present) {
@@ -190,8 +190,8 @@ void EndHistory() {
     s_history = {};
 }
 
-bool NoteStep(bool pressureShown) {
-    const Changes changes = FindChanges();
+bool NoteStep(bool pressureShown, std::int16_t first) {
+    const Changes changes = FindChanges(static_cast<std::size_t>(first));
     const bool isSolved = Solved != kFlagClear;
     const bool renamed = ProjectName != s_history.Noted.Name;
     if (!changes.Any() && Ducts.size() == s_history.Noted.Elements.size() &&

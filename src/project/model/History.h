@@ -22,8 +22,8 @@ void StartHistory(bool pressureShown = false);
 void EndHistory();
 
 // Makes a step of what has changed since the last one, and forgets what had been undone. False, and no step,
-// where nothing has.
-bool NoteStep(bool pressureShown);
+// where nothing has. A caller that knows that no element before `first` has changed saves the search there.
+bool NoteStep(bool pressureShown, std::int16_t first = 0);
 
 // A save has named the project; that is part of no step, and stays when they are undone.
 void NoteName();
