@@ -2,8 +2,6 @@
 #include "platform/text/DateText.h"
 
 // Dates and times of any moment, with any names of months.
-namespace plenair {
-
 void Run(std::string_view input) {
     LocalTime time;
     const std::size_t order = Choose(input, 3);
@@ -35,5 +33,3 @@ void Run(std::string_view input) {
     REQUIRE(hour >= 1 && hour <= 12 && m == 'M' && (half == 'A' || half == 'P'));
     REQUIRE(hour % 12 + (half == 'P' ? 12 : 0) == time.Hour && minute == time.Minute);
 }
-
-} // namespace plenair

@@ -4,8 +4,6 @@
 #include <set>
 
 // Desktop entries, and the lists of applications.
-namespace plenair {
-
 void Run(std::string_view input) {
     const std::string path = "/logs/my $log; \"1\" %f\n.pnl";
     if (const auto command = CommandOn(input, path)) {
@@ -24,5 +22,3 @@ void Run(std::string_view input) {
         REQUIRE(!name.empty() && name.find_first_of(";\n") == name.npos && names.insert(name).second);
     }
 }
-
-} // namespace plenair

@@ -9,8 +9,9 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
-// What the fuzzers share; each is one file that defines Run.
-namespace plenair {
+// What the fuzzers share; each is one file that defines Run. The program's names are at home in them.
+namespace plenair {}
+using namespace plenair;
 
 // Tries one input. What must hold is said by REQUIRE, which ends the fuzzer with the input as its finding.
 void Run(std::string_view input);
@@ -36,9 +37,7 @@ inline std::string FileOf(std::string_view content) {
     return "/proc/self/fd/" + std::to_string(s_file);
 }
 
-} // namespace plenair
-
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    plenair::Run({reinterpret_cast<const char*>(data), size});
+    Run({reinterpret_cast<const char*>(data), size});
     return 0;
 }

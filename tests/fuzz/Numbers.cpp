@@ -6,8 +6,6 @@
 #include <cstring>
 
 // Texts as numbers in several locales, and any bits of a number as text.
-namespace plenair {
-
 namespace {
 
 void ExpectReadBack(double value, Mark mark) {
@@ -86,5 +84,3 @@ void Run(std::string_view input) {
     REQUIRE(!WhyNoNumber(input).empty());
     ExpectPoint(input);
 }
-
-} // namespace plenair

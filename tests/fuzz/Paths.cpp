@@ -5,8 +5,6 @@
 #include <vector>
 
 // Lists of ducts as a user types them, in projects of different sizes. Each duct's length is its number.
-namespace plenair {
-
 void Run(std::string_view input) {
     if (Ducts.size() == 1) {
         DuctCount = kMostDucts;
@@ -41,5 +39,3 @@ void Run(std::string_view input) {
         REQUIRE(PathElements[place].Position == static_cast<std::int16_t>(place));
     }
 }
-
-} // namespace plenair

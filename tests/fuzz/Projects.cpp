@@ -9,8 +9,6 @@
 
 // Project files: a plain reader of the format agrees on what each holds, and what was read and is written can
 // be read again to the same.
-namespace plenair {
-
 namespace {
 
 constexpr std::size_t kNumbers = 14; // of a block
@@ -114,5 +112,3 @@ void Run(std::string_view input) {
         REQUIRE(DuctCount == count && ProjectText() == written);
     }
 }
-
-} // namespace plenair

@@ -6,8 +6,6 @@
 
 // Recovery files whose sum is right, whatever else they hold: what is read is written and read again to the
 // same.
-namespace plenair {
-
 namespace {
 
 std::string WithRightSum(std::string_view input) {
@@ -39,5 +37,3 @@ void Run(std::string_view input) {
         }
     }
 }
-
-} // namespace plenair

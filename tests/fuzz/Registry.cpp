@@ -5,8 +5,6 @@
 #include <map>
 
 // The registry store on any file, and any row of calls compared with a map.
-namespace plenair {
-
 namespace {
 
 std::string Get(RegistryKey key, const std::string& name) {
@@ -27,13 +25,6 @@ std::string TakeName(std::string_view& input) {
     return name;
 }
 
-std::string Lower(std::string name) {
-    for (char& byte : name) {
-        byte = byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte | 32) : byte;
-    }
-    return name;
-}
-
 } // namespace
 
 void Run(std::string_view input) {
@@ -49,11 +40,14 @@ void Run(std::string_view input) {
     const std::string before = Get(key, "before");
     for (int calls = 0; calls < 4 && (calls == 0 || !input.empty()); ++calls) {
         const auto type = static_cast<std::uint32_t>(Choose(input, 6));
-        const std::string name = TakeName(input);
+        std::string name = TakeName(input);
         const std::string data = TakeName(input);
         REQUIRE(RegSetValueExA(key, name, type, reinterpret_cast<const unsigned char*>(data.data()),
                                static_cast<std::uint32_t>(data.size())) == ERROR_SUCCESS);
-        values[Lower(name)] = std::to_string(type) + data;
+        for (char& byte : name) { // names know no case
+            byte = byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte | 32) : byte;
+        }
+        values[name] = std::to_string(type) + data;
     }
     for (const auto& [name, value] : values) {
         REQUIRE(Get(key, name) == value);
@@ -62,5 +56,3 @@ void Run(std::string_view input) {
     REQUIRE(ReadFile(s_file).ends_with("\"end\"\r\n"));
     RegCloseKey(key);
 }
-
-} // namespace plenair

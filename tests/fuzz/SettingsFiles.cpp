@@ -9,8 +9,6 @@
 #include <tuple>
 
 // Settings files: one that is read is written and read again to the same, any other gives the defaults.
-namespace plenair {
-
 namespace {
 
 auto Fields() {
@@ -52,5 +50,3 @@ void Run(std::string_view input) {
     LoadSettings();
     REQUIRE(!isTold && Fields() == loaded && ReadFile(s_file) == written);
 }
-
-} // namespace plenair

@@ -5,8 +5,6 @@
 #include "project/model/ProjectBlocks.h"
 
 // The whole way of a project: load, solve, save, and load the report.
-namespace plenair {
-
 namespace {
 
 constexpr std::int16_t kMostSolved = 8; // of a duct that can't be solved each takes its time
@@ -60,5 +58,3 @@ void Run(std::string_view input) {
         REQUIRE(ProjectText() == results);
     }
 }
-
-} // namespace plenair
