@@ -2,7 +2,7 @@
 #include "platform/text/DateText.h"
 
 // Dates and times of any moment, with any names of months.
-void Run(std::string_view input) {
+FUZZER(dates) {
     LocalTime time;
     const std::size_t order = Choose(input, 3);
     time.Year = static_cast<int>(Choose(input, 100) * 100 + Choose(input, 100));

@@ -4,7 +4,7 @@
 #include <set>
 
 // Desktop entries, and the lists of applications.
-void Run(std::string_view input) {
+FUZZER(entries) {
     const std::string path = "/logs/my $log; \"1\" %f\n.pnl";
     if (const auto command = CommandOn(input, path)) {
         REQUIRE(!command->Arguments.empty() && !command->Arguments.front().empty());

@@ -24,7 +24,7 @@ std::string WithRightSum(std::string_view input) {
 
 } // namespace
 
-void Run(std::string_view input) {
+FUZZER(recovery) {
     for (const std::string& content : {std::string(input), WithRightSum(input)}) {
         try {
             const KeptProject kept = ReadKept(content);

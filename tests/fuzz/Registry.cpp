@@ -27,7 +27,7 @@ std::string TakeName(std::string_view& input) {
 
 } // namespace
 
-void Run(std::string_view input) {
+FUZZER(registry) {
     static const TemporaryFolder s_folder;
     static const std::string s_file = s_folder.File("registry");
     SetRegistryFile(s_file);

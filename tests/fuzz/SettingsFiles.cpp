@@ -19,7 +19,7 @@ auto Fields() {
 
 } // namespace
 
-void Run(std::string_view input) {
+FUZZER(settings) {
     static const TemporaryFolder s_folder;
     static const std::string s_file = s_folder.File("User.cfg");
     SetProgramFolder(s_folder.Path());

@@ -11,7 +11,7 @@ constexpr std::int16_t kMostSolved = 8; // of a duct that can't be solved each t
 
 } // namespace
 
-void Run(std::string_view input) {
+FUZZER(solutions) {
     static const TemporaryFolder s_folder;
     static FakeSolver s_solver;
     static FakeSheet s_sheet;
