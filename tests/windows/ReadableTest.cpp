@@ -100,6 +100,15 @@ TEST(Readable, DisabledTextsAndLinesInEveryTheme) {
             EXPECT_GE(lines, theme.strong ? 3 : 1.5) << control->objectName().toStdString();
         }
     }
+    TextBox box("box", nullptr);
+    const auto look = [&box](const char* number) {
+        box.SetText(number);
+        return box.grab().toImage();
+    };
+    for (int width = 44; width < 60; ++width) {
+        box.resize(width, 20);
+        EXPECT_EQ(look("12345671111111"), look("12345678888888")) << "nothing behind the ellipsis";
+    }
     EXPECT_NEAR(Contrast(Qt::black, Qt::white), 21, 1e-9);
     EXPECT_NEAR(Contrast(QColor("#767676"), Qt::white), 4.54, 0.01);
 }

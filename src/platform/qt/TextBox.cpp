@@ -13,6 +13,7 @@
 #include <QFontMetrics>
 #include <QPainter>
 #include <QPalette>
+#include <QSize>
 #include <QStyle>
 #include <QStyleOptionFrame>
 #include <QToolTip>
@@ -21,6 +22,8 @@
 namespace plenair {
 
 namespace {
+
+constexpr int kTextMargin = 2; // the line edit's own, on both sides of a text
 
 // The characters that a key gives; none for a key that only moves or edits.
 QString CharactersOf(const QKeyEvent* event) {
@@ -75,15 +78,15 @@ void TextBox::SelectAll() {
     IsTextTooWide() ? setSelection(length, -length) : selectAll();
 }
 
+// Where the line edit paints of its text; it keeps a margin inside on both sides.
 QRect TextBox::TextArea() const {
-    constexpr int kMargin = 2; // the line edit's own, on both sides of a text
     QStyleOptionFrame how;
     initStyleOption(&how);
-    return style()->subElementRect(QStyle::SE_LineEditContents, &how, this).adjusted(kMargin, 0, -kMargin, 0);
+    return style()->subElementRect(QStyle::SE_LineEditContents, &how, this);
 }
 
 bool TextBox::IsTextTooWide() const {
-    return fontMetrics().horizontalAdvance(text()) > TextArea().width();
+    return fontMetrics().horizontalAdvance(text()) > TextArea().width() - 2 * kTextMargin;
 }
 
 bool TextBox::IsKeyOfWindow(const QKeyEvent& event) const {
@@ -105,13 +108,34 @@ bool TextBox::event(QEvent* event) {
 
 void TextBox::paintEvent(QPaintEvent* event) {
     QLineEdit::paintEvent(event);
-    if (!hasFocus() && IsTextTooWide()) {
-        // Over what the line edit shows of the text, which could pass for the whole of it.
-        QPainter painter(this);
-        painter.fillRect(TextArea(), palette().color(QPalette::Base));
+    if (!IsTextTooWide()) {
+        return;
+    }
+    // Over what the line edit shows of the text, which could pass for the whole of it.
+    QPainter painter(this);
+    const auto write = [&](const QRect& place, const QString& text) {
+        painter.fillRect(place, palette().color(QPalette::Base));
         painter.setPen(palette().color(QPalette::Text));
-        painter.drawText(TextArea(), Qt::AlignLeft | Qt::AlignVCenter,
-                         TextThatFits(font(), text(), TextArea().width()));
+        painter.drawText(place.adjusted(kTextMargin, 0, -kTextMargin, 0), Qt::AlignLeft | Qt::AlignVCenter,
+                         text);
+    };
+    const QRect area = TextArea();
+    if (!hasFocus()) {
+        write(area, TextThatFits(font(), text(), area.width() - 2 * kTextMargin));
+        return;
+    }
+    // While it is typed in, at the ends that are out of sight, but never over the caret.
+    const QString mark(QChar(0x2026));
+    const int width = fontMetrics().horizontalAdvance(mark) + 2 * kTextMargin;
+    const int caret = cursorRect().center().x();
+    const int start = caret - fontMetrics().horizontalAdvance(text().left(cursorPosition()));
+    const bool isStartSeen = start >= area.left();
+    const bool isEndSeen = start + fontMetrics().horizontalAdvance(text()) <= area.right() + 1;
+    if (!isStartSeen && caret > area.left() + width) {
+        write(QRect(area.topLeft(), QSize(width, area.height())), mark);
+    }
+    if (!isEndSeen && caret < area.right() - width) {
+        write(QRect(area.right() + 1 - width, area.top(), width, area.height()), mark);
     }
 }
 

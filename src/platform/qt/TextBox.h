@@ -20,7 +20,7 @@ namespace plenair {
 
 // A text box of one line. Handlers run at once: Change before the statement after SetText, and only if the
 // text differs; KeyPress before the box deals with the character. Of a text that is too wide for the box the
-// start is seen, with an ellipsis while nobody is typing in it, and the whole in a tool tip.
+// start is seen, the whole in a tool tip, and an ellipsis where it is cut.
 class TextBox : public QLineEdit, public FocusEvents {
     Q_OBJECT
 
