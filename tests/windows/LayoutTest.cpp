@@ -5,6 +5,7 @@
 #include "windows/WindowTest.h"
 
 #include <QAction>
+#include <QMenu>
 #include <QRegularExpression>
 #include <QStyle>
 #include <QStyleOptionButton>
@@ -94,6 +95,9 @@ std::string Described(QWidget& window) {
             write(control->property(text));
         }
         all << '\n';
+    }
+    for (const QMenu* menu : window.findChildren<QMenu*>()) {
+        EXPECT_TRUE(menu->font() == window.font()) << menu->objectName().toStdString();
     }
     for (const QAction* action : window.findChildren<QAction*>(QRegularExpression("^mnu"))) {
         all << action->objectName().toStdString() << (action->isEnabled() ? "" : "-")

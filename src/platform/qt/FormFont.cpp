@@ -6,6 +6,7 @@
 #include <QFontInfo>
 #include <QFontMetricsF>
 #include <QString>
+#include <QToolTip>
 
 #include <algorithm>
 
@@ -49,6 +50,8 @@ double FormScaleFor(double points, double screenWidth, double screenHeight) {
 void TakeDesktopFont() {
     SetFormScale(1);
     SetFormScale(FormScaleFor(QFontInfo(QApplication::font()).pointSizeF(), ScreenWidth(), ScreenHeight()));
+    QApplication::setFont(FormFont(), "QMenu");
+    QToolTip::setFont(FormFont());
 }
 
 QFont FormFont(double points) {
