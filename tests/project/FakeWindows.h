@@ -1,10 +1,15 @@
 #pragma once
 
+#include "project/CalculateMajorStuff.h"
 #include "project/DuctSheet.h"
+#include "project/PressureCalcs.h"
 #include "project/Printout.h"
+#include "project/ProjectFiles.h"
 #include "project/ProjectGrid.h"
 #include "project/ProjectWindows.h"
+#include "project/UndoRedo.h"
 #include "project/model/ProjectModel.h"
+#include "support/Script.h"
 #include "support/Test.h"
 
 namespace plenair {
@@ -145,43 +150,11 @@ class NotedPrinter : public Printer {
     int m_pages = 0;
 };
 
-// A solver that has just been opened, with an empty project.
-class ProjectTest : public ::testing::Test {
-  protected:
-    ProjectTest() {
-        sheet.log = &desktop.Log;
-        sheet.windows = &windows;
-        StartProject();
-        DrawColour = kRigidColour;
-        ResetProjectGrid(windows);
-    }
-
-    void Click(double x, double y) {
-        ClickGrid(windows, MouseButton::Left, static_cast<float>(x), static_cast<float>(y));
-    }
-
-    // Adds an element to the project, straight into the records.
-    static DuctRecord& Add(DuctRecord record) {
-        ++DuctCount;
-        FitDucts();
-        return Ducts.back() = record;
-    }
-    static DuctRecord& Add(float colour) { return Add(DuctRecord{.Colour = colour}); }
-
-    std::string File(const std::string& name) const { return environment.Folder().File(name); }
-
-    ProgramEnvironment environment;
-    ScriptedDesktop desktop;
-    FakeSolver solver;
-    FakeSheet sheet;
-    ProjectWindows windows{solver, sheet};
-};
-
 // The items of a picture, as in "2 line 255: 0,0 379,349" or "text R1: 200,100", a dashed line with "2-".
-inline std::vector<std::string> Described(const RecordedSurface& surface, std::size_t from = 0) {
+inline std::vector<std::string> Described(const std::vector<DrawnItem>& items, std::size_t from = 0) {
     std::vector<std::string> all;
-    for (std::size_t index = from; index < surface.Items().size(); ++index) {
-        const DrawnItem& item = surface.Items()[index];
+    for (std::size_t index = from; index < items.size(); ++index) {
+        const DrawnItem& item = items[index];
         std::ostringstream text; // of six digits, as the sums are a bit off
         if (item.Kind == DrawnItem::Shape::Text) {
             text << "text " << item.Text << ": " << item.Start.X << ',' << item.Start.Y;
@@ -197,18 +170,87 @@ inline std::vector<std::string> Described(const RecordedSurface& surface, std::s
 
 using Lines = std::vector<std::string>;
 
-// The same for a picture in layers, from the bottom up.
-inline std::vector<std::string> Described(const LayeredPicture& picture, std::size_t from = 0) {
-    std::vector<std::string> all;
-    for (const RecordedSurface* layer : {&picture.NetworkLines, &picture.NetworkLabels, &picture.Overlay}) {
-        const std::vector<std::string> described = Described(*layer);
-        all.insert(all.end(), described.begin(), described.end());
-    }
-    all.erase(all.begin(), all.begin() + static_cast<std::ptrdiff_t>(std::min(from, all.size())));
-    return all;
-}
-
 // The grid lines come first in a picture of the network.
 constexpr std::size_t GridLines = 39 + 29;
+
+// A solver that has just been opened, with an empty project. Its scripts have the words of the window tests:
+// answers that are to come (ScriptedDesktop::Expect), "#3,4" for a click on that crossing of the grid, and
+// commands.
+class ProjectTest : public ::testing::Test {
+  protected:
+    ProjectTest() {
+        sheet.log = &desktop.Log;
+        sheet.windows = &windows;
+        StartProject();
+        DrawColour = kRigidColour;
+        ResetProjectGrid(windows);
+    }
+
+    void Play(const std::string& script) {
+        const testing::ScopedTrace trace(__FILE__, __LINE__, script);
+        PlayScript(
+            script, [this](const std::string& step) { Do(step); },
+            [this](const std::string& question, const std::string& answer) {
+                EXPECT_EQ(Ask(question), answer) << question;
+            });
+    }
+    virtual void Do(const std::string& step) {
+        static const std::map<std::string, std::function<void(const ProjectWindows&)>> s_commands = {
+            {"Save", SaveProject},     {"Load", LoadProject},   {"Solve", SolveProject},
+            {"Path", AskForPath},      {"Undo", Undo},          {"Redo", Redo},
+            {"Redraw", RedrawProject}, {"Less", RemoveLastDuct}};
+        int column = 0;
+        int row = 0;
+        if (std::sscanf(step.c_str(), "#%d,%d", &column, &row) == 2) {
+            Click(P * column + 3, Q * row + 4);
+        } else if (step == "Print") {
+            PrintShown(windows, printer);
+        } else if (!desktop.Expect(step, environment.Folder())) {
+            s_commands.at(step)(windows);
+        }
+    }
+    virtual std::string Ask(const std::string& question) {
+        return question == "told"    ? desktop.LastText()
+               : question == "log"   ? desktop.LogInOneLine()
+               : question == "sheet" ? sheet.AllTexts()
+                                     : State();
+    }
+    // As in "2 of plant.gsp, solved, plot, sheet".
+    std::string State() const {
+        return std::to_string(DuctCount) + (ProjectName.empty() ? "" : " of " + ProjectName) +
+               (Solved == kFlagSet ? ", solved" : "") + (PlotShowing == kFlagSet ? ", plot" : "") +
+               (sheet.visible ? ", sheet" : "");
+    }
+
+    void Click(double x, double y) {
+        ClickGrid(windows, MouseButton::Left, static_cast<float>(x), static_cast<float>(y));
+    }
+
+    // Adds an element to the project, straight into the records.
+    static DuctRecord& Add(DuctRecord record) {
+        ++DuctCount;
+        FitDucts();
+        return Ducts.back() = record;
+    }
+    static DuctRecord& Add(float colour) { return Add(DuctRecord{.Colour = colour}); }
+    static void AddDucts(int count) {
+        DuctCount = static_cast<std::int16_t>(count);
+        FitDucts();
+    }
+
+    // What has been drawn on the grid, behind its lines or more.
+    Lines Drawn(std::size_t behind = GridLines) const { return Described(solver.picGrid.Items(), behind); }
+    std::string File(const std::string& name) const { return environment.Folder().File(name); }
+
+    static constexpr double P = 379; // pitch across
+    static constexpr double Q = 349; // pitch down
+
+    ProgramEnvironment environment;
+    ScriptedDesktop desktop;
+    FakeSolver solver;
+    FakeSheet sheet;
+    ProjectWindows windows{solver, sheet};
+    NotedPrinter printer;
+};
 
 } // namespace plenair

@@ -1,4 +1,3 @@
-#include "project/PressureCalcs.h"
 #include "project/FakeWindows.h"
 #include "project/model/DuctPath.h"
 
@@ -18,12 +17,9 @@ class PathTest : public ProjectTest {
     }
 
     // Works a path out, answers the messages that come, and gives the text of the last.
-    std::string Told(const std::string& path, std::initializer_list<MessageAnswer> answers) {
-        for (const MessageAnswer answer : answers) {
-            desktop.ExpectMessage(answer);
-        }
+    std::string Told(const std::string& path, const std::string& answers) {
         desktop.ExpectInput(path);
-        AskForPath(windows);
+        Play(answers + " Path");
         return desktop.LastText();
     }
 
@@ -56,14 +52,14 @@ TEST_F(PathTest, TextsOfPathsAndTheirTotals) {
         {"18", "FCR", {"3,2,1"}}};
     for (const auto& row : rows) {
         for (const std::string& path : row.paths) {
-            EXPECT_EQ(Told(path, {MessageAnswer::No}),
+            EXPECT_EQ(Told(path, "?No"),
                       std::string("Total Pressure is ") + row.total + " Pa.\n\nProceed with plot?");
             EXPECT_EQ(Elements(), row.elements) << path;
         }
     }
     EXPECT_NEAR(PathElements[2].PressureDrop, 7.411875, 1E-12);
-    Told("", {});
-    Told("  ", {});
+    Told("", "");
+    Told("  ", "");
 }
 
 TEST_F(PathTest, PathsThatCannotBeWorkedOutOrPlotted) {
@@ -89,22 +85,19 @@ TEST_F(PathTest, PathsThatCannotBeWorkedOutOrPlotted) {
         {"→", "\"→\""},
         {"6", "The pressure of this path can't"},
     };
-    const Lines picture = Described(solver.picGrid);
-    Told("3", {MessageAnswer::No});
+    Told("3", "?No");
     for (const auto& [path, start] : rows) {
-        const std::string told = Told(path, {MessageAnswer::Ok});
+        const std::string told = Told(path, "?Ok");
         EXPECT_EQ(told.substr(0, start.size()), start);
         EXPECT_EQ(Elements(), "F") << "the last path stays";
-        if (start[0] == '"') {
-            EXPECT_NE(told.find("numbered 1 to 6."), std::string::npos);
-        }
+        EXPECT_TRUE(start[0] != '"' || told.find("numbered 1 to 6.") != told.npos);
     }
+    const Lines picture = Drawn(0);
     for (const char* path : {"2", "5", "0"}) { // no length; no drop; neither
-        EXPECT_TRUE(
-            Told(path, {MessageAnswer::Yes, MessageAnswer::Ok}).starts_with("There is nothing to plot"));
+        EXPECT_TRUE(Told(path, "?Yes ?Ok").starts_with("There is nothing to plot"));
     }
     EXPECT_EQ(PlotShowing, kFlagClear);
-    EXPECT_EQ(Described(solver.picGrid), picture);
+    EXPECT_EQ(Drawn(0), picture);
 }
 
 TEST_F(PathTest, PlotOnTheGrid) {
@@ -114,30 +107,24 @@ TEST_F(PathTest, PlotOnTheGrid) {
     Settings.FluidTemp = (1.2925 - 24) / 0.0041; // a density of 24
     solver.width = 10000;
     solver.height = 10000;
-    RedrawProject(windows);
-    Told("1,2,4", {MessageAnswer::Yes});
-    EXPECT_EQ(PlotShowing, kFlagSet);
-    EXPECT_EQ(
-        Described(solver.picGrid),
-        (Lines{"1 box 0: 500,500 9500,9500", "1- line 0: 5000,500 5000,9500", "1- line 0: 500,2750 9500,2750",
-               "1- line 0: 5000,500 5000,9500", "1- line 0: 500,7250 9500,7250",
-               "1- line 0: 9500,500 9500,9500", "1- line 0: 500,9500 9500,9500",
-               "2 line 255: 500,500 5000,2750", "2 line 65535: 5000,2750 5000,7250",
-               "2 line 255: 5000,7250 9500,9500", "text 5: 550,2550", "text 14: 550,7050",
-               "text 18: 550,9300", "text 5.0: 4950,9500", "text 5.0: 4950,9500", "text 10.0: 9450,9500",
-               "text R1: 2750,0", "text C2: 5000,0", "text R3: 7250,0"}));
-
+    Play("Redraw ?<1,2,4 ?Yes Path | state: 5, plot");
+    const Lines plot = Drawn(0);
+    EXPECT_EQ(plot, (Lines{"1 box 0: 500,500 9500,9500", "1- line 0: 5000,500 5000,9500",
+                           "1- line 0: 500,2750 9500,2750", "1- line 0: 5000,500 5000,9500",
+                           "1- line 0: 500,7250 9500,7250", "1- line 0: 9500,500 9500,9500",
+                           "1- line 0: 500,9500 9500,9500", "2 line 255: 500,500 5000,2750",
+                           "2 line 65535: 5000,2750 5000,7250", "2 line 255: 5000,7250 9500,9500",
+                           "text 5: 550,2550", "text 14: 550,7050", "text 18: 550,9300",
+                           "text 5.0: 4950,9500", "text 5.0: 4950,9500", "text 10.0: 9450,9500",
+                           "text R1: 2750,0", "text C2: 5000,0", "text R3: 7250,0"}));
     // The picture and its path stay together when another path can't take their place.
-    const Lines plot = Described(solver.picGrid);
     Add({.Colour = kRigidColour, .Length = 1E-310, .LossPerMetre = 1E308});
-    for (const char* path : {"2", "0", "6"}) {
-        Told(path, {MessageAnswer::No});
-        Told(path, {MessageAnswer::Yes, MessageAnswer::Ok});
+    for (const std::string path : {"2", "0", "6"}) {
+        Play("?<" + path + " ?No Path ?<" + path + " ?Yes ?Ok Path");
         EXPECT_EQ(Elements(), "RCR");
     }
-    EXPECT_EQ(Described(solver.picGrid), plot);
-    RedrawProject(windows);
-    EXPECT_EQ(PlotShowing, kFlagClear);
+    EXPECT_EQ(Drawn(0), plot);
+    Play("Redraw | state: 6");
 }
 
 } // namespace

@@ -1,19 +1,17 @@
-#include "project/Printout.h"
 #include "platform/desktop/Clipboard.h"
 #include "platform/text/SpreadsheetDocument.h"
 #include "project/CopyProject.h"
 #include "project/FakeWindows.h"
-#include "project/PressureCalcs.h"
 
 namespace {
 
 class PrintoutTest : public ProjectTest {
   protected:
-    // Prints, and gives how often each of these was noted: turned pages, ends and landscapes.
-    std::string Print(MessageAnswer withData, int copies) {
-        desktop.ExpectMessage(withData);
-        desktop.ExpectPrinter(copies);
-        PrintShown(windows, printer);
+    // How often each of these was noted since the last question: turned pages, ends and landscapes.
+    std::string Ask(const std::string& question) override {
+        if (question != "printed") {
+            return ProjectTest::Ask(question);
+        }
         log = printer.Log();
         std::string counts;
         for (const std::string entry : {"|page", "|end", "|landscape"}) {
@@ -26,7 +24,6 @@ class PrintoutTest : public ProjectTest {
         return counts;
     }
 
-    NotedPrinter printer;
     std::string log;
 };
 
@@ -39,63 +36,56 @@ TEST_F(PrintoutTest, NetworkAndDataInThisOrder) {
          .Length = 1E15,
          .Width = 0.1 + 0.2,
          .Velocity = 2.5});
-    Print(MessageAnswer::Yes, 1);
+    Play("?Yes ?*1 Print");
     EXPECT_EQ(
-        log, "|colour mode 2|landscape|Arial 9|width 3|box 3950,-50 4050,50|box 7950,5950 8050,6050"
-             "|line 4000,0 8000,6000 65535|at 6000,3000|'C1|page|portrait|Arial 12 bold|'---"
-             "|'Duct Number C1|'---|Arial 9|'|'Duct Type: Flexible|'Flow Rate (L/s): \t0|'Width (mm): \t\t0.3"
-             "|'Height (mm): \t0|'Length (mm): \t1E+15|'Velocity (m/s): \t2.5|'Pressure Loss (Pa/m): 0"
-             "|'Equivalent Circular Diameter (mm): \t0|'Fitting Coefficient at Start: \t0.1|'|end");
-    EXPECT_EQ(desktop.LastDialog().Flags, 12);
-    EXPECT_TRUE(desktop.LastDialog().PrinterDefault);
+        printer.Log(),
+        "|colour mode 2|landscape|Arial 9|width 3|box 3950,-50 4050,50|box 7950,5950 8050,6050"
+        "|line 4000,0 8000,6000 65535|at 6000,3000|'C1|page|portrait|Arial 12 bold|'---"
+        "|'Duct Number C1|'---|Arial 9|'|'Duct Type: Flexible|'Flow Rate (L/s): \t0|'Width (mm): \t\t0.3"
+        "|'Height (mm): \t0|'Length (mm): \t1E+15|'Velocity (m/s): \t2.5|'Pressure Loss (Pa/m): 0"
+        "|'Equivalent Circular Diameter (mm): \t0|'Fitting Coefficient at Start: \t0.1|'|end");
 }
 
 TEST_F(PrintoutTest, PagesCopiesAndEndings) {
-    desktop.ExpectMessage(MessageAnswer::Ok); // and nothing else is asked
-    PrintShown(windows, printer);
-    EXPECT_EQ(printer.Log(), "");
-    const std::tuple<int, MessageAnswer, int, const char*> rows[] = {
-        {3, MessageAnswer::Yes, 1, "1|page1|end1|landscape"},
-        {4, MessageAnswer::Yes, 1, "2|page1|end1|landscape"},
-        {5, MessageAnswer::Yes, 2, "4|page2|end2|landscape"},
-        {5, MessageAnswer::No, 3, "0|page3|end3|landscape"}};
-    for (const auto& [ducts, withData, copies, counts] : rows) {
-        DuctCount = static_cast<std::int16_t>(ducts);
-        FitDucts();
-        EXPECT_EQ(Print(withData, copies), counts);
-    }
-    desktop.ExpectMessage(MessageAnswer::Yes);
-    desktop.ExpectCancel();
-    PrintShown(windows, printer);
-    EXPECT_EQ(printer.Log(), "");
+    Play("?Ok Print | printed: 0|page0|end0|landscape"); // no ducts, and so nothing else is asked
+    AddDucts(3);
+    Play("?Yes ?*1 Print | printed: 1|page1|end1|landscape");
+    AddDucts(4);
+    Play("?Yes ?*1 Print | printed: 2|page1|end1|landscape");
+    AddDucts(5);
+    Play(R"(?Yes ?*2 Print | printed: 4|page2|end2|landscape
+            ?No ?*3 Print | printed: 0|page3|end3|landscape
+            ?Yes ?- Print | printed: 0|page0|end0|landscape)");
     printer.FailsAtPage = 9; // the second of the first copy
-    EXPECT_EQ(Print(MessageAnswer::Yes, 3), "2|page0|end1|landscape");
+    Play("?Yes ?*3 Print | printed: 2|page0|end1|landscape");
     EXPECT_TRUE(log.ends_with("|kill"));
 }
 
 TEST_F(PrintoutTest, LongOnesShowHowFarTheyAreAndCanBeCancelled) {
     int asked = 0;
     int cancelAt = 0;
-    int steps = 0;
     Desktop().StartProgress = [&](const ProgressRequest& request) {
-        steps = request.Steps;
+        EXPECT_EQ(request.Steps, 1600);
         return [&](int done) {
             EXPECT_EQ(done, ++asked);
             return done != cancelAt;
         };
     };
-    DuctCount = 400;
-    FitDucts();
-    Print(MessageAnswer::Yes, 1); // 100 pages
+    AddDucts(400);
+    Play("?Yes ?*1 Print"); // 100 pages are not long
     EXPECT_EQ(asked, 0);
-    for (const int step : {1600, 100, 700, 1400}) { // all; in the network, in the data, in the second copy
+    printer.Log();
+    // All; in the network, in the data, in the second copy.
+    const std::pair<int, const char*> rows[] = {{1600, "202|page2|end2|landscape"},
+                                                {100, "0|page0|end1|landscape"},
+                                                {700, "76|page0|end1|landscape"},
+                                                {1400, "152|page1|end2|landscape"}};
+    for (const auto& [step, printed] : rows) {
         asked = 0;
         cancelAt = step == 1600 ? 0 : step;
-        Print(MessageAnswer::Yes, 2);
+        Play("?Yes ?*2 Print | printed: " + std::string(printed));
         EXPECT_EQ(asked, step);
-        EXPECT_EQ(steps, 1600);
         EXPECT_EQ(log.ends_with("|kill"), step < 1600);
-        EXPECT_EQ(log.find("|end") != log.npos, step > 800);
     }
 }
 
@@ -117,17 +107,17 @@ TEST_F(PrintoutTest, CopyOfDuctsOrPath) {
               "C2\tConnection\t0\t0\t0\t0\t5\t0\t0\t0,5\n"
               "3\t\t0\t0\t1E+20\t0\t0\t0\t0\t0\n");
     EXPECT_EQ(copied.Picture, &solver.picGrid);
-    EXPECT_NE(HtmlTable(copied.Table).find("<tr><td>R1</td><td>Rigid</td><td align=\"right\">1250,5</td>"),
-              std::string::npos);
-    EXPECT_EQ(HtmlTable({{"a<b>&"}}).find("a<b"), std::string::npos);
     const std::string spreadsheet = SpreadsheetDocument(copied.Table);
-    EXPECT_EQ(spreadsheet.substr(14, 4), "\x85\x6C\x39\x8A"); // the sum over its kind
-    EXPECT_NE(spreadsheet.find("office:value=\"1250.5\"><text:p>1250,5</text:p>"), std::string::npos);
-    EXPECT_NE(spreadsheet.find("office:value-type=\"string\"><text:p>C2</text:p>"), std::string::npos);
-    desktop.ExpectMessage(MessageAnswer::Yes);
-    PathPressure(windows, "1,0,2");
-    desktop.ExpectMessage(MessageAnswer::No);
-    PathPressure(windows, "2"); // the plot on the grid is still that of the first path
+    const std::pair<std::string, const char*> parts[] = {
+        {HtmlTable(copied.Table), "<tr><td>R1</td><td>Rigid</td><td align=\"right\">1250,5</td>"},
+        {HtmlTable({{"a<b>&"}}), ">a&lt;b&gt;&amp;<"},
+        {spreadsheet.substr(14, 4), "\x85\x6C\x39\x8A"}, // the sum over its kind
+        {spreadsheet, "office:value=\"1250.5\"><text:p>1250,5</text:p>"},
+        {spreadsheet, "office:value-type=\"string\"><text:p>C2</text:p>"}};
+    for (const auto& [whole, part] : parts) {
+        EXPECT_NE(whole.find(part), whole.npos) << part;
+    }
+    Play("?<1,0,2 ?Yes Path ?<2 ?No Path"); // the plot on the grid is still that of the first path
     CopyShown(windows);
     EXPECT_EQ(TabSeparated(copied.Table),
               "Position\tLabel\tLength (mm)\tPressure Drop (Pa)\tRunning Length (mm)\tRunning "

@@ -43,33 +43,29 @@ TEST(ProjectGeometry, EveryCrossingIsWhereAClickOnItSnapsTo) {
 
 TEST(ProjectGeometry, EndsAndLabelAreWholeHalvesToEven) {
     const DuctRecord duct{.StartX = 0.25, .EndX = 0.35, .EndY = 0.5};
-    EXPECT_EQ(StartOf(duct, {10, 1}).X, 2);
-    EXPECT_EQ(EndOf(duct, {10, 1}).X, 4);
-    EXPECT_EQ(EndOf(duct, {10, 1}).Y, 0);
-    EXPECT_EQ(LabelPlace(duct, {10, 6}).X, 3);
-    EXPECT_EQ(LabelPlace(duct, {10, 6}).Y, 2);
+    EXPECT_EQ(StartOf(duct, {10, 1}), (Point{2, 0}));
+    EXPECT_EQ(EndOf(duct, {10, 1}), (Point{4, 0}));
+    EXPECT_EQ(LabelPlace(duct, {10, 6}), (Point{3, 2}));
     const DuctRecord damaged{.StartX = 1E308, .EndX = -1E308};
     EXPECT_EQ(StartOf(damaged, {15000, 10000}).X, 1E7);
     EXPECT_TRUE(std::isfinite(LabelPlace(damaged, {15000, 10000}).X));
     EXPECT_EQ(DrawnColour(3E38F), kBlackColour);
 }
 
-constexpr double P = 379; // pitch across
-constexpr double Q = 349; // pitch down
-
 TEST_F(ProjectTest, ClicksDrawAndAdd) {
-    const Lines grid = Described(solver.picGrid);
+    const Lines grid = Drawn(0);
     ASSERT_EQ(grid.size(), GridLines) << "inner lines only";
     EXPECT_EQ(grid[38], "1 line 15790320: 14781,0 14781,10470");
     EXPECT_EQ(grid[39], "1 line 15790320: 0,349 15160,349");
 
     Click(390, 340); // snaps to one pitch each
-    EXPECT_EQ(Described(solver.picGrid, GridLines), Lines{"2 box 0: 329,299 429,399"});
+    EXPECT_EQ(Drawn(), Lines{"2 box 0: 329,299 429,399"});
     DrawColour = kConnectionColour;
     Click(1100, 340);
-    EXPECT_EQ(Described(solver.picGrid, GridLines + 1),
-              (Lines{"2 box 0: 1087,299 1187,399", "2 line 65535: 379,349 1137,349", "text C1: 758,349"}));
+    EXPECT_EQ(Drawn(), (Lines{"2 box 0: 329,299 429,399", "2 box 0: 1087,299 1187,399",
+                              "2 line 65535: 379,349 1137,349", "text C1: 758,349"}));
     EXPECT_EQ(Ducts[1].StartX, P / 15160);
+    EXPECT_EQ(Ducts[1].EndX, 3 * P / 15160);
     EXPECT_EQ(DuctInWords(1), "C1 connection, from 1, 1 to 3, 1");
     Ducts[1].ConnCoefficient = 0.5F;
     Ducts[1].Velocity = 4.7;
@@ -77,21 +73,18 @@ TEST_F(ProjectTest, ClicksDrawAndAdd) {
     EXPECT_EQ(DuctInWords(1),
               "C1 connection, from 0, 1 to 3, 1, Velocity (m/s) 4.7, Connection Coefficient 0.5");
     Ducts[1].StartX = P / 15160;
-    EXPECT_EQ(Ducts[1].EndX, 3 * P / 15160);
-    Click(P, 5 * Q);
 
     // The redraw shows the same, in another order, and forgets the point held.
-    RedrawProject(windows);
-    EXPECT_EQ(
-        Described(solver.picGrid, GridLines),
-        (Lines{"2 box 0: 329,299 429,399", "2 box 0: 1087,299 1187,399", "2 line 65535: 379,349 1137,349",
-               "2 box 0: 1087,299 1187,399", "2 box 0: 329,1695 429,1795", "2 line 65535: 1137,349 379,1745",
-               "text C1: 758,349", "text C2: 758,1047"}));
+    Play("#1,5 Redraw");
+    const Lines network{
+        "2 box 0: 329,299 429,399",   "2 box 0: 1087,299 1187,399", "2 line 65535: 379,349 1137,349",
+        "2 box 0: 1087,299 1187,399", "2 box 0: 329,1695 429,1795", "2 line 65535: 1137,349 379,1745",
+        "text C1: 758,349",           "text C2: 758,1047"};
+    EXPECT_EQ(Drawn(), network);
     EXPECT_EQ(DrawPending, kFlagClear);
-
     HighlightDuct(windows, 1);
     HighlightDuct(windows, 2);
-    EXPECT_EQ(Described(solver.picGrid, GridLines + 2 * 4),
+    EXPECT_EQ(Drawn(GridLines + network.size()),
               (Lines{"4 line 65280: 1137,349 379,1745", "text C2: 758,1047"}));
 }
 
@@ -114,57 +107,48 @@ TEST_F(ProjectTest, KeysDrawLikeClicks) {
     EXPECT_EQ(press({kKeyLeft}), (Crossing{2, 4}));
     press({kKeySpace});
     EXPECT_FALSE(PressGridKey(windows, 'A', false));
-    EXPECT_EQ(Described(solver.picGrid, GridLines + 1),
-              (Lines{"2 box 0: 2224,2044 2324,2144", "2 line 255: 379,349 2274,2094", "text R1: 1326,1222",
-                     "2 box 0: 2224,1695 2324,1795", "2 line 255: 2274,2094 2274,1745", "text R2: 2274,1920",
-                     "2 box 0: 15110,10420 15210,10520", "2 box 0: 708,1346 808,1446",
-                     "2 line 255: 15160,10470 758,1396", "text R3: 7959,5933"}));
+    std::string ducts;
+    for (std::int16_t number = 1; number <= DuctCount; ++number) {
+        ducts += DuctInWords(number) + "; ";
+    }
+    EXPECT_EQ(ducts, "R1 rigid, from 1, 1 to 6, 6; R2 rigid, from 6, 6 to 6, 5; "
+                     "R3 rigid, from 40, 30 to 2, 4; ");
 }
 
 TEST_F(ProjectTest, NoDuctBeyondTheLast) {
-    DuctCount = kMostDucts;
-    FitDucts();
-    Click(P, Q);
-    EXPECT_EQ(desktop.Times("beep"), 0); // a start point may still be set
-    const Lines drawn = Described(solver.picGrid);
-    Click(2 * P, Q);
-    EXPECT_EQ(desktop.Times("beep"), 1);
-    EXPECT_EQ(DuctCount, kMostDucts);
-    EXPECT_EQ(Described(solver.picGrid), drawn);
+    AddDucts(kMostDucts);
+    Play("#1,1 | log: "); // a start point may still be set
+    const Lines drawn = Drawn();
+    Play("#2,1 | log: beep; state: 32767");
+    EXPECT_EQ(Drawn(), drawn);
 }
 
 // The network that stands is reused; what it looks like must not show that.
 TEST_F(ProjectTest, RedrawShowsWhatIsThereNow) {
-    const auto expectAnew = [&](const char* change) {
-        RedrawProject(windows);
+    const std::pair<const char*, std::function<void()>> changes[] = {
+        {"clicks", [&] { Play("#0,0 #1,1 #2,2 #3,3 #4,4"); }},
+        {"a highlight", [&] { HighlightDuct(windows, 2); }},
+        {"labels off", [&] { solver.labels = false; }},
+        {"another picture",
+         [&] {
+             solver.picGrid.Clear(), solver.picGrid.Overlay.Line({0, 0}, {1, 1}, 0);
+         }},
+        {"another size", [&] { solver.height = 20000; }},
+        {"a duct less", [&] { Play("Less"); }},
+        {"others in their place", [&] {
+             HighlightDuct(windows, 2);
+             Play("#1,1 #2,1");
+             AddDucts(1);
+             Play("#1,1 #2,3");
+         }}};
+    for (const auto& [change, act] : changes) {
+        act();
+        Play("Redraw");
         GridPicture anew;
         anew.SetSize({solver.width, solver.height});
         ShowNetwork(anew, solver.BackColour(), solver.labels);
-        EXPECT_EQ(Described(solver.picGrid), Described(anew)) << change;
-    };
-    for (int click = 0; click < 5; ++click) {
-        Click(P * click, Q * click);
+        EXPECT_EQ(Drawn(0), Described(anew.Items())) << change;
     }
-    expectAnew("clicks");
-    HighlightDuct(windows, 2);
-    expectAnew("a highlight");
-    solver.labels = false;
-    expectAnew("labels off");
-    solver.picGrid.Clear();
-    solver.picGrid.Overlay.Line({0, 0}, {1, 1}, 0);
-    expectAnew("another picture");
-    solver.height = 20000;
-    expectAnew("another size");
-    RemoveLastDuct(windows);
-    expectAnew("a duct less");
-    HighlightDuct(windows, 2);
-    Click(P, Q);
-    Click(2 * P, Q);
-    DuctCount = 1;
-    FitDucts();
-    Click(P, Q);
-    Click(2 * P, 3 * Q);
-    expectAnew("others in their place");
 }
 
 } // namespace

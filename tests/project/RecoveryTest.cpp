@@ -1,69 +1,54 @@
 #include "project/Recovery.h"
 #include "platform/files/OwnedFile.h"
-#include "project/CalculateMajorStuff.h"
 #include "project/FakeWindows.h"
-#include "project/ProjectFiles.h"
 #include "project/ProjectKeeper.h"
-#include "project/UndoRedo.h"
 #include "project/model/History.h"
 
 namespace {
 
+// The commands Open and Crash, Wait, where the program waits for its user, and Second, where a second passes
+// and the disk takes what it was given.
 class RecoveryTest : public ProjectTest {
   protected:
     RecoveryTest() {
         SetStateFolder(File("state/plenair"));
         Desktop().RunLater = [this](int pause, std::function<void()> action) {
-            if (pause == 0) {
-                m_due.push_back(std::move(action));
-            } else {
-                m_aSecondLater = std::move(action);
-            }
+            (pause == 0 ? m_due : m_aSecondLater).push_back(std::move(action));
         };
-        Open();
+        Do("Open");
     }
     ~RecoveryTest() override {
         LeaveKept();
         SetStateFolder("");
     }
 
-    void Open() {
-        StartProject();
-        StartHistory();
-        StartKeeping();
-        OfferRecovery(windows);
-    }
-
-    // Draws a chain of ducts, each 700 twips long.
-    void Draw(int ducts) {
-        for (int end = 0; end <= ducts; ++end) {
-            Click(100 + 700 * end, 100);
+    void Do(const std::string& step) override {
+        if (step == "Open") {
+            sheet.visible = false;
+            StartProject();
+            StartHistory();
+            StartKeeping();
+            OfferRecovery(windows);
+        } else if (step == "Crash") {
+            LeaveKept();
+            m_due.clear();
+            m_aSecondLater.clear();
+        } else if (step == "Wait") {
+            Run(m_due);
+        } else if (step == "Second") {
+            do {
+                Run(m_due);
+                Run(m_aSecondLater);
+            } while (!m_due.empty() || !m_aSecondLater.empty());
+        } else {
+            ProjectTest::Do(step);
         }
     }
-
-    // The program waits for its user.
-    void Wait() {
-        for (; !m_due.empty(); m_due.pop_front()) {
-            m_due.front()();
-        }
+    std::string Ask(const std::string& question) override {
+        return question == "files" ? std::to_string(Files().size()) : ProjectTest::Ask(question);
     }
 
-    // A second passes, and the disk takes what it was given.
-    void PassSecond() {
-        Wait();
-        while (m_aSecondLater) {
-            std::exchange(m_aSecondLater, nullptr)();
-        }
-    }
-
-    // The program goes, as by a crash.
-    void Crash() {
-        LeaveKept();
-        m_due.clear();
-        m_aSecondLater = nullptr;
-    }
-
-    std::vector<std::string> Files() const {
+    static std::vector<std::string> Files() {
         std::vector<std::string> all;
         std::error_code none;
         for (const auto& entry : fs::directory_iterator(StateFolder(), none)) {
@@ -72,14 +57,19 @@ class RecoveryTest : public ProjectTest {
         return all;
     }
 
-    std::deque<std::function<void()>> m_due;
-    std::function<void()> m_aSecondLater;
+  private:
+    static void Run(std::deque<std::function<void()>>& actions) {
+        for (; !actions.empty(); actions.pop_front()) {
+            actions.front()();
+        }
+    }
+
+    std::deque<std::function<void()>> m_due, m_aSecondLater;
 };
 
 TEST_F(RecoveryTest, BringsBackEveryBit) {
-    Draw(0);
-    EXPECT_TRUE(Files().empty());
-    Click(800, 100);
+    Play("#0,0 Second | files: 0");
+    Play("#2,0");
     Duct(1).Flow = 100.0 / 3;
     Duct(1).Spare = -0.0F;
     ProjectName = "plänt.gsp";
@@ -88,112 +78,66 @@ TEST_F(RecoveryTest, BringsBackEveryBit) {
     solver.pressureVisible = true;
     NoteStep(windows);
     const ProjectState held = NotedState();
-    PassSecond();
-    ASSERT_EQ(Files().size(), 1U);
+    Play("Second | files: 1");
     EXPECT_TRUE(FilesLeftBehind(StateFolder(), "").empty()) << "its process lives";
-    Crash();
     Settings.DefPath = "/";
     solver.pressureVisible = false;
-    desktop.ExpectMessage(MessageAnswer::Yes);
-    Open();
+    Play("Crash ?Yes Open | sheet: 33.3333333333333 0 0 0 0 0 0 0");
     EXPECT_TRUE(NotedState() == held);
     EXPECT_TRUE(solver.pressureVisible);
-    EXPECT_EQ(Settings.DefPath, File(""));
-    EXPECT_EQ(sheet.caption, "R1");
-    EXPECT_EQ(sheet.texts[SheetBox::Flow], "33.3333333333333");
-    Undo(windows);
-    EXPECT_EQ(DuctCount, 1) << "what was before the crash is no step";
-    ASSERT_EQ(Files().size(), 1U) << "the project is this process's now, and kept from the first moment on";
+    EXPECT_EQ(Settings.DefPath + sheet.caption, File("R1"));
+    // What was before the crash is no step. The project is this process's now, kept from the first moment on.
+    Play("Undo | state: 1 of plänt.gsp, solved, sheet; files: 1");
     EndKeeping();
-    EXPECT_TRUE(Files().empty());
-    Open(); // without a question
+    Play("Open | files: 0");
 }
 
 // Each second at most, and only from one whole state to the next.
 TEST_F(RecoveryTest, WritesAtMostOnceASecond) {
-    Draw(1);
-    Wait();
-    ASSERT_TRUE(m_aSecondLater);
-    Click(1500, 100);
-    Click(2200, 100);
-    EXPECT_TRUE(m_due.empty());
-    Crash();
-    desktop.ExpectMessage(MessageAnswer::Yes);
-    Open();
-    EXPECT_EQ(DuctCount, 1);
-    Click(800, 100);
-    Click(1500, 100);
+    Play(R"(#0,0 #2,0 Wait #4,0 #6,0 Wait Crash ?Yes Open | state: 1, sheet
+            #2,0 #4,0 ?Yes)");
     // A cancelled load empties the project, but only at its end.
-    desktop.ExpectMessage(MessageAnswer::Yes);
     Desktop().ShowDialog = [this](DialogKind, CommonDialog&) {
-        PassSecond();
-        EXPECT_EQ(Files().size(), 1U);
+        Play("Second | files: 1");
         return false;
     };
-    LoadProject(windows);
-    PassSecond();
-    EXPECT_TRUE(Files().empty()) << "there is nothing to come back to";
-    Undo(windows);
-    PassSecond();
-    Crash();
-    desktop.ExpectMessage(MessageAnswer::No);
-    Open();
-    EXPECT_EQ(DuctCount, 0);
-    EXPECT_EQ(Files().size(), 1U) << "the program may be on its way to its end";
-    Wait();
-    EXPECT_TRUE(Files().empty());
+    Play(R"(Load Second | files: 0
+            Undo Second Crash ?No Open | state: 0; files: 1
+            Wait | files: 0)"); // until then the program may be on its way to its end
 }
 
 TEST_F(RecoveryTest, DiscardsWhatCantBeRead) {
-    Draw(1);
-    PassSecond();
+    Play("#0,0 #2,0 Second");
     const std::string path = Files().at(0);
     const std::string whole = ReadFile(path);
-    Crash();
-    const auto changed = [&](std::size_t at) {
-        std::string content = whole;
-        content[at] = static_cast<char>(content[at] ^ 1);
-        return content;
-    };
+    Play("Crash");
     std::vector<std::string> damaged{"", "x", whole + "12345678", std::string(17'000'000, '\0')};
     for (std::size_t at = 0; at < whole.size(); at += 7) {
-        damaged.push_back(changed(at));
         damaged.push_back(whole.substr(0, at));
+        damaged.push_back(whole);
+        damaged.back()[at] = static_cast<char>(whole[at] ^ 1);
     }
     for (const std::string& content : damaged) {
         WriteFile(path, content);
-        desktop.ExpectMessage(MessageAnswer::Ok);
-        Open();
-        EXPECT_EQ(DuctCount, 0);
-        EXPECT_TRUE(
-            InWords(desktop.Messages().back())
-                .starts_with(
-                    "Project Solver: Plenair was not closed properly, and the project it held can't be "
-                    "restored.\n\n" +
-                    path + ": "));
-        EXPECT_TRUE(Files().empty());
+        Play("?Ok Open | state: 0; files: 0");
+        EXPECT_TRUE(desktop.LastText().starts_with("Plenair was not closed properly, and the project it held "
+                                                   "can't be restored.\n\n" +
+                                                   path + ": "));
     }
+    EXPECT_EQ(desktop.Messages().back().Title, "Project Solver");
     WriteFile(path, whole);
-    WriteFile(path + "-other.recovery", changed(60));
+    WriteFile(path + "-other.recovery", damaged.back());
     fs::last_write_time(path, fs::file_time_type::clock::now() - std::chrono::hours(1));
-    desktop.ExpectMessage(MessageAnswer::Ok); // the newer one
-    desktop.ExpectMessage(MessageAnswer::Yes);
-    Open();
-    EXPECT_EQ(DuctCount, 1);
+    Play("?Ok ?Yes Open | state: 1, sheet"); // the newer one comes first
 }
 
 TEST_F(RecoveryTest, AFolderThatTakesNothingIsToldOfOnce) {
     LeaveKept();
     WriteFile(File("file"), "");
     SetStateFolder(File("file/plenair"));
-    desktop.ExpectMessage(MessageAnswer::Ok);
-    for (int opening = 0; opening < 2; ++opening) {
-        Open();
-        Draw(1);
-        PassSecond();
-        EXPECT_EQ(DuctCount, 1);
-        EndKeeping();
-    }
+    Play("?Ok Open #0,0 #2,0 Second | state: 1");
+    EndKeeping();
+    Play("Open #0,0 #2,0 Second | state: 1");
     EXPECT_EQ(InWords(desktop.Messages().back()),
               "Project Solver: The project can't be kept against a crash or a power cut.\n\n" +
                   File("file/plenair") + ": Not a directory\n\nNothing else is affected. [Ok Exclamation]");

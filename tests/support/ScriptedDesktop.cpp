@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+
 namespace plenair {
 
 std::string InWords(const MessageRequest& request) {
@@ -43,6 +45,36 @@ ScriptedDesktop::ScriptedDesktop() : m_folder(CurrentFolder()) {
 ScriptedDesktop::~ScriptedDesktop() {
     EXPECT_TRUE(m_answers.empty() && m_inputs.empty() && m_dialogs.empty()) << "something didn't come";
     EnterFolder(m_folder);
+}
+
+bool ScriptedDesktop::Expect(const std::string& step, const TemporaryFolder& folder) {
+    static const std::map<std::string, MessageAnswer> s_answers = {{"?Ok", MessageAnswer::Ok},
+                                                                   {"?Cancel", MessageAnswer::Cancel},
+                                                                   {"?Retry", MessageAnswer::Retry},
+                                                                   {"?Yes", MessageAnswer::Yes},
+                                                                   {"?No", MessageAnswer::No}};
+    if (s_answers.contains(step)) {
+        ExpectMessage(s_answers.at(step));
+    } else if (step == "?-") {
+        ExpectCancel();
+    } else if (step.starts_with("?=")) {
+        ExpectFile(folder.File(step.substr(2)));
+    } else if (step.starts_with("?*")) {
+        ExpectPrinter(std::stoi(step.substr(2)));
+    } else if (step.starts_with("?<")) {
+        ExpectInput(step.substr(2));
+    } else {
+        return false;
+    }
+    return true;
+}
+
+std::string ScriptedDesktop::LogInOneLine() const {
+    std::string line;
+    for (const std::string& entry : Log) {
+        line += (line.empty() ? "" : ", ") + entry;
+    }
+    return line;
 }
 
 template <typename Item>

@@ -3,7 +3,6 @@
 #include "platform/desktop/Desktop.h"
 #include "support/TemporaryFolder.h"
 
-#include <algorithm>
 #include <deque>
 #include <string>
 #include <vector>
@@ -27,6 +26,11 @@ class ScriptedDesktop {
     void ExpectPrinter(int copies) { m_dialogs.push_back(std::to_string(copies)); }
     void ExpectCancel() { m_dialogs.emplace_back(); } // of a dialog
 
+    // The same as a step of a script: "?Ok" answers a message, "?=name" a file dialog with a file of that
+    // folder, "?*2" the print dialog with two copies, "?-" cancels a dialog, "?<text" is for an input box.
+    // False for any other step.
+    bool Expect(const std::string& step, const TemporaryFolder& folder);
+
     const std::vector<MessageRequest>& Messages() const { return m_messages; }
     std::string LastText() const { return m_messages.empty() ? "" : m_messages.back().Text; }
     const CommonDialog& LastDialog() const { return m_lastDialog; } // as it stood when it was shown
@@ -34,7 +38,7 @@ class ScriptedDesktop {
     // What has reached the desktop: "message: TEXT", "input: PROMPT", "dialog", "editor PATH", "call",
     // "beep", "hourglass", "default pointer"; tests of windows add their own.
     std::vector<std::string> Log;
-    auto Times(const std::string& event) const { return std::count(Log.begin(), Log.end(), event); }
+    std::string LogInOneLine() const; // with ", " between
 
   private:
     template <typename Item>

@@ -1,5 +1,10 @@
 #pragma once
 
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
 #include <string>
 
 namespace plenair {
@@ -7,8 +12,16 @@ namespace plenair {
 // A new empty folder that vanishes with the object.
 class TemporaryFolder {
   public:
-    TemporaryFolder();
-    ~TemporaryFolder();
+    TemporaryFolder() {
+        if (mkdtemp(m_path.data()) == nullptr) {
+            throw std::runtime_error("no temporary folder");
+        }
+    }
+    ~TemporaryFolder() {
+        std::error_code ignored;
+        std::filesystem::permissions(m_path, std::filesystem::perms::owner_all, ignored);
+        std::filesystem::remove_all(m_path, ignored);
+    }
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
@@ -16,10 +29,16 @@ class TemporaryFolder {
     std::string File(const std::string& name) const { return m_path + "/" + name; }
 
   private:
-    std::string m_path;
+    std::string m_path = std::filesystem::temp_directory_path() / "plenair-XXXXXX";
 };
 
-std::string ReadFile(const std::string& path);
-void WriteFile(const std::string& path, const std::string& content);
+inline std::string ReadFile(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+inline void WriteFile(const std::string& path, const std::string& content) {
+    std::ofstream(path, std::ios::binary) << content;
+}
 
 } // namespace plenair

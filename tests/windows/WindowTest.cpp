@@ -132,13 +132,12 @@ void WindowTest::Play(const std::string& script) {
 }
 
 void WindowTest::Do(const std::string& step) {
-    static const std::map<std::string, MessageAnswer> s_answers = {{"?Ok", MessageAnswer::Ok},
-                                                                   {"?Cancel", MessageAnswer::Cancel},
-                                                                   {"?Yes", MessageAnswer::Yes},
-                                                                   {"?No", MessageAnswer::No}};
     const std::string rest = step.substr(1);
     const std::size_t equals = step.find('=');
     const std::size_t angle = step.find('>');
+    if (desktop.Expect(step, m_environment.Folder())) {
+        return;
+    }
     if (step == "@next" || step == "@back") {
         QWidget& bar = Find("scrDuctNo");
         ClickAt(bar, step == "@next" ? bar.rect().bottomRight() - QPoint(4, 4) : QPoint(4, 4));
@@ -154,14 +153,6 @@ void WindowTest::Do(const std::string& step) {
                 byMiddle      ? Qt::MiddleButton
                 : rest == "r" ? Qt::RightButton
                               : Qt::LeftButton);
-    } else if (s_answers.contains(step)) {
-        desktop.ExpectMessage(s_answers.at(step));
-    } else if (step == "?-") {
-        desktop.ExpectCancel();
-    } else if (step.starts_with("?=")) {
-        desktop.ExpectFile(File(step.substr(2)));
-    } else if (step.starts_with("?<")) {
-        desktop.ExpectInput(step.substr(2));
     } else if (angle != step.npos) {
         ChooseFromMenu(step.substr(0, angle), step.substr(angle + 1));
     } else if (equals != step.npos) {
@@ -209,11 +200,7 @@ std::string WindowTest::Ask(const std::string& question) const {
                " " + Text("txtParam(1)");
     }
     if (asked == "log") { // what reached the desktop
-        std::string log;
-        for (const std::string& entry : desktop.Log) {
-            log += (log.empty() ? "" : ", ") + entry;
-        }
-        return log;
+        return desktop.LogInOneLine();
     }
     if (asked == "duct") { // the caption of the sheet and its colour, as in "R3 #ff0000"
         const auto& label = Find<Label>("lblDuctNo");
