@@ -1,21 +1,15 @@
-# Removes the files that the manifest of an installation names, and the folders that are empty without them. What
-# else lies in those folders stays.
+# Removes the files that the manifest of an installation names, and the folders that it made and that are empty
+# without them. What else lies in those folders stays.
 if(NOT EXISTS "${MANIFEST}")
     message(FATAL_ERROR "${MANIFEST}: there is nothing installed that could be removed")
 endif()
-file(STRINGS "${MANIFEST}" files)
-set(folders)
+file(STRINGS "${MANIFEST}" files ENCODING UTF-8)
 foreach(file IN LISTS files)
     file(REMOVE "$ENV{DESTDIR}${file}")
     string(REGEX MATCH "^(.*)/mime/packages/plenair.xml$" is_kind "${file}")
     if(is_kind)
         set(mime "$ENV{DESTDIR}${CMAKE_MATCH_1}/mime")
     endif()
-    get_filename_component(folder "$ENV{DESTDIR}${file}" DIRECTORY)
-    while(NOT folder STREQUAL "/" AND NOT folder STREQUAL "")
-        list(APPEND folders "${folder}")
-        get_filename_component(folder "${folder}" DIRECTORY)
-    endwhile()
 endforeach()
 
 # The rest of a folder of kinds of files is made from its packages/: without any it goes too.
@@ -29,9 +23,13 @@ if(DEFINED mime)
 endif()
 
 # Deepest first. rmdir leaves a folder that isn't empty.
+set(folders)
+if(EXISTS "${FOLDERS}")
+    file(STRINGS "${FOLDERS}" folders ENCODING UTF-8)
+endif()
 list(REMOVE_DUPLICATES folders)
 list(SORT folders ORDER DESCENDING)
 foreach(folder IN LISTS folders)
-    execute_process(COMMAND rmdir "${folder}" OUTPUT_QUIET ERROR_QUIET)
+    execute_process(COMMAND rmdir "$ENV{DESTDIR}${folder}" OUTPUT_QUIET ERROR_QUIET)
 endforeach()
-file(REMOVE "${MANIFEST}")
+file(REMOVE "${MANIFEST}" "${FOLDERS}")

@@ -1,0 +1,21 @@
+# Makes those of `folders` that aren't there, with rights for everybody whatever the mask of whoever installs, and adds
+# them to the file `made_folders`.
+get_filename_component(CMAKE_INSTALL_PREFIX "${CMAKE_INSTALL_PREFIX}" ABSOLUTE)
+set(made)
+foreach(folder IN LISTS folders)
+    set(folder "${CMAKE_INSTALL_PREFIX}/${folder}")
+    while(folder MATCHES "/." AND NOT EXISTS "$ENV{DESTDIR}${folder}")
+        list(APPEND made "${folder}")
+        get_filename_component(folder "${folder}" DIRECTORY)
+    endwhile()
+endforeach()
+list(REMOVE_DUPLICATES made)
+list(SORT made)
+foreach(folder IN LISTS made)
+    file(MAKE_DIRECTORY "$ENV{DESTDIR}${folder}")
+    file(CHMOD "$ENV{DESTDIR}${folder}" PERMISSIONS
+        OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+    if(NOT CPACK_INSTALL_PREFIX)
+        file(APPEND "${made_folders}" "${folder}\n")
+    endif()
+endforeach()
