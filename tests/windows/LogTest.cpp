@@ -5,6 +5,7 @@
 #include "platform/text/DateText.h"
 #include "windows/WindowTest.h"
 
+#include <QDir>
 #include <QLineEdit>
 #include <QLocale>
 #include <QMessageBox>
@@ -81,6 +82,16 @@ TEST(Desktop, FiltersAndDates) {
         EXPECT_EQ(MediumDate({2026, 11, 8, 0, 0, 0, 0}), text) << name;
     }
     SetDateLocale({});
+}
+
+TEST(Desktop, AFolderOfTheUserIsOneWhateverTheCurrentFolder) {
+    const std::string home = QDir::homePath().toStdString();
+    const std::pair<const char*, std::string> rows[] = {
+        {"", home + "/.local/share"}, {"data", home + "/.local/share"}, {"/my data/ü/", "/my data/ü"}};
+    for (const auto& [value, folder] : rows) {
+        qputenv("PLENAIR_FOLDER", value);
+        EXPECT_EQ(FolderOfUser("PLENAIR_FOLDER", ".local/share"), folder);
+    }
 }
 
 // Scripts stand in for all programs of the desktop, whose own can't be found. Each notes its name and its

@@ -61,13 +61,13 @@ bool ShowCommonDialog(DialogKind kind, CommonDialog& dialog) {
     return kind == DialogKind::Printer ? ShowPrintDialog(dialog) : ShowFileDialog(kind, dialog);
 }
 
-// The toolkit doesn't know it yet.
-QString StateFolderOfUser() {
-    const QString folder = qEnvironmentVariable("XDG_STATE_HOME");
-    return QDir::isAbsolutePath(folder) ? folder : QDir::homePath() + "/.local/state";
-}
-
 } // namespace
+
+std::string FolderOfUser(const char* variable, const char* belowHome) {
+    const QString folder = qEnvironmentVariable(variable);
+    return FromQt(
+        QDir::cleanPath(folder.startsWith('/') ? folder : QDir::home().absoluteFilePath(belowHome)));
+}
 
 DateLocale DatesOf(const QLocale& locale) {
     const QString pattern = locale.dateFormat(QLocale::ShortFormat);
@@ -85,15 +85,12 @@ DateLocale DatesOf(const QLocale& locale) {
 }
 
 void ConnectDesktop() {
-    const auto place = [](QStandardPaths::StandardLocation location) {
-        return FromQt(QStandardPaths::writableLocation(location));
-    };
-    const std::string documents = place(QStandardPaths::DocumentsLocation);
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     ChooseProgramFolder(FromQt(QApplication::applicationDirPath()),
-                        place(QStandardPaths::GenericDataLocation) + "/plenair",
-                        QFileInfo(ToQt(documents)).isDir() ? documents : FromQt(QDir::homePath()));
-    SetStateFolder(FromQt(StateFolderOfUser()) + "/plenair");
-    SetRegistryFile(place(QStandardPaths::GenericConfigLocation) + "/plenair/registry");
+                        FolderOfUser("XDG_DATA_HOME", ".local/share") + "/plenair",
+                        FromQt(QFileInfo(documents).isDir() ? documents : QDir::homePath()));
+    SetStateFolder(FolderOfUser("XDG_STATE_HOME", ".local/state") + "/plenair");
+    SetRegistryFile(FolderOfUser("XDG_CONFIG_HOME", ".config") + "/plenair/registry");
     SetNumberLocale(DesktopNumbers());
     SetDateLocale(DatesOf(QLocale()));
     Desktop() = {
