@@ -1,10 +1,10 @@
 #include "fuzz/Fuzz.h"
+#include "fuzz/PlainReader.h"
 #include "platform/files/FileFailure.h"
 #include "project/model/ProjectBlocks.h"
 #include "project/model/ProjectModel.h"
 
 #include <array>
-#include <cmath>
 #include <vector>
 
 #include <sys/mman.h>
@@ -17,72 +17,21 @@ namespace {
 constexpr std::size_t kNumbers = 14; // of a block
 using Block = std::array<double, kNumbers>;
 
-// The elements of a file, item by item.
-class PlainReader {
-  public:
-    explicit PlainReader(std::string_view text) : m_rest(text) {}
-
-    std::vector<Block> Read() {
-        std::vector<Block> blocks;
-        for (std::string_view item = Text(); !m_rest.empty(); item = m_rest.empty() ? item : Text()) {
-            if (item.starts_with('\xA4')) {
-                blocks.emplace_back();
-                for (std::size_t i = 0; i < kNumbers; ++i) {
-                    if (m_rest.empty() || !Number(i == 0 || i == 1 || i == 9, blocks.back()[i])) {
-                        return blocks;
-                    }
+std::vector<Block> PlainBlocks(std::string_view text) {
+    PlainReader reader(text);
+    std::vector<Block> blocks;
+    for (std::string item = reader.Text(); !reader.AtEnd(); item = reader.AtEnd() ? item : reader.Text()) {
+        if (item.starts_with('\xA4')) {
+            blocks.emplace_back();
+            for (std::size_t i = 0; i < kNumbers; ++i) {
+                if (reader.AtEnd() || !reader.Number(i == 0 || i == 1 || i == 9, blocks.back()[i])) {
+                    return blocks;
                 }
             }
         }
-        return blocks;
     }
-
-  private:
-    std::string_view Take(std::size_t count) {
-        const std::string_view taken = m_rest.substr(0, count);
-        m_rest.remove_prefix(taken.size());
-        return taken;
-    }
-
-    void SkipBlanks() { Take(std::min(m_rest.find_first_not_of(" \t"), m_rest.size())); }
-
-    void SkipSeparator() {
-        SkipBlanks();
-        Take(m_rest.starts_with("\r\n") ? 2 : m_rest.find_first_of(",\r\n") == 0 ? 1 : 0);
-    }
-
-    std::string_view Text() {
-        SkipBlanks();
-        std::string_view item;
-        if (m_rest.starts_with('"')) {
-            Take(1);
-            item = Take(m_rest.find('"'));
-            Take(1);
-        } else {
-            item = Take(m_rest.find_first_of(",\r\n"));
-            item = item.substr(0, item.find_last_not_of(" \t") + 1);
-        }
-        SkipSeparator();
-        return item;
-    }
-
-    // False where the number is too large for its field.
-    bool Number(bool isSingle, double& value) {
-        SkipBlanks();
-        const std::string item(Take(m_rest.find_first_of(", \t\r\n")));
-        SkipSeparator();
-        char* end = nullptr;
-        const double read =
-            isSingle ? static_cast<double>(std::strtof(item.c_str(), &end)) : std::strtod(item.c_str(), &end);
-        if (!item.empty() && item.find_first_not_of("0123456789.eE+-") == item.npos && *end == '\0') {
-            value = std::isfinite(read) ? read : 0;
-            return std::isfinite(read);
-        }
-        return true;
-    }
-
-    std::string_view m_rest;
-};
+    return blocks;
+}
 
 Block NumbersOf(const DuctRecord& duct) {
     return {duct.Colour, duct.Spare,  duct.EndX,     duct.EndY,         duct.EquivRound,
@@ -105,7 +54,7 @@ void Read(std::string_view text) {
 
 FUZZER(projects) {
     Read(input);
-    const std::vector<Block> blocks = PlainReader(input).Read();
+    const std::vector<Block> blocks = PlainBlocks(input);
     REQUIRE(blocks.size() == static_cast<std::size_t>(DuctCount + 1));
     for (std::size_t i = 0; i < blocks.size(); ++i) {
         REQUIRE(NumbersOf(Ducts[i]) == blocks[i]);
