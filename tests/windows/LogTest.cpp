@@ -18,10 +18,8 @@ class Log : public WindowTest {
     Log() { Desktop().ShowDialog = ShowFileDialog; }
     void SetUp() override { Start(); }
 
-    bool CanRecord() const { return Find<QAction>("mnuFileLog").isEnabled(); }
-
-    // Chooses a menu entry and does the steps in the dialogs that follow: the name of a file, or a message
-    // and its answer.
+    // Chooses a menu entry and does the steps in the dialogs that follow: the name of a file, or what a
+    // message tells and the answer to it.
     void Choose(const std::string& entry,
                 const std::vector<std::pair<std::string, QMessageBox::StandardButton>>& steps) {
         dialogsExpected = true;
@@ -29,7 +27,7 @@ class Log : public WindowTest {
         for (const auto& step : steps) {
             all.emplace_back([&](QWidget& dialog) {
                 if (auto* const box = qobject_cast<QMessageBox*>(&dialog)) {
-                    EXPECT_TRUE(box->text().contains(step.first.c_str())) << box->text().toStdString();
+                    EXPECT_EQ(box->text().toStdString(), m_environment.Folder().Path() + step.first);
                     QTest::mouseClick(box->button(step.second), Qt::LeftButton);
                 } else {
                     auto* const name = dialog.findChild<QLineEdit*>();
@@ -38,24 +36,23 @@ class Log : public WindowTest {
                 }
             });
         }
-        WorkOn([&] { ChooseFromMenu("mnuFile", entry); }, all);
+        WorkOn([&] { Play("mnuFile>" + entry); }, all);
     }
 };
 
 TEST_F(Log, SavingAsksBeforeItReplacesAFile) {
-    FillTable();
-    Click("cmdLog(2)");
+    const char* const question = "/old.pnl already exists.\nDo you want to replace it?";
+    Play("!fill @cmdLog(2)");
     Choose("mnuFileLog", {});
-    EXPECT_TRUE(CanRecord()) << "cancelled";
+    Play("| enabled mnuFileLog: true"); // cancelled
     WriteFile(File("old.pnl"), "old");
     desktop.ExpectMessage(MessageAnswer::Ok);
-    Choose("mnuFileLog", {{"old", {}}, {"old.pnl already exists", QMessageBox::No}, {"my new", {}}});
+    Choose("mnuFileLog", {{"old", {}}, {question, QMessageBox::No}, {"my new", {}}});
     EXPECT_EQ(ReadFile(File("old.pnl")), "old");
     EXPECT_TRUE(ReadFile(File("my new.pnl")).ends_with("500\t375\t300\t1.3\t4.68\t0.69\t0\r\n"));
     EXPECT_EQ(CurrentFolder(), m_environment.Folder().Path());
-    Click("cmdLog(2)");
-    desktop.ExpectMessage(MessageAnswer::Ok);
-    Choose("mnuFileLog", {{"old.pnl", {}}, {"old.pnl already exists", QMessageBox::Yes}});
+    Play("@cmdLog(2) ?Ok");
+    Choose("mnuFileLog", {{"old.pnl", {}}, {question, QMessageBox::Yes}});
     EXPECT_EQ(ReadFile(File("old.pnl")), ReadFile(File("my new.pnl"))) << "replaced, nothing is appended";
 }
 
@@ -65,16 +62,14 @@ TEST_F(Log, OpeningShowsTheFileInTheEditor) {
     WriteFile(other + "/my log.pnl", "");
     WriteFile(other + "/plain", "");
     Choose("mnuFileLogOpen", {{other + "/my log", {}}});
-    EXPECT_EQ(desktop.Log.back(), "editor " + other + "/my log.pnl");
     EXPECT_EQ(Settings.DefPath, other);
     Choose("mnuFileLogOpen", {{"plain", {}}}); // the dialog opens in the last folder
-    EXPECT_EQ(desktop.Log.back(), "editor " + other + "/plain");
+    Play("| log: editor " + other + "/my log.pnl, editor " + other + "/plain");
 }
 
 TEST(Desktop, FiltersAndDates) {
-    EXPECT_EQ(NameFilters("Plenair Logs (*.pnl)|*.pnl|All Files (*.*)|*.*").join('|'),
-              "Plenair Logs (*.pnl) (*.pnl)|All Files (*.*) (*)");
-    EXPECT_EQ(NameFilters("Both|*.gsp;*.*|rest").join('|'), "Both (*.gsp *)");
+    EXPECT_EQ(NameFilters("Plenair Logs (*.pnl)|*.pnl|Both|*.gsp;*.*|rest").join('|'),
+              "Plenair Logs (*.pnl) (*.pnl)|Both (*.gsp *)");
     const std::pair<const char*, const char*> rows[] = {
         {"en_GB", "08-Nov-26"}, {"en_US", "Nov-08-26"}, {"ja_JP", "26-11月-08"}};
     for (const auto& [name, text] : rows) {

@@ -3,58 +3,75 @@
 
 namespace {
 
-class SolverGrid : public SolverTest {};
+class SolverGrid : public SolverTest {
+  protected:
+    SolverGrid() {
+        questions["holds"] = [] { return DrawPending == kFlagClear ? "nothing" : "a point"; };
+        questions["colours"] = [this] { // of the first three ducts of a row
+            std::string colours;
+            for (int column = 1; column <= 3; ++column) {
+                colours += ColourAt(Grid(), Grid().width() * (4 * column + 1) / (4 * kCellsAcross),
+                                    Grid().height() / 10);
+            }
+            return colours;
+        };
+        questions["cross"] = [this] { // of the keyboard, at 3,2
+            const QImage grid = Grid();
+            const int x = grid.width() * 3 / kCellsAcross;
+            return ColourAt(grid, x, grid.height() * 2 / kCellsDown) == "#c800c8" ? "shown" : "none";
+        };
+        actions["close"] = [this] { Find("cmdClose").setFocus(); };
+    }
+};
 
 TEST_F(SolverGrid, ButtonsInTheOrderOfTheirTabs) {
     OpenSolver();
     Find("cmdClearGrid(2)").setFocus();
-    for (const std::string name :
-         {"cmdClearGrid(2)", "cmdLoadGsp", "cmdSaveGsp", "cmdPrintGus", "cmdMajorOptions", "optDuct(0)",
-          "optDuct(1)", "optDuct(2)", "cmdLessDuct(2)", "chkLabels", "chkParam", "cmdGus", "cmdClose",
-          "picGrid"}) {
-        EXPECT_EQ(Focused(), name);
-        const bool group = name == "optDuct(0)" || name == "optDuct(1)"; // there the arrows go on, and select
-        Press(group ? Qt::Key_Right : Qt::Key_Tab);
-    }
-    Find("cmdGus").setFocus();
-    Type("qxQ");
-    EXPECT_EQ(desktop.Log, std::vector<std::string>{"call"});
+    Play(R"(Tab | focus: cmdLoadGsp
+        Tab | focus: cmdSaveGsp
+        Tab | focus: cmdPrintGus
+        Tab | focus: cmdMajorOptions
+        Tab | focus: optDuct(0)
+        Right | focus: optDuct(1)
+        Right | focus: optDuct(2); checked optDuct(2): true
+        Tab | focus: cmdLessDuct(2)
+        Tab | focus: chkLabels
+        Tab | focus: chkParam
+        Tab | focus: cmdGus
+        qxQ | log: call
+        Tab | focus: cmdClose
+        Tab | focus: picGrid
+        Tab | focus: cmdClearGrid(2))");
 }
 
 TEST_F(SolverGrid, EventsOfTheDrawing) {
-    const struct {
-        const char* name;
-        const char* events;
-        const char* network;
-        bool holding;
-    } rows[] = {
-        {"nothing", "", "", false},
-        {"the first click holds", "#1,1", "", true},
-        {"a right click while idle", "#r", "", false},
-        {"the second makes a duct", "#1,1 #2,3", "R 1,1-2,3", true},
-        {"the middle button draws too", "#m1,1 #m2,3", "R 1,1-2,3", true},
-        {"a chain", "#1,1 #2,1 #3,1", "R 1,1-2,1 R 2,1-3,1", true},
-        {"the same place twice", "#1,1 #1,1", "R 1,1-1,1", true},
-        {"a right click ends a chain", "#1,1 #2,1 #r #3,1 #4,1", "R 1,1-2,1 R 3,1-4,1", true},
-        {"the type changes in a chain", "#1,1 #2,1 @optDuct(1) #3,1 @optDuct(2) #4,1",
-         "R 1,1-2,1 F 2,1-3,1 C 3,1-4,1", true},
-        {"labels off end a chain", "#1,1 @chkLabels #2,1", "", true},
-        {"the sheet ends a chain", "#1,1 #2,1 @chkParam", "R 1,1-2,1", false},
-        {"removing ends a chain", "#1,1 #2,1 #3,1 @cmdLessDuct(2)", "R 1,1-2,1", false},
-        {"the last duct stays", "#1,1 #2,1 @cmdLessDuct(2)", "R 1,1-2,1", true},
-        {"the scroll bar ends a chain", "@chkParam #1,1 #2,1 #3,1 @next", "R 1,1-2,1 R 2,1-3,1", false}};
+    const char* const rows[] = {
+        " | network: ; holds: nothing",
+        "#1,1 | network: ; holds: a point",
+        "#r | network: ; holds: nothing",
+        "#1,1 #2,3 | network: R 1,1-2,3; holds: a point",
+        "#m1,1 #m2,3 | network: R 1,1-2,3; holds: a point",
+        "#1,1 #2,1 #3,1 | network: R 1,1-2,1 R 2,1-3,1; holds: a point",
+        "#1,1 #1,1 | network: R 1,1-1,1; holds: a point",
+        "#1,1 #2,1 #r #3,1 #4,1 | network: R 1,1-2,1 R 3,1-4,1; holds: a point",
+        "#1,1 #2,1 @optDuct(1) #3,1 @optDuct(2) #4,1 | network: R 1,1-2,1 F 2,1-3,1 C 3,1-4,1; holds: a "
+        "point",
+        "#1,1 @chkLabels #2,1 | network: ; holds: a point", // labels off end a chain, and the rest, too
+        "#1,1 #2,1 @chkParam | network: R 1,1-2,1; holds: nothing",
+        "#1,1 #2,1 #3,1 @cmdLessDuct(2) | network: R 1,1-2,1; holds: nothing",
+        "#1,1 #2,1 @cmdLessDuct(2) | network: R 1,1-2,1; holds: a point", // the last duct stays
+        "@chkParam #1,1 #2,1 #3,1 @next | network: R 1,1-2,1 R 2,1-3,1; holds: nothing"};
     OpenSolver();
-    for (const auto& row : rows) {
+    for (const char* row : rows) {
         for (const char* toggle : {"chkLabels", "chkParam", "optDuct(0)"}) {
             Find<ToggleButton>(toggle).SetOn(std::string(toggle) != "chkParam");
         }
-        Play("?Yes @cmdClearGrid(2)\n" + std::string(row.events) + " | network: " + row.network);
-        EXPECT_EQ(DrawPending != kFlagClear, row.holding) << row.name;
+        Play(std::string("?Yes @cmdClearGrid(2) ") + row);
     }
     DrawPending = Solved = kFlagSet; // a solved project takes nothing, nor forgets
     desktop.Log.clear();
-    Play("#2,1 #r @cmdSaveGsp @cmdLessDuct(2) | log: beep, beep, beep, beep; network: R 1,1-2,1 R 2,1-3,1");
-    EXPECT_EQ(DrawPending, kFlagSet);
+    Play("#2,1 #r @cmdSaveGsp @cmdLessDuct(2) | log: beep, beep, beep, beep; network: R 1,1-2,1 R 2,1-3,1; "
+         "holds: a point");
 }
 
 TEST_F(SolverGrid, ClearingAndClosingAsk) {
@@ -64,55 +81,36 @@ TEST_F(SolverGrid, ClearingAndClosingAsk) {
     Play("?No @cmdClearGrid(2) | state: 0 0 0  solved+, 1 0\n"
          "?Yes @cmdClearGrid(2) | state:  , 1 0; duct: 1 #008000");
     DrawRow("R");
-    const auto close = [&](const char* answers) {
+    const auto closes = [&](const char* answers) {
         Play(answers);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         return !SolverIsThere();
     };
-    EXPECT_FALSE(close("?Cancel Alt+C"));
-    EXPECT_TRUE(close("?Yes ?- Alt+C")) << "whatever comes of the save";
+    EXPECT_FALSE(closes("?Cancel Alt+C"));
+    EXPECT_TRUE(closes("?Yes ?- Alt+C")) << "whatever comes of the save";
     EXPECT_TRUE(Window().isVisible());
     EndProgram();
     OpenSolver();
     EXPECT_EQ(DuctCount, 0) << "opening clears the project";
-    EXPECT_TRUE(close("?No Alt+C"));
+    EXPECT_TRUE(closes("?No Alt+C"));
 }
 
 TEST_F(SolverGrid, ColoursOnTheScreen) {
     OpenSolver();
-    const auto colours = [&] {
-        std::string all;
-        for (int column = 1; column <= 3; ++column) {
-            all += ColourAt(Grid(), Grid().width() * (4 * column + 1) / (4 * kCellsAcross),
-                            Grid().height() / 10);
-        }
-        return all;
-    };
     DrawRow("RFC");
-    EXPECT_EQ(colours(), "#ff0000#0000ff#ffff00");
-    Click("chkParam");
-    EXPECT_EQ(colours(), "#00ff00#0000ff#ffff00") << "the duct of the sheet is green";
-    Click("scrDuctNo"); // below its thumb
-    EXPECT_EQ(colours(), "#ff0000#00ff00#ffff00");
-    Click("chkParam");
-    EXPECT_EQ(colours(), "#ff0000#0000ff#ffff00");
+    Play(R"(| colours: #ff0000#0000ff#ffff00
+        @chkParam | colours: #00ff00#0000ff#ffff00
+        @scrDuctNo | colours: #ff0000#00ff00#ffff00
+        @chkParam | colours: #ff0000#0000ff#ffff00)"); // the duct of the sheet is green
 }
 
 TEST_F(SolverGrid, AProjectCanBeDrawnByTheKeyboard) {
     OpenSolver();
-    const auto purple = [&] {
-        const QImage grid = Grid();
-        return ColourAt(grid, grid.width() * 3 / kCellsAcross, grid.height() * 2 / kCellsDown) == "#c800c8";
-    };
-    Play("#3,2");
-    EXPECT_FALSE(purple()) << "the mouse needs no cross";
-    Play("Ctrl+Right Space Ctrl+Left");
-    EXPECT_TRUE(purple());
-    Find("cmdClose").setFocus();
-    EXPECT_FALSE(purple());
-    Play("Tab");
-    EXPECT_TRUE(purple());
-    Play("Escape Home Return PgDown Return | network: R 3,2-8,2 R 0,2-0,30");
+    Play(R"(#3,2 | cross: none
+        Ctrl+Right Space Ctrl+Left | cross: shown
+        !close | cross: none
+        Tab | cross: shown
+        Escape Home Return PgDown Return | network: R 3,2-8,2 R 0,2-0,30)");
 }
 
 // However a picture came about, it is the one that its network gives when it is painted in one go.
@@ -129,7 +127,7 @@ TEST_F(SolverGrid, PaintingInStepsIsPaintingInOneGo) {
         if (marked != 0) {
             HighlightDuct({Solver(), Sheet()}, marked);
         } else if (below(2) == 0) {
-            Click(below(2) == 0 ? "cmdLessDuct(2)" : "chkLabels");
+            Play(below(2) == 0 ? "@cmdLessDuct(2)" : "@chkLabels");
         }
         if (DrawPending == kFlagSet) {
             continue; // what a click has drawn since lies over the labels

@@ -18,9 +18,7 @@ TEST_F(SolverUndo, DrawingTypingAndFollowOn) {
         Ctrl+Z | state: 0 0 0 , R1 0
         Ctrl+Y | state: 100 100 100 , R1 100
         Ctrl+Z | state: 0 0 0 , R1 0)");
-    SheetBox(1).setFocus();
-    SheetBox(1).SelectAll();
-    Play(R"(55 Ctrl+Y | state: 0 0 0 , R1 55
+    Play(R"(@txtParam(1) Ctrl+A 55 Ctrl+Y | state: 0 0 0 , R1 55
         Ctrl+Z | state: 0 0 0 , R1 0
         Ctrl+Z | state: 0 0 , R1 0
         #9,9 Ctrl+Z | state: 0 , R1 0)");
@@ -83,9 +81,8 @@ TEST_F(SolverUndo, CopyAndManualByTheirKeys) {
     Play("Ctrl+C F1");
     EXPECT_EQ(copied.substr(0, 9), "Duct\tKind");
     copied.clear();
-    Play("@chkParam txtParam(1)=5");
-    SheetBox(1).SelectAll();
-    Play("Ctrl+C F1 | text txtParam(1): 5"); // a text box copies what is selected in it
+    Play("@chkParam txtParam(1)=5 Ctrl+A Ctrl+C F1 | text txtParam(1): 5"); // a text box copies what is
+                                                                            // selected in it
     EXPECT_EQ(copied, "");
     EXPECT_EQ(opened, File("manual/manual.html#solver ") + File("manual/manual.html#sheet "));
 }

@@ -18,6 +18,10 @@ QWindow* ActiveWindow() {
     return (popup != nullptr ? popup : QApplication::activeWindow())->windowHandle();
 }
 
+std::string Indexed(const char* name, int index) {
+    return name + ("(" + std::to_string(index)) + ")";
+}
+
 std::string Joined(const MSFlexGrid& grid, int row) {
     std::string joined;
     for (int column = 0; column < grid.Columns(); ++column) {
@@ -35,7 +39,6 @@ std::string FlowsOfDucts() {
     return flows;
 }
 
-// The ducts in the crossings of the grid lines, as in "R 1,1-2,1 F 2,1-2,3".
 std::string Network() {
     std::ostringstream all;
     for (int number = 1; number <= DuctCount; ++number) {
@@ -47,17 +50,14 @@ std::string Network() {
     return all.str();
 }
 
+void ChooseFromMenu(Form& window, const QMenu& menu, QAction& entry) {
+    QMenuBar* const bar = window.MenuBar();
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {},
+                      bar->mapTo(&window, bar->actionGeometry(menu.menuAction()).center()));
+    QTest::mouseClick(menu.windowHandle(), Qt::LeftButton, {}, menu.actionGeometry(&entry).center());
+}
+
 } // namespace
-
-void Press(int key, Qt::KeyboardModifiers modifiers) {
-    QTest::keyClick(ActiveWindow(), static_cast<Qt::Key>(key), modifiers);
-}
-
-void Type(const std::string& text) {
-    for (const char character : text) {
-        QTest::keyClick(ActiveWindow(), character);
-    }
-}
 
 void ClickAt(QWidget& control, QPoint place, Qt::MouseButton button) {
     if (!control.visibleRegion().contains(place)) {
@@ -103,9 +103,32 @@ WindowTest::WindowTest() {
     dialogsExpected = false;
     m_environment.NoteReminder();
     WriteSettingsFile(Settings);
+    actions["fill"] = [this] { Play("txtInputB=300 txtInputA=500 Return | table: filled"); };
+    questions["focus"] = Focused;
+    questions["selected"] = [] {
+        const auto* box = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+        return Focused() + " " + (box != nullptr ? box->selectedText().toStdString() : "");
+    };
+    questions["table"] = [this] { return Table(); };
+    questions["basis"] = [] { return std::to_string(Settings.CalcBasis); };
+    questions["bases"] = [this] {
+        std::string texts;
+        for (const int index : {0, 1, 2, 3, 4, 9}) {
+            texts += (index == 0 ? "" : " ") + Box(Indexed("txtCalcBasis", index)).Text();
+        }
+        return texts;
+    };
+    questions["enabled"] = [this] {
+        std::string enabled;
+        for (const int index : {0, 1, 2, 9, 3, 4}) {
+            enabled += Box(Indexed("txtCalcBasis", index)).isEnabled() ? std::to_string(index) : "";
+        }
+        return enabled;
+    };
+    questions["log"] = [this] { return desktop.LogInOneLine(); };
 }
 
-void WindowTest::WriteSettingsFile(const SettingsRecord& settings) const {
+void WindowTest::WriteSettingsFile(const SettingsRecord& settings) {
     Settings = settings;
     SaveSettings();
     Settings = SettingsRecord();
@@ -115,6 +138,7 @@ void WindowTest::Start() {
     Main();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&Window()));
     QCoreApplication::processEvents();
+    desktop.Log.clear();
 }
 
 void WindowTest::EndProgram() {
@@ -142,7 +166,7 @@ void WindowTest::Do(const std::string& step) {
         QWidget& bar = Find("scrDuctNo");
         ClickAt(bar, step == "@next" ? bar.rect().bottomRight() - QPoint(4, 4) : QPoint(4, 4));
     } else if (step[0] == '@') {
-        Click(rest);
+        ClickOn(&Find(rest));
     } else if (step[0] == '#') {
         QWidget& grid = Find("picGrid");
         const bool byMiddle = rest[0] == 'm';
@@ -153,128 +177,84 @@ void WindowTest::Do(const std::string& step) {
                 byMiddle      ? Qt::MiddleButton
                 : rest == "r" ? Qt::RightButton
                               : Qt::LeftButton);
+    } else if (step[0] == '!') {
+        actions.at(rest)();
     } else if (angle != step.npos) {
-        ChooseFromMenu(step.substr(0, angle), step.substr(angle + 1));
+        ChooseFromMenu(Window(), Find<QMenu>(step.substr(0, angle)), Find<QAction>(step.substr(angle + 1)));
     } else if (equals != step.npos) {
-        Enter(step.substr(0, equals), step.substr(equals + 1));
+        TextBox& box = Box(step.substr(0, equals));
+        ClickOn(&box);
+        box.SelectAll();
+        equals + 1 == step.size() ? Do("Backspace") : Do(step.substr(equals + 1));
     } else if (step.find('+') != step.npos || (rest != "" && std::isupper(step[0]) != 0)) {
         const QKeyCombination keys = QKeySequence(QString::fromStdString(step))[0];
-        Press(keys.key(), keys.keyboardModifiers());
+        QTest::keyClick(ActiveWindow(), keys.key(), keys.keyboardModifiers());
     } else {
-        Type(step);
+        for (const char character : step) {
+            QTest::keyClick(ActiveWindow(), character);
+        }
     }
 }
 
 std::string WindowTest::Ask(const std::string& question) const {
-    const std::string asked = question.substr(0, question.find(' '));
-    const std::string name = question.substr(std::min(asked.size() + 1, question.size()));
-    if (asked == "focus") {
-        return Focused();
-    }
-    if (asked == "selected") { // in the box that has the focus
-        const auto* box = qobject_cast<QLineEdit*>(QApplication::focusWidget());
-        return Focused() + " " + (box != nullptr ? box->selectedText().toStdString() : "");
-    }
-    if (asked == "table") {
-        return IsBlank() ? "blank" : Table();
-    }
-    if (asked == "row") {
-        return Row(std::stoi(name));
-    }
-    if (asked == "round") {
-        return RoundDuct();
-    }
-    if (asked == "basis") {
-        return std::to_string(Settings.CalcBasis);
-    }
-    if (asked == "flows") {
-        return FlowsOfDucts();
-    }
-    if (asked == "network") {
-        return Network();
-    }
-    if (asked == "state") { // + where the pressures can be asked for: "100 200 plant.gsp solved+, F2 200"
-        const std::string duct = Ask("duct");
-        return FlowsOfDucts() + " " + ProjectName + (Solved != kFlagClear ? " solved" : "") +
-               (Find("cmdCalcPressure").isVisible() ? "+" : "") + ", " + duct.substr(0, duct.find(' ')) +
-               " " + Text("txtParam(1)");
-    }
-    if (asked == "log") { // what reached the desktop
-        return desktop.LogInOneLine();
-    }
-    if (asked == "duct") { // the caption of the sheet and its colour, as in "R3 #ff0000"
-        const auto& label = Find<Label>("lblDuctNo");
-        return (label.text() + " " + label.palette().color(QPalette::WindowText).name()).toStdString();
-    }
-    if (asked == "sheet" || asked == "looks") { // a letter for each box: open on white o, locked on white L,
-        std::string all;                        // without white l
-        for (int number = 1; number <= 8; ++number) {
-            const TextBox& box = Box("txtParam(" + std::to_string(number) + ")");
-            const bool white = box.palette().color(QPalette::Base) == Qt::white;
-            all += asked == "sheet"   ? (number == 1 ? "" : " ") + box.Text()
-                   : box.isReadOnly() ? std::string(white ? "L" : "l")
-                                      : std::string(white ? "o" : "!");
-        }
-        return all;
-    }
-    return Find(name).property(asked.c_str()).toString().toStdString();
-}
-
-void WindowTest::ChooseFromMenu(const std::string& menu, const std::string& entry) const {
-    QMenu& opened = Find<QMenu>(menu);
-    QMenuBar* const bar = Window().MenuBar();
-    QTest::mouseClick(Window().windowHandle(), Qt::LeftButton, {},
-                      bar->mapTo(&Window(), bar->actionGeometry(opened.menuAction()).center()));
-    QTest::mouseClick(opened.windowHandle(), Qt::LeftButton, {},
-                      opened.actionGeometry(&Find<QAction>(entry)).center());
-}
-
-void WindowTest::Enter(const std::string& box, const std::string& text) const {
-    Click(box);
-    Box(box).SelectAll();
-    text.empty() ? Press(Qt::Key_Backspace) : Type(text);
-}
-
-void WindowTest::FillTable() {
-    Play("txtInputB=300 txtInputA=500 Return | table: " + FilledTable);
-}
-
-std::string WindowTest::Row(int row) const {
-    return Joined(Find<MSFlexGrid>("grdMinorCalc"), row);
+    const std::size_t blank = question.find(' ');
+    return questions.contains(question) ? questions.at(question)()
+                                        : Find<QObject>(question.substr(blank + 1))
+                                              .property(question.substr(0, blank).c_str())
+                                              .toString()
+                                              .toStdString();
 }
 
 std::string WindowTest::Table() const {
     std::string table;
     for (int row = 0; row < 5; ++row) {
-        table += (table.empty() || Row(row).empty() ? "" : ", ") + Row(row);
+        const auto& lamp = Find<Label>(Indexed("lblRatio", row));
+        const std::string duct = Joined(Find<MSFlexGrid>("grdMinorCalc"), row) +
+                                 (lamp.IsOpaque() ? " " + lamp.BackColour().name().toStdString() : "");
+        table += (table.empty() || duct.empty() ? "" : ", ") + duct;
     }
-    return table;
+    const std::string round = Joined(Find<MSFlexGrid>("grdOtherShapes"), 0);
+    table += round.empty() ? "" : ", round " + round;
+    return table.empty() ? "blank"
+           : table == "450 250 4.74 0.72 #00ff00, 400 275 4.80 0.74 #00ff00, 375 300 4.68 0.69 #00ff00, "
+                      "350 325 4.61 0.67 #00ff00, 325 350 4.61 0.67 #00ff00, round 375 4.53 0.69"
+               ? "filled"
+               : table;
 }
 
-std::string WindowTest::RoundDuct() const {
-    return Joined(Find<MSFlexGrid>("grdOtherShapes"), 0);
-}
-
-bool WindowTest::IsBlank() const {
-    for (int i = 0; i < 5; ++i) {
-        if (Find<Label>("lblRatio(" + std::to_string(i) + ")").IsOpaque()) {
-            return false;
+SolverTest::SolverTest() {
+    questions["flows"] = FlowsOfDucts;
+    questions["network"] = Network;
+    questions["duct"] = [this] {
+        const auto& label = Find<Label>("lblDuctNo");
+        return (label.text() + " " + label.palette().color(QPalette::WindowText).name()).toStdString();
+    };
+    questions["sheet"] = [this] {
+        std::string texts;
+        for (int number = 1; number <= 8; ++number) {
+            texts += (number == 1 ? "" : " ") + Box(Indexed("txtParam", number)).Text();
         }
-    }
-    return Table().empty() && RoundDuct().empty();
-}
-
-std::string WindowTest::BasisTexts() const {
-    std::string texts;
-    for (const char* index : {"0", "1", "2", "3", "4", "9"}) {
-        texts += Text("txtCalcBasis(" + std::string(index) + ")") + " ";
-    }
-    return texts;
+        return texts;
+    };
+    questions["looks"] = [this] {
+        std::string looks;
+        for (int number = 1; number <= 8; ++number) {
+            const TextBox& box = Box(Indexed("txtParam", number));
+            const bool white = box.palette().color(QPalette::Base) == Qt::white;
+            looks += box.isReadOnly() ? (white ? "L" : "l") : (white ? "o" : "!");
+        }
+        return looks;
+    };
+    questions["state"] = [this] {
+        return FlowsOfDucts() + " " + ProjectName + (Solved != kFlagClear ? " solved" : "") +
+               (Find("cmdCalcPressure").isVisible() ? "+" : "") + ", " + Ask("text lblDuctNo") + " " +
+               Ask("text txtParam(1)");
+    };
 }
 
 void SolverTest::OpenSolver() {
     Start();
-    ChooseFromMenu("mnuFile", "mnuFileMajor");
+    Play("mnuFile>mnuFileMajor");
     m_solver = FindWindow<frmMajorCalc>();
     ASSERT_TRUE(QTest::qWaitForWindowActive(m_solver));
     QCoreApplication::processEvents();
@@ -285,8 +265,8 @@ void SolverTest::DrawRow(const std::string& types) {
     int column = 1;
     Play("#1,3");
     for (const char type : types) {
-        Click("optDuct(" + std::to_string(std::string("RFC").find(type)) + ")");
-        Play("#" + std::to_string(++column) + ",3");
+        Play("@optDuct(" + std::to_string(std::string("RFC").find(type)) + ") #" + std::to_string(++column) +
+             ",3");
     }
     Play("#r");
 }
@@ -294,13 +274,8 @@ void SolverTest::DrawRow(const std::string& types) {
 void SolverTest::OpenSheet(const std::string& types) {
     OpenSolver();
     DrawRow(types);
-    Click("chkParam");
+    Play("@chkParam");
     ASSERT_TRUE(QTest::qWaitForWindowActive(&Sheet()));
-}
-
-void SolverTest::EnterBox(int box, const std::string& text) const {
-    Enter("txtParam(" + std::to_string(box) + ")", text);
-    EXPECT_TRUE(SheetBox(box).Text() == text || SheetBox(box).isReadOnly());
 }
 
 } // namespace plenair

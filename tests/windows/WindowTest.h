@@ -19,11 +19,8 @@ namespace plenair {
 // anew.
 inline bool dialogsExpected = false;
 
-// Keys and mouse as a user has them: they go to the window, which passes them to whatever has the focus or
-// stands there. A window that is clicked becomes the active one. A click on what can't be seen fails the
-// test.
-void Press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
-void Type(const std::string& text);
+// A click as a user has it: it goes to the window, which passes it to what stands there, and makes the window
+// the active one. A click on what can't be seen fails the test.
 void ClickOn(QWidget* control);
 void ClickAt(QWidget& control, QPoint place, Qt::MouseButton button = Qt::LeftButton);
 
@@ -42,18 +39,24 @@ class WindowTest : public testing::Test {
     WindowTest();
     ~WindowTest() override { EndProgram(); }
 
-    void WriteSettingsFile(const SettingsRecord& settings) const;
+    static void WriteSettingsFile(const SettingsRecord& settings);
     void Start();
     static void EndProgram();
 
-    // Plays a script (see Script.h).
-    // A step is a text or a key ("Tab", "Alt+H"); @name clicks a control, @next and @back the arrows of the
-    // sheet's scroll bar, name=text changes a box by click and
-    // keys, menu>entry chooses from a menu, #2,3 clicks a crossing of the grid (#m2,3 by the middle button,
-    // #r by the right one). ?Yes, ?=file, ?- and ?<text script an answer to a message, a file dialog (in the
-    // folder of the test), its cancel and an input box. What can be seen is what Ask knows.
+    // Plays a script (see Script.h). Keys and clicks go to the active window, as a user's. A step is
+    //   a text or a key ("Tab", "Alt+H");
+    //   @name, a click on a control, @next or @back on the arrows of the sheet's scroll bar;
+    //   #2,3, a click on a crossing of the grid, #m2,3 by the middle button, #r by the right one;
+    //   name=text, which puts the text into a box, and menu>entry, which chooses from a menu;
+    //   ?Yes and the like, an answer to come (see ScriptedDesktop::Expect);
+    //   !name, one of `actions`: !fill calculates 500 L/s at 300 mm.
+    // A question is one of `questions` or a property of a control ("text txtInputA"):
+    //   focus, selected (the box that has the focus, and what is selected in it), basis, log (what reached
+    //   the desktop); table: its cells and lamps and the round duct, or "filled", as by !fill, or "blank".
     void Play(const std::string& script);
     std::string Ask(const std::string& question) const;
+    std::map<std::string, std::function<void()>> actions;
+    std::map<std::string, std::function<std::string()>> questions;
 
     // A control of any window by its name, of the modal one first.
     template <typename Control = QWidget>
@@ -80,21 +83,6 @@ class WindowTest : public testing::Test {
 
     frmMinorCalc& Window() const { return *FindWindow<frmMinorCalc>(); }
     TextBox& Box(const std::string& name) const { return Find<TextBox>(name); }
-    std::string Text(const std::string& name) const { return Box(name).Text(); }
-    void Click(const std::string& name) const { ClickOn(&Find(name)); }
-    void Unfold() const { Click("cmdMoreInfo"); }
-    void ChooseFromMenu(const std::string& menu, const std::string& entry) const;
-    // Puts `text` into a box as a user does: click, which selects the old one, and type.
-    void Enter(const std::string& box, const std::string& text) const;
-    // Five ducts of 500 L/s around 300 mm on the screen, the focus in txtInputA.
-    void FillTable();
-    // The cells of a row with blanks between, and of all rows that are not blank with commas.
-    std::string Row(int row) const;
-    std::string Table() const;
-    std::string RoundDuct() const;
-    bool IsBlank() const;
-    // The texts of the basis boxes 0 to 4 and 9, with a blank behind each.
-    std::string BasisTexts() const;
     std::string File(const std::string& name) const { return m_environment.Folder().File(name); }
 
     ProgramEnvironment m_environment;
@@ -102,15 +90,17 @@ class WindowTest : public testing::Test {
 
   private:
     void Do(const std::string& step);
+    std::string Table() const;
 };
 
-// What FillTable shows.
-inline const std::string FilledTable =
-    "450 250 4.74 0.72, 400 275 4.80 0.74, 375 300 4.68 0.69, 350 325 4.61 0.67, 325 350 4.61 0.67";
-
-// The Project Solver, opened from the menu of the Lite window.
+// The Project Solver, opened from the menu of the Lite window. More questions: flows (of the ducts), network
+// ("R 1,1-2,1 F 2,1-2,3", in crossings of the grid lines), duct (the caption of the sheet and its colour),
+// sheet (the texts of its boxes), looks (a letter for each box: open on white o, locked on white L, without
+// white l) and state (flows, the project's name, "solved", + where the pressures can be asked for, the duct
+// of the sheet and its flow: "100 200 plant.gsp solved+, F2 200").
 class SolverTest : public WindowTest {
   protected:
+    SolverTest();
     void OpenSolver();
 
     frmMajorCalc& Solver() const { return *m_solver; }
@@ -122,10 +112,6 @@ class SolverTest : public WindowTest {
 
     // The solver with such a row of ducts and the sheet on the first of them.
     void OpenSheet(const std::string& types);
-
-    // A box of the sheet, changed as a user does: by a click, which selects the old text, and keys.
-    TextBox& SheetBox(int box) const { return Box("txtParam(" + std::to_string(box) + ")"); }
-    void EnterBox(int box, const std::string& text) const;
 
     // What picGrid shows, and the colour of a pixel as #rrggbb.
     QImage Grid() const { return Find("picGrid").grab().toImage(); }

@@ -1,0 +1,163 @@
+#include "lite/CalculationLog.h"
+#include "platform/desktop/Clipboard.h"
+#include "windows/WindowTest.h"
+
+namespace {
+
+class Lite : public WindowTest {
+  protected:
+    void SetUp() override {
+        Start();
+        questions["tabs"] = [this] { // where Tab goes from the height until it comes back
+            Play("Alt+H");
+            std::string tabs;
+            do {
+                tabs += (tabs.empty() ? "" : " ") + Focused();
+                Play("Tab");
+            } while (Focused() != "txtInputB" && tabs.size() < 200);
+            return tabs;
+        };
+        questions["panel"] = [this] { // how much of the bases can be seen
+            std::string shown = std::to_string(Window().height() - m_folded);
+            for (const char* control : {"lblCalcBasis", "optCalcBasis(4)", "txtCalcBasis(4)"}) {
+                const QWidget& widget = Find(control);
+                shown += widget.visibleRegion().boundingRect() == widget.rect() ? " whole"
+                         : widget.visibleRegion().isEmpty()                     ? " none"
+                                                                                : " part";
+            }
+            return shown;
+        };
+        questions["recorded"] = [] {
+            std::string heights;
+            for (std::size_t record = 0; record < static_cast<std::size_t>(LogCount); ++record) {
+                heights += (record == 0 ? "" : " ") + ShortestText(LogRows[record].Height);
+            }
+            return heights;
+        };
+        m_folded = Window().height();
+    }
+
+    int m_folded = 0;
+};
+
+TEST_F(Lite, FiveDuctsAndTheirLamps) {
+    Play(R"(300 Tab | focus: txtInputA
+        500 Return | table: filled; selected: txtInputA 500
+        Down | text txtInputB: 325; selected: txtInputB 325
+        Up | text txtInputB: 300; table: filled
+        txtInputB=100 txtInputA=300 Enter | table: 2775 50 3.87 0.59 #ff0000, 1475 75 3.99 0.64 #ff0000, )"
+         "950 100 4.10 0.68 #ff0000, 700 125 4.11 0.69 #ffae00, 550 150 4.13 0.69 #00ff00, round 325 3.62 "
+         "0.68");
+}
+
+TEST_F(Lite, CharactersClearTheResults) {
+    for (const std::string box : {"@txtInputA ", "@txtInputB "}) {
+        for (const std::string key : {"7", "x", "Space", "Backspace", "Escape", "Ctrl+C"}) {
+            Play("!fill " + box + key + " | table: blank");
+        }
+        for (const std::string key : {"Delete", "Left", "Right", "Home", "End", "PgUp", "F5", "Tab"}) {
+            Play("!fill " + box + key + " | table: filled");
+        }
+    }
+    Play("!fill");
+    Box("txtInputA").insert("700"); // as the mouse pastes
+    Play("| table: filled");
+}
+
+TEST_F(Lite, EnteringABoxSelectsItsText) {
+    Play(R"(!fill @txtInputB | selected: txtInputB 300
+        End @txtInputB | selected: txtInputB 
+        Tab | selected: txtInputA 500
+        Alt+H | selected: txtInputB 300; table: filled
+        @cmdMoreInfo @txtCalcBasis(0) | selected: txtCalcBasis(0) 0.8; table: blank)");
+}
+
+TEST_F(Lite, EnterCalculatesFromEveryBox) {
+    Play(R"(@cmdMoreInfo txtInputA=500 txtInputB=300
+        @txtInputA Return | selected: txtInputA 500; table: filled
+        @txtInputB Return | selected: txtInputA 500; table: filled
+        @optCalcBasis(1) @txtCalcBasis(1) | table: blank
+        Return | selected: txtInputA 500; table: filled
+        @optCalcBasis(2) @txtCalcBasis(2) Return | selected: txtInputA 500; table: filled
+        @txtCalcBasis(9) Return | selected: txtInputA 500; table: filled
+        @optCalcBasis(3) @txtCalcBasis(3) Return | table: 500 300 3.54 0.35 #00ff00, round 425 3.52 0.35
+        @optCalcBasis(4) @txtCalcBasis(4) Return | table: 500 300 5.00 0.66 #00ff00, ( 705 L/s ), round 425 4.97 0.66
+        @optCalcBasis(0))");
+    m_environment.SetToday(2026, 12, 1); // nor does the reminder come where a text is no number
+    for (const std::string box : {"txtInputA", "txtInputB", "txtCalcBasis(0)"}) {
+        Play("txtCalcBasis(0)=0.8 txtInputB=300 txtInputA=500 " + box +
+             "=x Return | table: blank; focus: txtInputA");
+    }
+    EXPECT_EQ(Settings.MaxLPM, 0.8) << "what is no number leaves it";
+}
+
+TEST_F(Lite, CopyOfTheResults) {
+    std::string copied;
+    Desktop().Copy = [&](const ClipboardContent& content) { copied += TabSeparated(content.Table); };
+    Play("!fill Ctrl+Shift+C | table: filled\n" // no character for the box
+         "1 Ctrl+Shift+C");                     // there is nothing to copy
+    EXPECT_EQ(copied, "Shape\tWidth (mm)\tHeight (mm)\tDiameter (mm)\tVelocity (m/s)\tLoss (Pa/m)\n"
+                      "Rectangular\t450\t250\t\t4.74\t0.72\nRectangular\t400\t275\t\t4.80\t0.74\n"
+                      "Rectangular\t375\t300\t\t4.68\t0.69\nRectangular\t350\t325\t\t4.61\t0.67\n"
+                      "Rectangular\t325\t350\t\t4.61\t0.67\nRound\t\t\t375\t4.53\t0.69\n");
+}
+
+// A click on the option that is on is a click, too.
+TEST_F(Lite, ABasisMovesBoxesCaptionAndFocus) {
+    Play(R"(@cmdMoreInfo !fill
+        @optCalcBasis(0) | basis: 0; table: blank; selected: txtCalcBasis(0) 0.8; enabled: 0
+        | tabs: txtInputB txtInputA txtCalcBasis(0)
+        !fill @optCalcBasis(1) | basis: 1; table: blank; selected: txtCalcBasis(1) 5; enabled: 1
+        | tabs: txtInputB txtInputA txtCalcBasis(1)
+        @optCalcBasis(2) | basis: 2; selected: txtCalcBasis(2) 0.8; enabled: 29; text lblInputA: Flow &Rate (L/s)
+        | tabs: txtInputB txtInputA txtCalcBasis(2) txtCalcBasis(9)
+        @optCalcBasis(3) | basis: 3; selected: txtCalcBasis(3) 500; enabled: 3; text lblInputA: &Width (mm)
+        | tabs: txtInputB txtInputA txtCalcBasis(3)
+        @optCalcBasis(4) | basis: 4; selected: txtCalcBasis(4) 5; enabled: 4; text lblInputA: &Width (mm)
+        | text txtInputA: 500; text txtInputB: 300; tabs: txtInputB txtInputA txtCalcBasis(4)
+        @optCalcBasis(1) | text lblInputA: Flow &Rate (L/s)
+        @cmdMoreInfo | tabs: txtInputB txtInputA
+        Shift+Tab | focus: txtInputA)");
+}
+
+TEST_F(Lite, AccessKeysSelectReachAndRecord) {
+    const std::string bases = R"(Alt+V | basis: 1; focus: txtCalcBasis(1)
+        Alt+C | basis: 2; focus: txtCalcBasis(2)
+        Alt+P | basis: 0; focus: txtCalcBasis(0)
+        Alt+A | basis: 3; focus: txtCalcBasis(3)
+        Alt+A | basis: 4; focus: txtCalcBasis(4)
+        Alt+V Alt+A | basis: 3; focus: txtCalcBasis(3)
+        Alt+R | focus: txtCalcBasis(3)
+        Alt+W | focus: txtInputA
+        )";
+    Play("Alt+R | focus: txtInputA\nAlt+H | focus: txtInputB\n" + bases);
+    Play("@cmdMoreInfo " + bases);
+    Play(R"(Alt+P !fill Alt+1 @cmdLog(0) Alt+2 @cmdLog(1) Alt+3 @cmdLog(2) Alt+4 @cmdLog(3) Alt+5 @cmdLog(4)
+        | text txtInputA: 500; recorded: 250 250 275 275 300 300 325 325 350 350)");
+}
+
+TEST_F(Lite, FoldingShowsAndHidesThePanel) {
+    Play(R"(Alt+H @cmdMoreInfo | focus: txtInputA; text cmdMoreInfo: &Less; panel: 140 whole whole whole
+        Alt+H @cmdMoreInfo | focus: txtInputA; text cmdMoreInfo: &More; panel: 0 none none none
+        Alt+M | text cmdMoreInfo: &Less; panel: 140 whole whole whole
+        Alt+L | text cmdMoreInfo: &More; panel: 0 none none none
+        Alt+L | text cmdMoreInfo: &More)");
+}
+
+TEST_F(Lite, ResultsArePainted) {
+    const auto pictures = [this] {
+        return std::vector{Find("grdMinorCalc").grab().toImage(), Find("grdOtherShapes").grab().toImage()};
+    };
+    const auto& lamp = Find<Label>("lblRatio(4)");
+    const QPoint edge = lamp.mapTo(&Window(), QPoint(lamp.width() - 2, lamp.height() / 2));
+    const auto lampColour = [&] { return Window().grab().toImage().pixelColor(edge); };
+    const auto blank = pictures();
+    Play("!fill");
+    EXPECT_TRUE(pictures()[0] != blank[0] && pictures()[1] != blank[1]);
+    EXPECT_EQ(lampColour(), QColor(0, 255, 0)) << "it shines beside its button";
+    Play("5");
+    EXPECT_EQ(pictures(), blank);
+    EXPECT_NE(lampColour(), QColor(0, 255, 0));
+}
+
+} // namespace
