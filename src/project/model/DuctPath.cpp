@@ -43,10 +43,14 @@ bool StartsWithDigit(std::string_view text) {
     return !text.empty() && kDigits.find(text.front()) != std::string_view::npos;
 }
 
-// Whether the text begins with a number as the grid labels it: R1, C2, r3.
+bool IsLetter(char character) {
+    const char small = static_cast<char>(character | kLowerCase);
+    return small >= 'a' && small <= 'z';
+}
+
+// Whether the text begins with a number as the grid labels it: R1, C2, r3; or with a wrong letter, X1.
 bool StartsWithLabel(std::string_view text) {
-    return !text.empty() && kTypeLetters.find(text.front()) != std::string_view::npos &&
-           StartsWithDigit(text.substr(1));
+    return !text.empty() && IsLetter(text.front()) && StartsWithDigit(text.substr(1));
 }
 
 std::string_view Take(std::size_t length, std::string_view& text) {
@@ -63,7 +67,8 @@ std::string_view TakeAllOf(std::string_view characters, std::string_view& text) 
 // behind a number is a separator too, and one that stands apart belongs to the number that it precedes.
 void TakeSeparator(std::string_view& text) {
     const bool apart = !TakeAllOf(kBlanks, text).empty();
-    if (text.empty() || StartsWithDigit(text) || (apart && StartsWithLabel(text))) {
+    if (text.empty() || StartsWithDigit(text) ||
+        (apart && StartsWithLabel(text) && kTypeLetters.find(text.front()) != std::string_view::npos)) {
         return;
     }
     std::size_t length = 1; // of a character of UTF-8
@@ -78,6 +83,7 @@ void TakeSeparator(std::string_view& text) {
 std::string_view PieceAround(std::string_view text, std::size_t at) {
     std::size_t start = text.find_last_of(kDigits, at);
     start = start == std::string_view::npos ? 0 : text.find_last_not_of(kDigits, start) + 1;
+    start -= start > 0 && IsLetter(text[start - 1]) ? 1U : 0U;
     const std::size_t next = std::min(text.find_first_of(kDigits, at), text.size());
     const std::size_t end = std::min(text.find_first_not_of(kDigits, next), text.size());
     return text.substr(start, end - start);
