@@ -51,6 +51,7 @@ void TakeDesktopFont() {
     SetFormScale(1);
     SetFormScale(FormScaleFor(QFontInfo(QApplication::font()).pointSizeF(), ScreenWidth(), ScreenHeight()));
     QApplication::setFont(FormFont(), "QMenu");
+    QApplication::setFont(FormFont(), "QMessageBox"); // also those that the toolkit's dialogs open
     QToolTip::setFont(FormFont());
 }
 

@@ -11,8 +11,8 @@ namespace plenair {
 // the user's size, as far as the windows then still fit the screen.
 double FormScaleFor(double points, double screenWidth, double screenHeight);
 
-// Takes the scale from the desktop's font and screen, for menus and tool tips too; once at the start, before
-// the first window is made.
+// Takes the scale from the desktop's font and screen, for menus, message boxes and tool tips too; once at the
+// start, before the first window is made.
 void TakeDesktopFont();
 
 // The windows' font, by the size in points with which the layout was drawn. Family and style are the
