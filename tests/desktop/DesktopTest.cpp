@@ -61,6 +61,14 @@ void DesktopTest::Kill() {
     close(m_socket);
 }
 
+int DesktopTest::Disconnect() {
+    XKillClient(TheScreen().Connection(), std::stoul(Ask("activeId")));
+    XFlush(TheScreen().Connection());
+    AwaitThat("the program has ended", [this] { return HasEnded(); });
+    close(m_socket);
+    return m_program->ExitStatus();
+}
+
 std::string DesktopTest::Ask(const std::string& question) {
     const std::string line = question + "\n";
     std::string answer;

@@ -23,6 +23,7 @@ class DesktopTest : public testing::Test {
     void Start();
     // Ends it as a crash does; Start may follow.
     void Kill();
+    int Disconnect(); // as when the X server goes; gives how the program ended
     bool HasEnded() { return m_program->HasEnded(); }
 
     // The answer to a question such as "text txtInputA", and waiting for an answer.

@@ -100,7 +100,7 @@ Child::~Child() {
 }
 
 bool Child::HasEnded() {
-    if (m_id > 0 && waitpid(m_id, nullptr, WNOHANG) != 0) {
+    if (m_id > 0 && waitpid(m_id, &m_status, WNOHANG) != 0) {
         m_id = 0;
     }
     return m_id == 0;

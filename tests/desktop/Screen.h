@@ -28,10 +28,12 @@ class Child {
     Child& operator=(const Child&) = delete;
 
     bool HasEnded();
-    void Kill(); // at once, without a word to it
+    void Kill();                                // at once, without a word to it
+    int ExitStatus() const { return m_status; } // as waitpid gives it, once it has ended
 
   private:
     pid_t m_id;
+    int m_status = 0;
 };
 
 // An X server of our own without a monitor, with a window manager, and the hands of a user: what they do

@@ -9,14 +9,16 @@
 #include "project/windows/ProjectSolver.h"
 
 #include <functional>
-#include <memory>
+#include <utility>
 
 // All that leads from one window to another is tied here.
 namespace plenair {
 
 namespace {
 
-std::unique_ptr<frmMinorCalc> s_lite;
+// Taken down by Unload alone: where the X server goes, the process ends at once, and nothing can be taken
+// down after the application.
+frmMinorCalc* s_lite = nullptr;
 
 void ShowOptions() {
     frmInputs options;
@@ -40,7 +42,7 @@ void OpenProjectSolver() {
 void Main() {
     ShowAboutAfterReminder = ShowAboutPlainly;
     LoadSettings();
-    s_lite = std::make_unique<frmMinorCalc>();
+    s_lite = new frmMinorCalc;
     s_lite->OpenProjectSolver = OpenProjectSolver;
     s_lite->ShowOptions = ShowOptions;
     s_lite->ShowAbout = ShowAbout;
@@ -55,7 +57,7 @@ void Unload() {
     UnloadAbout();
     ShowAboutAfterReminder = {};
     FocusLiteWindow = {};
-    s_lite.reset();
+    delete std::exchange(s_lite, nullptr);
 }
 
 } // namespace plenair
