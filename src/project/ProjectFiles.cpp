@@ -84,9 +84,9 @@ bool ReadChosenFile(const ProjectWindows& windows) {
     }
 }
 
-} // namespace
+enum class SaveEnd { Saved, Cancelled, Failed };
 
-bool SaveProject(const ProjectWindows& windows) {
+SaveEnd SaveAsChosen(const ProjectWindows& windows) {
     try {
         CommonDialog& dialog = SetUpDialog(windows, kOverwritePrompt, ProjectName);
         ChooseFileToSave(dialog);
@@ -95,14 +95,20 @@ bool SaveProject(const ProjectWindows& windows) {
         WriteWholeFile(dialog.FileName, ProjectText(),
                        ShowFileProgress("Saving " + Shortened(ProjectName), "Save"));
     } catch (const DialogCancelled&) {
-        return false;
+        return SaveEnd::Cancelled;
     } catch (const FileFailure&) {
-        return false;
+        return SaveEnd::Failed;
     }
     Settings.DefPath = CurrentFolder();
     ShowMessage({"Plenair Project Saved", "Save", MessageButtons::Ok, MessageIcon::Exclamation});
     RunFailed = kFlagClear;
-    return true;
+    return SaveEnd::Saved;
+}
+
+} // namespace
+
+bool SaveProject(const ProjectWindows& windows) {
+    return SaveAsChosen(windows) == SaveEnd::Saved;
 }
 
 bool LoadProject(const ProjectWindows& windows) {
@@ -172,8 +178,9 @@ bool AskBeforeClosing(const ProjectWindows& windows) {
     }
     const MessageAnswer answer = ShowMessage(
         {"Do you wish to save the current project?", "Close Project Solver", MessageButtons::YesNoCancel});
-    if (answer == MessageAnswer::Yes) {
-        SaveProject(windows); // the solver closes whatever comes of it
+    // The solver closes whatever comes of it.
+    if (answer == MessageAnswer::Yes && SaveAsChosen(windows) == SaveEnd::Failed && KeepAtOnce()) {
+        LeaveKept(); // the user believes it saved
     }
     return answer != MessageAnswer::Cancel;
 }

@@ -31,7 +31,7 @@ bool KeepAtOnce();
 // The solver closes as its user wants it: nothing is left behind.
 void EndKeeping();
 
-// The solver goes without having been closed; what was kept stays.
+// The solver goes without having been closed, or without the save that was wanted: what was kept stays.
 void LeaveKept();
 
 } // namespace plenair
