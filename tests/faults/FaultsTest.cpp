@@ -41,17 +41,22 @@ class FileWork : public ProjectTest {
 
     const std::string& Folder() const { return environment.Folder().Path(); }
 
-    std::set<std::string> Names() const {
-        std::set<std::string> names;
-        for (const auto& entry : fs::directory_iterator(Folder())) {
-            names.insert(entry.path().filename().string());
-        }
-        return names;
-    }
+    std::set<std::string> Names() const { return environment.Folder().Names(); }
     void RemoveAll() const {
         for (const std::string& name : Names()) {
             fs::remove(File(name));
         }
+    }
+
+    // Runs the work in a process of its own and gives how that ended, as waitpid tells it.
+    static int InChild(const std::function<bool()>& work) {
+        const pid_t child = fork();
+        if (child == 0) {
+            _exit(work() && !HasFailure() ? 0 : 1);
+        }
+        int status = 0;
+        waitpid(child, &status, 0);
+        return status;
     }
 
     bool Told(const std::string& part) const {
@@ -156,17 +161,14 @@ class FaultsTest : public FileWork {
     }
 
     bool Kill(const Operation& operation, int fault, long call) {
-        const pid_t child = fork();
-        if (child == 0) {
+        const int status = InChild([&] {
             ArmFault(Folder().c_str(), call, fault);
             operation.Run();
             if (fault == kPowerCut) {
                 LoseWhatIsNotOnTheDisk();
             }
-            _exit(0);
-        }
-        int status = 0;
-        waitpid(child, &status, 0);
+            return true;
+        });
         ExpectWhole(operation, !WIFSIGNALED(status));
         return WIFSIGNALED(status);
     }
@@ -269,17 +271,11 @@ class PlacesTest : public FileWork {
   protected:
     PlacesTest() { fs::permissions(Folder(), fs::perms::all); }
 
-    // Runs the work in a process of its own, as an ordinary user of that group beside the own one, and gives
-    // its result.
+    // Whether the work succeeds as an ordinary user of that group beside the own one.
     static bool AsUser(gid_t group, const std::function<bool()>& work) {
-        const pid_t child = fork();
-        if (child == 0) {
-            const bool isUser = setgroups(1, &group) == 0 && setgid(kUser) == 0 && setuid(kUser) == 0;
-            _exit(isUser && work() && !HasFailure() ? 0 : 1);
-        }
-        int status = 0;
-        waitpid(child, &status, 0);
-        return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+        return InChild([&] {
+                   return setgroups(1, &group) == 0 && setgid(kUser) == 0 && setuid(kUser) == 0 && work();
+               }) == 0;
     }
 
     void Make(uid_t owner, gid_t group, mode_t mode) {
@@ -303,22 +299,19 @@ TEST_F(PlacesTest, OddNames) {
         const std::string folder = File(stem + "d");
         fs::create_directory(folder);
         m_chosen = folder + "/" + stem + ".gsp";
-        EXPECT_TRUE(Save());
-        EXPECT_EQ(ReadFile(m_chosen), NewProject(2));
-        EXPECT_TRUE(Load());
+        EXPECT_TRUE(Save() && ReadFile(m_chosen) == NewProject(2) && Load());
         EXPECT_EQ(ProjectName, stem + ".gsp");
         WriteSolutionReport();
         EXPECT_EQ(ReadFile(folder + "/" + stem + ".Gus"), ProjectText());
-        Settings.DefPath = folder;
-        Settings.ConfigFile = "Site.cfg";
-        SaveSettings();
-        LoadSettings();
-        EXPECT_EQ(Settings.DefPath, folder);
         m_chosen = folder + "/" + stem + ".pnl";
         EXPECT_TRUE(Record());
         OpenLog(m_lite);
         EXPECT_EQ(edited, m_chosen);
         EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), 3);
+        Settings.ConfigFile = "Site.cfg";
+        SaveSettings();
+        LoadSettings();
+        EXPECT_EQ(Settings.DefPath, folder);
     }
     m_chosen = File(std::string(251, 'x') + ".gsp");
     EXPECT_TRUE(Save() && Load());
@@ -380,30 +373,31 @@ TEST_F(PlacesTest, RightsAreThoseOfTheOlderFileOrOfTheMask) {
     if (getuid() != 0) {
         GTEST_SKIP() << "needs root to make files of other users";
     }
-    const struct {
-        const char* Name;
+    struct Rights {
         uid_t Owner;
         gid_t Group;
         mode_t Mode;
+        bool operator==(const Rights&) const = default;
+    };
+    const struct {
+        const char* Name;
+        Rights Before;
         gid_t UsersGroup;
-        gid_t GroupAfter;
-        mode_t ModeAfter;
+        Rights After;
     } rows[] = {
-        {"shared with a group of the user's", kOther, kShared, 0664, kShared, kShared, 0664},
-        {"own, with a group of the user's", kUser, kShared, 0640, kShared, kShared, 0640},
-        {"own, with a group of others", kUser, kShared, 0640, kUser, kUser, 0600},
-        {"own, with a group of others, read by all", kUser, kShared, 0664, kUser, kUser, 0644},
-        {"for all", kOther, kShared, 0666, kUser, kUser, 0666},
-        {"for all but its group", kOther, kShared, 0606, kUser, kUser, 0606},
+        {"shared with a group of the user's", {kOther, kShared, 0664}, kShared, {kUser, kShared, 0664}},
+        {"own, with a group of the user's", {kUser, kShared, 0640}, kShared, {kUser, kShared, 0640}},
+        {"own, with a group of others", {kUser, kShared, 0640}, kUser, {kUser, kUser, 0600}},
+        {"own, of a group of others, read by all", {kUser, kShared, 0664}, kUser, {kUser, kUser, 0644}},
+        {"for all", {kOther, kShared, 0666}, kUser, {kUser, kUser, 0666}},
+        {"for all but its group", {kOther, kShared, 0606}, kUser, {kUser, kUser, 0606}},
     };
     for (const auto& row : rows) {
-        Make(row.Owner, row.Group, row.Mode);
+        Make(row.Before.Owner, row.Before.Group, row.Before.Mode);
         EXPECT_TRUE(AsUser(row.UsersGroup, [&] { return Save(); })) << row.Name;
-        struct stat status {};
-        ASSERT_EQ(stat(m_chosen.c_str(), &status), 0);
-        EXPECT_TRUE(status.st_uid == kUser && status.st_gid == row.GroupAfter &&
-                    (status.st_mode & 07777U) == row.ModeAfter)
-            << row.Name;
+        struct stat now {};
+        ASSERT_EQ(stat(m_chosen.c_str(), &now), 0);
+        EXPECT_EQ((Rights{now.st_uid, now.st_gid, now.st_mode & 07777U}), row.After) << row.Name;
     }
     fs::remove(m_chosen);
     const mode_t before = umask(027);

@@ -52,7 +52,6 @@ Found Plain(const Sought& duct, std::optional<PlainSearch>& ended) {
 class DuctSearch : public testing::Test {
   protected:
     DuctSearch() { Settings = SettingsRecord(); }
-    ~DuctSearch() override { Settings = SettingsRecord(); }
 
     double Between(double low, double high) { return std::uniform_real_distribution<>(low, high)(m_random); }
     // Each order of magnitude as often as any other.

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <set>
 #include <stdexcept>
 #include <string>
 
@@ -27,6 +28,13 @@ class TemporaryFolder {
 
     const std::string& Path() const { return m_path; }
     std::string File(const std::string& name) const { return m_path + "/" + name; }
+    std::set<std::string> Names() const { // of what is in it
+        std::set<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(m_path)) {
+            names.insert(entry.path().filename());
+        }
+        return names;
+    }
 
   private:
     std::string m_path = std::filesystem::temp_directory_path() / "plenair-XXXXXX";
