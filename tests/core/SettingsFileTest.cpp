@@ -1,5 +1,6 @@
 #include "core/SettingsFile.h"
 #include "core/modRegistry.h"
+#include "platform/desktop/Manual.h"
 #include "support/Test.h"
 
 #include <unistd.h>
@@ -133,6 +134,15 @@ TEST_F(SettingsFile, AnInstalledProgramKeepsItsFileWithTheUser) {
     EXPECT_EQ(ReadFile(installed + "/Site.cfg"), OtherItems);
     EXPECT_EQ(DeliveredPath("Site.cfg"), users + "/Site.cfg");
     EXPECT_EQ(DeliveredPath("Gus.psg"), installed + "/Gus.psg");
+    std::string opened;
+    Desktop().OpenManual = [&](const std::string& path, const std::string& anchor) {
+        opened = path + "#" + anchor;
+        return true;
+    };
+    fs::create_directory(installed + "/manual");
+    WriteFile(installed + "/manual/manual.html", "");
+    ShowManual("sheet");
+    EXPECT_EQ(opened, installed + "/manual/manual.html#sheet");
 }
 
 TEST_F(SettingsFile, IsWrittenToTheByte) {

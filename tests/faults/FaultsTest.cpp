@@ -14,8 +14,6 @@
 #include <cerrno>
 
 #include <grp.h>
-#include <sched.h>
-#include <sys/mount.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <sys/xattr.h>
@@ -415,23 +413,6 @@ TEST_F(PlacesTest, RightsAreThoseOfTheOlderFileOrOfTheMask) {
         EXPECT_EQ(getxattr(m_chosen.c_str(), name, kept.data(), kept.size()), 44);
         EXPECT_EQ(kept, list);
     }
-}
-
-TEST_F(PlacesTest, AFullDiskKeepsTheOlderFile) {
-    if (unshare(CLONE_NEWNS) != 0 || mount("", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
-        mount("small", Folder().c_str(), "tmpfs", 0, "size=64k") != 0) {
-        GTEST_SKIP() << "needs root to make a small disk";
-    }
-    EXPECT_TRUE(Save(100));
-    const std::string older = ReadFile(m_chosen);
-    WriteFile(File("stuff"), std::string(30'000, 'x'));
-    EXPECT_FALSE(Save(900));
-    EXPECT_TRUE(m_told.empty());
-    EXPECT_EQ(ReadFile(m_chosen), older);
-    EXPECT_EQ(Names().size(), 2U);
-    fs::remove(File("stuff"));
-    EXPECT_TRUE(Save(900));
-    EXPECT_EQ(umount2(Folder().c_str(), MNT_DETACH), 0);
 }
 
 TEST_F(PlacesTest, ProgramsThatMeetOnOneFileLoseNothing) {

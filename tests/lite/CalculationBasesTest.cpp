@@ -140,14 +140,13 @@ TEST_F(CalculationBases, AFailureLeavesTheRowsBeforeIt) {
         Calculate(basis, 500, 300);
         const WatchedArrays whole = m_view;
         for (int failing = 0; failing < 5; ++failing) {
-            SCOPED_TRACE(testing::Message() << "basis " << basis << ", row " << failing);
             m_view = WatchedArrays();
             m_view.cells.fill({"old", "", "", ""});
             m_view.spoiltBox = box;
             m_view.goodReads = failing; // one read a row
             CalculateBasis(m_view, 500, 300, 1, static_cast<std::int16_t>(basis));
             for (int row = 0; row < 5; ++row) {
-                EXPECT_EQ(m_view.Row(row), row < failing ? whole.Row(row) : "old");
+                EXPECT_EQ(m_view.Row(row), row < failing ? whole.Row(row) : "old") << basis << failing;
             }
             EXPECT_EQ(m_view.RoundDuct(), failing > 2 ? "375 4.53 0.69" : "");
         }
@@ -185,56 +184,43 @@ TEST_F(CalculationBases, ThreeTextsOfNumbersCalculate) {
 }
 
 TEST_F(CalculationBases, UpAndDownStepTheHeight) {
-    const struct {
-        const char* name;
-        int basis;
-        int key;
-        const char *control, *a, *b;
-        bool results;             // of 500 and b stand in the table
-        const char* height;       // then in txtInputB
-        const char* middle;       // then in the table, over the old results
-        const char* focused = ""; // where the focus has gone
-    } rows[] = {
-        {"down", 0, kKeyDownArrow, "txtInputB", "500", "300", true, "325", "350 325 4.61 0.67"},
-        {"up", 0, kKeyUpArrow, "txtInputB", "500", "300", true, "275", "400 275 4.80 0.74"},
-        {"from the flow", 2, kKeyUpArrow, "txtInputA", "500", "300", true, "275", "400 275 4.80 0.74",
-         "txtInputB"},
-        {"no results", 0, kKeyUpArrow, "txtInputA", "500", "300", false, "", "", "txtInputB"},
-        {"no flow", 1, kKeyDownArrow, "txtInputB", "", "300", true, "325", "375 300 4.68 0.69"},
-        {"no number", 0, kKeyDownArrow, "txtInputB", "abc", "300", true, "325", "375 300 4.68 0.69"},
-        {"no rows left", 0, kKeyUpArrow, "txtInputB", "500", "60", true, "35", "3425 60 4.38 0.58"},
-        {"an analysis", 3, kKeyDownArrow, "txtInputA", "500", "300", true, "300", "500 300 3.54 0.35"},
-        {"the other", 4, kKeyUpArrow, "txtInputA", "500", "300", true, "300", "500 300 5.00 0.66"},
-        {"another key", 0, kKeyRight, "txtInputA", "500", "300", true, "300", "375 300 4.68 0.69"},
-    };
-    for (const auto& row : rows) {
+    const int up = kKeyUpArrow;
+    const int down = kKeyDownArrow;
+    const std::tuple<int, int, std::string, const char*, const char*, std::string> rows[] = {
+        // basis, key, control, flow, height: the height then, the middle row, and where the focus has gone
+        {0, down, "txtInputB", "500", "300", "325, 350 325 4.61 0.67, "},
+        {0, up, "txtInputB", "500", "300", "275, 400 275 4.80 0.74, "},
+        {2, up, "txtInputA", "500", "300", "275, 400 275 4.80 0.74, txtInputB"},
+        {0, up, "txtInputA", "", "", ", , txtInputB"}, // no results
+        {1, down, "txtInputB", "", "300", "325, 375 300 4.68 0.69, "},
+        {0, down, "txtInputB", "abc", "300", "325, 375 300 4.68 0.69, "},
+        {0, up, "txtInputB", "500", "60", "35, 3425 60 4.38 0.58, "}, // no rows left
+        {3, down, "txtInputA", "500", "300", "300, 500 300 3.54 0.35, "},
+        {4, up, "txtInputA", "500", "300", "300, 500 300 5.00 0.66, "},
+        {0, kKeyRight, "txtInputA", "500", "300", "300, 375 300 4.68 0.69, "}};
+    for (const auto& [basis, key, control, flow, height, then] : rows) {
         m_view = WatchedArrays();
-        Settings.CalcBasis = static_cast<std::int16_t>(row.basis);
-        if (row.results) {
-            CalculateTexts(m_view, "500", row.b, row.basis == 3 ? "500" : "5");
-        }
-        m_view.inputA = row.a;
-        m_view.inputB = row.b;
-        HandleKeyStroke(m_view, static_cast<std::int16_t>(row.key), row.control);
-        EXPECT_EQ(m_view.inputB + "|" + m_view.Row(2) + "|" + m_view.focused,
-                  std::string(row.height) + "|" + row.middle + "|" + row.focused)
-            << row.name;
+        Settings.CalcBasis = static_cast<std::int16_t>(basis);
+        CalculateTexts(m_view, "500", height, basis == 3 ? "500" : "5");
+        m_view.inputA = flow;
+        m_view.inputB = height;
+        HandleKeyStroke(m_view, static_cast<std::int16_t>(key), control);
+        EXPECT_EQ(m_view.inputB + ", " + m_view.Row(2) + ", " + m_view.focused, then);
     }
 }
 
 TEST_F(CalculationBases, LampsGoByTheRatio) {
-    const struct {
-        float width, height;
-        Lamp lamp;
-    } rows[] = {{100, 100, Lamp::Green},     {400, 100, Lamp::Green},    {401, 100, Lamp::Yellow},
-                {500, 100, Lamp::Yellow},    {501, 100, Lamp::Orange},   {800, 100, Lamp::Orange},
-                {801, 100, Lamp::Red},       {400.4F, 100, Lamp::Green}, // as shown
-                {400.5F, 100, Lamp::Yellow}, {800, 99.5F, Lamp::Orange}};
-    for (const auto& row : rows) {
-        FillGrids(m_view, {row.width, row.height, 5, 1, 0.3, 0.5}, 1);
-        FillGrids(m_view, {row.height, row.width, 5, 1, 0.3, 0.5}, 4);
-        EXPECT_TRUE(m_view.lamps[1] == row.lamp && m_view.lamps[4] == row.lamp) << row.width;
+    const std::pair<float, Lamp> rows[] = {{100, Lamp::Green},     {400, Lamp::Green},    {401, Lamp::Yellow},
+                                           {500, Lamp::Yellow},    {501, Lamp::Orange},   {800, Lamp::Orange},
+                                           {801, Lamp::Red},       {400.4F, Lamp::Green}, // as shown
+                                           {400.5F, Lamp::Yellow}, {804, Lamp::Red}};
+    for (const auto& [width, lamp] : rows) {
+        FillGrids(m_view, {width, 100, 5, 1, 0.3, 0.5}, 1);
+        FillGrids(m_view, {100, width, 5, 1, 0.3, 0.5}, 4);
+        EXPECT_TRUE(m_view.lamps[1] == lamp && m_view.lamps[4] == lamp) << width;
     }
+    FillGrids(m_view, {800, 99.5F, 5, 1, 0.3, 0.5}, 0);
+    EXPECT_EQ(m_view.lamps[0], Lamp::Orange);
     EXPECT_THROW(FillGrids(m_view, {300, 0.4F, 5, 1, 0.3, 0.5}, 2), CalcFailure);
     EXPECT_EQ(m_view.Row(2), "300 0 5.00 1.00") << "it fails after the cells";
     EXPECT_FALSE(m_view.lamps[2]);

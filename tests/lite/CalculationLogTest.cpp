@@ -24,6 +24,7 @@ class Log : public testing::Test {
         desktop.ExpectFile(File("log.pnl"));
         desktop.ExpectMessage(MessageAnswer::Ok);
         RecordLog(window);
+        EXPECT_TRUE(LogCount == 0 && !window.canRecordLog);
         return ReadFile(File("log.pnl"));
     }
 
@@ -78,15 +79,8 @@ TEST_F(Log, FileInTwoLocales) {
                           "500\t450\t250\t1.8\t4.74\t0.72\t0\r\n"
                           "1234568\t300\t1000\t3.3\t12.5\t0\t3\r\n"
                           "1234568\t300\t1000\t3.3\t12.5\t0\t3\r\n");
-    EXPECT_EQ(desktop.LastText(), "Plenair Minor Calculation Log Saved.\nThe Log has been reset");
-    EXPECT_EQ(desktop.LastDialog().InitDir, environment.Folder().Path());
-    EXPECT_EQ(desktop.LastDialog().Flags, kOverwritePrompt);
-    EXPECT_EQ(LogCount, 0);
-    EXPECT_FALSE(window.canRecordLog);
-
     SetNumberLocale({.DecimalMark = ",", .GroupMark = "."});
-    DateLocale dates;
-    dates.Order = DateOrder::YearMonthDay;
+    DateLocale dates{.Order = DateOrder::YearMonthDay};
     dates.ShortMonths[10] = "nov.";
     SetDateLocale(dates);
     window.inputA = "0,05";
@@ -104,7 +98,7 @@ TEST_F(Log, FullLogBeepsAndStaysUsable) {
     RecordRow(window, 2);
     RecordRow(window, 0);
     EXPECT_EQ(LogCount, 32767);
-    EXPECT_EQ(desktop.Log, std::vector<std::string>{"beep"});
+    EXPECT_EQ(desktop.LogInOneLine(), "beep");
     const std::string text = Save();
     EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 4 + 32767);
     EXPECT_TRUE(text.ends_with("500\t375\t300\t1.3\t4.68\t0.69\t0\r\n"));
@@ -117,8 +111,7 @@ TEST_F(Log, WhatCannotBeSavedOrOpenedChangesNothing) {
     for (const std::string& path : {std::string(), File("missing/log.pnl"), File("folder.pnl")}) {
         desktop.ExpectFile(path);
         RecordLog(window);
-        EXPECT_EQ(LogCount, 1);
-        EXPECT_TRUE(window.canRecordLog);
+        EXPECT_TRUE(LogCount == 1 && window.canRecordLog);
     }
     desktop.ExpectCancel();
     OpenLog(window);

@@ -1,6 +1,5 @@
 #include "platform/desktop/CommonDialog.h"
 #include "platform/desktop/DesktopEntry.h"
-#include "platform/desktop/Manual.h"
 #include "platform/files/Folders.h"
 #include "support/Test.h"
 
@@ -60,22 +59,6 @@ TEST(DesktopEntry, PathIsOneArgumentOfTheApplicationThatComesFirst) {
         "[Added Associations]\ntext/plain=c;\n[Default Applications]\ntext/html=x\ntext/plain = a ; b;;\r\n",
         "[MIME Cache]\ntext/plain=d;a\n[Default Applications]\n#text/plain=x\ntext/plain=b\n", "no list"};
     EXPECT_EQ(ApplicationsFor("text/plain", lists), (std::vector<std::string>{"a", "b", "c", "d"}));
-}
-
-TEST(Manual, OpensWhereItIs) {
-    const ProgramEnvironment environment;
-    const ScopedDesktop desktop;
-    const std::string delivered = environment.Folder().File("usr/lib/plenair");
-    fs::create_directories(delivered + "/manual");
-    WriteFile(delivered + "/manual/manual.html", "");
-    ChooseProgramFolder(delivered, environment.Folder().File("home"), "");
-    std::string opened;
-    Desktop().OpenManual = [&](const std::string& path, const std::string& anchor) {
-        opened = path + "#" + anchor;
-        return true;
-    };
-    ShowManual("sheet");
-    EXPECT_EQ(opened, delivered + "/manual/manual.html#sheet");
 }
 
 } // namespace

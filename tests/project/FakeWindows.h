@@ -174,8 +174,12 @@ using Lines = std::vector<std::string>;
 constexpr std::size_t GridLines = 39 + 29;
 
 // A solver that has just been opened, with an empty project. Its scripts have the words of the window tests:
-// answers that are to come (ScriptedDesktop::Expect), "#3,4" for a click on that crossing of the grid, and
-// commands.
+//
+//     ?Ok ?=plant.gsp     answers that are to come (ScriptedDesktop::Expect)
+//     #3,4                a click on that crossing of the grid
+//     +R:500,0,300        a rigid duct, straight into the records, with values in the order of the sheet's
+//                         boxes; also F, C or the number of a colour
+//     Save                a command
 class ProjectTest : public ::testing::Test {
   protected:
     ProjectTest() {
@@ -196,13 +200,27 @@ class ProjectTest : public ::testing::Test {
     }
     virtual void Do(const std::string& step) {
         static const std::map<std::string, std::function<void(const ProjectWindows&)>> s_commands = {
-            {"Save", SaveProject},     {"Load", LoadProject},   {"Solve", SolveProject},
-            {"Path", AskForPath},      {"Undo", Undo},          {"Redo", Redo},
-            {"Redraw", RedrawProject}, {"Less", RemoveLastDuct}};
+            {"Save", SaveProject},     {"Load", LoadProject},    {"Clear", ClearGrid},
+            {"Solve", SolveProject},   {"Path", AskForPath},     {"Undo", Undo},
+            {"Redraw", RedrawProject}, {"Less", RemoveLastDuct}, {"SolveDucts", SolveDucts}};
         int column = 0;
         int row = 0;
         if (std::sscanf(step.c_str(), "#%d,%d", &column, &row) == 2) {
             Click(P * column + 3, Q * row + 4);
+        } else if (step[0] == '+') {
+            std::istringstream values(step.substr(1));
+            std::string value;
+            std::getline(values, value, ':');
+            DuctRecord& duct = Add(value == "R"   ? kRigidColour
+                                   : value == "F" ? kFlexibleColour
+                                   : value == "C" ? kConnectionColour
+                                                  : std::stof(value));
+            for (int box = 1; std::getline(values, value, ','); ++box) {
+                EXPECT_TRUE(StoreText(duct, static_cast<SheetBox>(box), value)) << value;
+            }
+        } else if (step == "Start") {
+            StartProject();
+            sheet.value = 1;
         } else if (step == "Print") {
             PrintShown(windows, printer);
         } else if (!desktop.Expect(step, environment.Folder())) {
@@ -213,13 +231,29 @@ class ProjectTest : public ::testing::Test {
         return question == "told"    ? desktop.LastText()
                : question == "log"   ? desktop.LogInOneLine()
                : question == "sheet" ? sheet.AllTexts()
+               : question == "ducts" ? Values()
                                      : State();
     }
-    // As in "2 of plant.gsp, solved, plot, sheet".
+    // As in "2 of plant.gsp, solved, plot, sheet, held".
     std::string State() const {
         return std::to_string(DuctCount) + (ProjectName.empty() ? "" : " of " + ProjectName) +
                (Solved == kFlagSet ? ", solved" : "") + (PlotShowing == kFlagSet ? ", plot" : "") +
-               (sheet.visible ? ", sheet" : "");
+               (sheet.visible ? ", sheet" : "") + (DrawPending == kFlagSet ? ", held" : "");
+    }
+    // Of all ducts, in the order of the sheet's boxes, without the zeros at the end: "R 100 0 200, C, F 5".
+    static std::string Values() {
+        std::string all;
+        for (std::int16_t number = 1; number <= DuctCount; ++number) {
+            std::string values = TypeLetter(Duct(number).Colour);
+            for (const SheetRow& row : kSheetRows) {
+                values += " " + TextOf(Duct(number), row.Box);
+            }
+            while (values.ends_with(" 0")) {
+                values.resize(values.size() - 2);
+            }
+            all += (number == 1 ? "" : ", ") + values;
+        }
+        return all;
     }
 
     void Click(double x, double y) {

@@ -51,36 +51,28 @@ class Messages : public ProjectTest {
 
     // One duct that can be solved and nothing else; plant.gsp is what a file dialog is answered with.
     void Prepare() {
-        for (const auto& entry : fs::directory_iterator(environment.Folder().Path())) {
-            fs::remove_all(entry);
+        for (const std::string& name : environment.Folder().Names()) {
+            fs::remove_all(File(name));
         }
         SetProgramFolder(environment.Folder().Path());
         Settings = SettingsRecord();
         Settings.DefPath = environment.Folder().Path();
         environment.SetToday(2026, 11, 24);
         environment.NoteReminder();
-        StartProject();
-        Add({kRigidColour, 0, 0, 0, 0, 0, 0, 5000, 0, 200, 0, 5, 0.8, 100});
-        RedrawProject(windows);
+        Play("Start +R:100,0,200,5000,5,0.8 Redraw");
         printer.Log();
         m_file = File("plant.gsp");
         m_seen = 0;
         m_events.clear();
     }
 
-    // The number of ducts, what is there and what has happened.
-    std::string State() {
-        const std::pair<bool, const char*> facts[] = {
-            {fs::is_regular_file(File("plant.gsp")), " saved"},
-            {fs::is_regular_file(File("plant.Gus")), " reported"},
-            {Solved == kFlagSet, " solved"},
-            {PlotShowing == kFlagSet, " plotted"},
-            {printer.Log().find("|page") != std::string::npos, " data"}};
-        std::string state = std::to_string(DuctCount);
-        for (const auto& [holds, words] : facts) {
-            state += holds ? words : "";
-        }
-        return state + m_events;
+    // What there is, and what has happened.
+    std::string Ask(const std::string&) override {
+        const bool printed = printer.Log().find("|page") != std::string::npos;
+        return std::to_string(DuctCount) + (fs::is_regular_file(File("plant.gsp")) ? " saved" : "") +
+               (fs::is_regular_file(File("plant.Gus")) ? " reported" : "") +
+               (Solved == kFlagSet ? " solved" : "") + (PlotShowing == kFlagSet ? " plotted" : "") +
+               (printed ? " data" : "") + m_events;
     }
 
     std::string m_about; // the message that is answered with m_answer
@@ -168,7 +160,7 @@ TEST_F(Messages, AndWhatEachAnswerDoes) {
             m_answer = answer;
             act();
             EXPECT_EQ(m_seen, 1) << about;
-            EXPECT_EQ(State(), state) << about;
+            EXPECT_EQ(Ask(""), state) << about;
         }
     }
 }

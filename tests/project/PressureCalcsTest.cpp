@@ -6,14 +6,11 @@ namespace {
 class PathTest : public ProjectTest {
   protected:
     PathTest() {
-        Add({.Colour = kRigidColour, .Length = 5000, .LossPerMetre = 0.83});                        // 4.15 Pa
-        Add({.Colour = kConnectionColour, .ConnCoefficient = 0.5F, .Velocity = 5});                 // 7.41 Pa
-        Add({.Colour = kFlexibleColour, .Length = 3000, .LossPerMetre = 2});                        // 6 Pa
-        Add({.Colour = kRigidColour, .Length = 5000, .LossPerMetre = 0.9});                         // 4.5 Pa
-        Add({.Colour = 7, .ConnCoefficient = 9, .Length = 4000, .Velocity = 9, .LossPerMetre = 9}); // no type
+        // 4.15 Pa, 7.41 Pa, 6 Pa, 4.5 Pa, and one of no type.
+        Play("+R:0,0,0,5000,0,0.83 +C:0,0,0,0,5,0,0,0.5 +F:0,0,0,3000,0,2 +R:0,0,0,5000,0,0.9 "
+             "+7:0,0,0,4000,9,9,0,9 Redraw");
         PathElements.assign(1, {});
         PathCount = 0;
-        RedrawProject(windows);
     }
 
     // Works a path out, answers the messages that come, and gives the text of the last.
@@ -26,8 +23,8 @@ class PathTest : public ProjectTest {
     // The letters of the path's elements, "-" where there is none.
     static std::string Elements() {
         std::string all;
-        for (int position = 1; position <= PathCount; ++position) {
-            const std::string letter = TypeLetter(PathElements[static_cast<std::size_t>(position)].Colour);
+        for (std::size_t position = 1; position < PathElements.size(); ++position) {
+            const std::string letter = TypeLetter(PathElements[position].Colour);
             all += letter.empty() ? "-" : letter;
         }
         return all;
@@ -36,9 +33,9 @@ class PathTest : public ProjectTest {
 
 TEST_F(PathTest, TextsOfPathsAndTheirTotals) {
     const struct {
-        const char* total;
-        const char* elements;
-        std::vector<std::string> paths;
+        std::string total;
+        std::string elements;
+        std::vector<const char*> paths;
     } rows[] = {
         {"18",
          "RCF",
@@ -51,9 +48,8 @@ TEST_F(PathTest, TextsOfPathsAndTheirTotals) {
         {"0", "-", {"0", "5"}},
         {"18", "FCR", {"3,2,1"}}};
     for (const auto& row : rows) {
-        for (const std::string& path : row.paths) {
-            EXPECT_EQ(Told(path, "?No"),
-                      std::string("Total Pressure is ") + row.total + " Pa.\n\nProceed with plot?");
+        for (const char* path : row.paths) {
+            EXPECT_EQ(Told(path, "?No"), "Total Pressure is " + row.total + " Pa.\n\nProceed with plot?");
             EXPECT_EQ(Elements(), row.elements) << path;
         }
     }
@@ -63,29 +59,22 @@ TEST_F(PathTest, TextsOfPathsAndTheirTotals) {
 }
 
 TEST_F(PathTest, PathsThatCannotBeWorkedOutOrPlotted) {
-    Add({.Colour = kRigidColour, .Length = 1E300, .LossPerMetre = 1E300});
-    const std::pair<std::string, std::string> rows[] = {
+    std::vector<std::pair<std::string, std::string>> rows = {
         // and how the message begins
         {"3,R3", "3 is F3, not R3."},
         {"c01;2", "1 is R1, not C1."},
-        {"f5", "5 is of no type, not F5."},
         {"R7", "\"7\" is no duct."},
-        {"R,1", "\"R,1\""},
+        {"f5", "5 is of no type, not F5."},
         {"1,x2", "2 is C2, not X2."},
-        {"1,R 2", "\"1,R 2\""},
-        {"R1,,2", "\"R1,,2\""},
-        {",1", "\",1\""},
-        {";", "\";\""},
-        {"1, ,2", "\"1, ,2\""},
         {"1,2,  , 3", "\"2,  , 3\""},
         {"1,7,2", "\"7\""},
-        {std::string(25, '\x80') + "1", "\"\x80\x80"},
-        {"32768", "\"32768\""},
-        {"99999999999999999999999999", "\"999999999999999999999999...\""},
-        {"→", "\"→\""},
         {"6", "The pressure of this path can't"},
-    };
-    Told("3", "?No");
+        {std::string(25, '\x80') + "1", "\"\x80\x80"},
+        {std::string(26, '9'), '"' + std::string(24, '9') + "...\""}};
+    for (const std::string whole : {"R,1", "1,R 2", "R1,,2", ",1", ";", "1, ,2", "32768", "→"}) {
+        rows.emplace_back(whole, '"' + whole + '"');
+    }
+    Play("+R:0,0,0,1E300,0,1E300 ?<3 ?No Path");
     for (const auto& [path, start] : rows) {
         const std::string told = Told(path, "?Ok");
         EXPECT_EQ(told.substr(0, start.size()), start);
@@ -96,18 +85,17 @@ TEST_F(PathTest, PathsThatCannotBeWorkedOutOrPlotted) {
     for (const char* path : {"2", "5", "0"}) { // no length; no drop; neither
         EXPECT_TRUE(Told(path, "?Yes ?Ok").starts_with("There is nothing to plot"));
     }
-    EXPECT_EQ(PlotShowing, kFlagClear);
+    Play("| state: 6");
     EXPECT_EQ(Drawn(0), picture);
 }
 
 TEST_F(PathTest, PlotOnTheGrid) {
     // Lengths of 5, 0 and 5 m; drops of 4.5, 9 and 4.5 Pa.
-    Ducts[1].LossPerMetre = 0.9;
-    Ducts[2] = {.Colour = kConnectionColour, .ConnCoefficient = 0.75F, .Velocity = 1};
     Settings.FluidTemp = (1.2925 - 24) / 0.0041; // a density of 24
     solver.width = 10000;
     solver.height = 10000;
-    Play("Redraw ?<1,2,4 ?Yes Path | state: 5, plot");
+    Play(R"(Start +R:0,0,0,5000,0,0.9 +C:0,0,0,0,1,0,0,0.75 +R:0,0,0,5000,0,0.9
+            Redraw ?<1,2,3 ?Yes Path | state: 3, plot)");
     const Lines plot = Drawn(0);
     EXPECT_EQ(plot, (Lines{"1 box 0: 500,500 9500,9500", "1- line 0: 5000,500 5000,9500",
                            "1- line 0: 500,2750 9500,2750", "1- line 0: 5000,500 5000,9500",
@@ -118,13 +106,13 @@ TEST_F(PathTest, PlotOnTheGrid) {
                            "text 5.0: 4950,9500", "text 5.0: 4950,9500", "text 10.0: 9450,9500",
                            "text R1: 2750,0", "text C2: 5000,0", "text R3: 7250,0"}));
     // The picture and its path stay together when another path can't take their place.
-    Add({.Colour = kRigidColour, .Length = 1E-310, .LossPerMetre = 1E308});
-    for (const std::string path : {"2", "0", "6"}) {
+    Play("+R:0,0,0,1E-310,0,1E308");
+    for (const std::string path : {"2", "0", "4"}) {
         Play("?<" + path + " ?No Path ?<" + path + " ?Yes ?Ok Path");
         EXPECT_EQ(Elements(), "RCR");
     }
     EXPECT_EQ(Drawn(0), plot);
-    Play("Redraw | state: 6");
+    Play("Redraw | state: 4");
 }
 
 } // namespace

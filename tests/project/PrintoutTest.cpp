@@ -95,9 +95,7 @@ TEST_F(PrintoutTest, CopyOfDuctsOrPath) {
     Desktop().Copy = [&](const ClipboardContent& content) { copied = content; };
     CopyShown(windows);
     EXPECT_TRUE(copied.Table.empty()) << "nothing is copied over what the clipboard had";
-    Add({.Colour = kRigidColour, .Length = 5000, .Width = 350, .LossPerMetre = 0.83, .Flow = 1250.5});
-    Add({.Colour = kConnectionColour, .ConnCoefficient = 0.5F, .Velocity = 5});
-    Add({.Colour = 7, .Height = 1E20});
+    Play("+R:1250.5,350,0,5000,0,0.83 +C:0,0,0,0,5,0,0,0.5 +7:0,0,1E20");
     SetNumberLocale({",", "."});
     CopyShown(windows);
     EXPECT_EQ(TabSeparated(copied.Table),

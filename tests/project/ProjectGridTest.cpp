@@ -119,7 +119,7 @@ TEST_F(ProjectTest, NoDuctBeyondTheLast) {
     AddDucts(kMostDucts);
     Play("#1,1 | log: "); // a start point may still be set
     const Lines drawn = Drawn();
-    Play("#2,1 | log: beep; state: 32767");
+    Play("#2,1 | log: beep; state: 32767, held");
     EXPECT_EQ(Drawn(), drawn);
 }
 
