@@ -127,6 +127,7 @@ bool LoadProject(const ProjectWindows& windows) {
         EmptyGrid(windows);
         return false;
     }
+    windows.Sheet.SetScrollMaximum(std::max<int>(DuctCount, 1));
     if (!readToTheEnd) {
         NoteStep(windows);
         return false;

@@ -69,6 +69,9 @@ TEST_F(ProjectFilesTest, LoadedProjectIsOpenAndShown) {
     EXPECT_EQ(ProjectText(), kZeros + kOne + kTwo);
     EXPECT_EQ(Settings.DefPath, environment.Folder().Path());
     EXPECT_EQ(Drawn().back(), "text F2: 5685,5235");
+    WriteFile(File("read.gsp"), kZeros);
+    Play("?Yes ?=read.gsp Load | state: 0 of read.gsp, sheet");
+    EXPECT_EQ(sheet.maximum, 1);
 }
 
 TEST_F(ProjectFilesTest, WithoutABlockTheProjectIsEmptied) {
@@ -94,6 +97,7 @@ TEST_F(ProjectFilesTest, FileThatBreaksOffKeepsWhatWasRead) {
         Prepare();
         WriteFile(File("read.gsp"), kZeros + kOne + rest);
         Play("?Yes ?=read.gsp Load | state: 2 of read.gsp, solved"); // the remaining steps are left out
+        EXPECT_EQ(sheet.maximum, 2);
         const std::string read = kZeros + kOne + Block(2, "255 0 0.5");
         EXPECT_EQ(ProjectText().substr(0, read.size()), read);
         EXPECT_EQ(Ducts[2].StartX, 0);
