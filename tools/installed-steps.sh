@@ -9,8 +9,9 @@
 # shellcheck source=tools/tour/steps.sh
 . tools/tour/steps.sh
 
+# No sound player or editor of the machine is in its reach.
 StartInstalled() {
-    "${run_as[@]}" env -i PATH=/usr/bin:/bin HOME="${user_home_inside:-$user_home}" LC_ALL=C.UTF-8 DISPLAY="$display" \
+    "${run_as[@]}" env -i PATH=/nonexistent HOME="${user_home_inside:-$user_home}" LC_ALL=C.UTF-8 DISPLAY="$display" \
         QT_QPA_PLATFORM=xcb DBUS_SESSION_BUS_ADDRESS=disabled: "$installed_program" >"$work/program.log" 2>&1 &
     program_pid=$!
 }
