@@ -25,6 +25,7 @@ class DesktopTest : public testing::Test {
     void Kill();
     int Disconnect(); // as when the X server goes; gives how the program ended
     bool HasEnded() { return m_program->HasEnded(); }
+    bool HasEndedWell() { return HasEnded() && m_program->ExitStatus() == 0; }
 
     // The answer to a question such as "text txtInputA", and waiting for an answer.
     std::string Ask(const std::string& question);
@@ -52,13 +53,15 @@ class DesktopTest : public testing::Test {
     // Opens a menu of the Lite window by the mouse and clicks an entry.
     void Choose(const std::string& menu, const std::string& entry);
 
+    // How many keys and buttons going down the program has heard of.
+    int Presses();
+
     std::string File(const std::string& name) const { return m_environment.Folder().File(name); }
 
   private:
     void Note(const std::string& step) { m_steps += step + "\n  "; }
     // Whether the window manager knows by now what windows there are and which of them has the keyboard.
     bool IsSettled();
-    int Presses();
     void AwaitPresses(int count);
     [[noreturn]] void GiveUp(const std::string& missed);
 

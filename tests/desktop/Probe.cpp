@@ -3,15 +3,19 @@
 // server.
 #include <QAbstractButton>
 #include <QAbstractNativeEventFilter>
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
+#include <QFile>
 #include <QGenericPlugin>
 #include <QMenu>
 #include <QMenuBar>
 #include <QSocketNotifier>
 #include <QWindow>
 
+#include <algorithm>
 #include <cstdlib>
+#include <ctime>
 
 #include <unistd.h>
 #include <xcb/xcb.h>
@@ -193,9 +197,120 @@ class Probe : public QObject, public QAbstractNativeEventFilter {
         return rows.join(", ");
     }
 
-    QString Answer(const QString& asked, const QString& name) const {
+    // The windows that take input now.
+    static QWidgetList Open() {
+        QWidget* only = QApplication::activePopupWidget();
+        only = only != nullptr ? only : QApplication::activeModalWidget();
+        QWidgetList windows = only != nullptr ? QWidgetList{only} : QApplication::topLevelWidgets();
+        windows.removeIf([](const QWidget* window) { return !window->isVisible(); });
+        return windows;
+    }
+
+    // Something that a user could click, of those the one with that number, counted round and round.
+    static QString Target(unsigned number) {
+        QObjectList all;
+        for (QWidget* window : Open()) {
+            for (QObject* object : QObjectList{window} + window->findChildren<QObject*>()) {
+                const auto* action = qobject_cast<QAction*>(object);
+                const auto* widget = qobject_cast<QWidget*>(object);
+                const bool takesClicks = action != nullptr ? action->isEnabled() && !action->isSeparator()
+                                         : widget != nullptr
+                                             ? widget->isVisible() && widget->isEnabled() &&
+                                                   (widget->focusPolicy() != Qt::NoFocus ||
+                                                    qobject_cast<const QAbstractButton*>(widget) != nullptr)
+                                             : false;
+                const auto [owner, part] = takesClicks ? Shown(object) : std::pair<const QWidget*, QRect>();
+                if (owner != nullptr && owner->isVisible() && !part.isEmpty()) {
+                    all << object;
+                }
+            }
+        }
+        QObject* object = all.isEmpty() ? nullptr : all[static_cast<qsizetype>(number) % all.size()];
+        const auto [owner, part] = object != nullptr ? Shown(object) : std::pair<const QWidget*, QRect>();
+        const QRect seen = owner == nullptr ? QRect()
+                                            : part & QRect(owner->mapFrom(owner->window(), QPoint()),
+                                                           owner->window()->size());
+        return Words(seen.isEmpty() ? QRect() : Place(owner, seen)) + " " + NameOf(object);
+    }
+
+    // What must not be, whatever a user does; empty if nothing of it is.
+    QString Wrong() {
+        for (const QWidget* window : QApplication::topLevelWidgets()) {
+            const bool isDialog = window->windowType() == Qt::Dialog || window->windowType() == Qt::Sheet;
+            if (window->isVisible() && isDialog && window->windowHandle()->transientParent() == nullptr) {
+                return "a dialog without a parent: " + NameOf(window);
+            }
+        }
+        const auto* grid = qobject_cast<QWidget*>(Find("picGrid"));
+        auto* sheet = qobject_cast<QWidget*>(Find("frmMajorParam"));
+        if (QApplication::activeModalWidget() != nullptr || grid == nullptr || sheet == nullptr) {
+            m_solved.clear();
+            return {}; // an action is under way, or there is no project
+        }
+        QAccessibleInterface* network = QAccessible::queryAccessibleInterface(const_cast<QWidget*>(grid));
+        QStringList ducts;
+        for (int index = 0; index < network->childCount(); ++index) {
+            ducts << network->child(index)->text(QAccessible::Name) + ',';
+        }
+        const QObject* scrollBar = sheet->findChild<QObject*>("scrDuctNo");
+        if (scrollBar->property("maximum").toInt() != std::max<qsizetype>(ducts.size(), 1)) {
+            return QString("the scroll bar's maximum is not the number of ducts: %1, %2")
+                .arg(scrollBar->property("maximum").toInt())
+                .arg(ducts.size());
+        }
+        const int number = scrollBar->property("value").toInt();
+        bool isTyped = false;
+        bool isOpen = false;
+        QString shown;
+        for (int box = 1; box <= 8; ++box) {
+            const QString index = QString("(%1)").arg(box);
+            const QObject* text = sheet->findChild<QObject*>("txtParam" + index);
+            const QString value = text->property("text").toString();
+            const QString caption =
+                ',' + sheet->findChild<QObject*>("lblParam" + index)->property("text").toString() + ' ';
+            const bool differs =
+                ducts.size() >= number && (value == "0" ? ducts[number - 1].contains(caption)
+                                                        : !ducts[number - 1].contains(caption + value + ','));
+            shown += differs ? caption + value : QString();
+            isTyped = isTyped || text->property("modified").toBool();
+            isOpen = isOpen || !text->property("readOnly").toBool();
+        }
+        if (sheet->isActiveWindow() && !isTyped && !shown.isEmpty()) {
+            return "the sheet shows another duct: " + shown + " of " + ducts[number - 1];
+        }
+        const bool isSolved = !isOpen && grid->window()->findChild<QWidget*>("cmdCalcPressure")->isVisible();
+        if (isSolved && !m_solved.isEmpty() && m_solved != ducts) {
+            return "a solved project has changed: " + ducts.join(' ');
+        }
+        m_solved = isSolved ? ducts : QStringList();
+        return {};
+    }
+
+    // What the program has worked so far, in ms, and the memory that it has, in MB.
+    static QString Effort() {
+        QFile file("/proc/self/statm");
+        file.open(QIODevice::ReadOnly);
+        const qlonglong pages = file.readAll().split(' ').value(1).toLongLong();
+        return QString("%1 %2")
+            .arg(clock() / (CLOCKS_PER_SEC / 1000))
+            .arg(pages * sysconf(_SC_PAGESIZE) >> 20);
+    }
+
+    QString Answer(const QString& asked, const QString& name) {
         if (asked == "presses") {
             return QString::number(m_presses);
+        }
+        if (asked == "target") {
+            return Target(name.toUInt());
+        }
+        if (asked == "wrong") {
+            return Wrong();
+        }
+        if (asked == "effort") {
+            return Effort();
+        }
+        if (asked == "modal") {
+            return NameOf(QApplication::activeModalWidget());
         }
         if (asked == "focus") {
             const QWidget* popup = QApplication::activePopupWidget();
@@ -245,6 +360,7 @@ class Probe : public QObject, public QAbstractNativeEventFilter {
     QSocketNotifier m_notifier;
     QByteArray m_questions;
     int m_presses = 0;
+    QStringList m_solved; // the ducts of the solved project that was seen last, while it is
 };
 
 class ProbePlugin : public QGenericPlugin {

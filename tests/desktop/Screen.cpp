@@ -167,14 +167,15 @@ std::string Screen::Pasted(const std::string& form) const {
 }
 
 std::vector<std::string> Screen::Environment() const {
-    const char* path = getenv("PATH");
-    return {"DISPLAY=" + m_name,
-            "HOME=" + m_home.Path(),
-            "XDG_RUNTIME_DIR=" + m_home.Path(),
-            "LC_ALL=C.UTF-8",
-            std::string("PATH=") + (path != nullptr ? path : "/usr/bin:/bin"),
-            "NO_AT_BRIDGE=1",
-            "GSETTINGS_BACKEND=memory"};
+    std::vector<std::string> all = {
+        "DISPLAY=" + m_name, "HOME=" + m_home.Path(), "XDG_RUNTIME_DIR=" + m_home.Path(),
+        "LC_ALL=C.UTF-8",    "NO_AT_BRIDGE=1",        "GSETTINGS_BACKEND=memory"};
+    for (const std::string name : {"PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS"}) {
+        if (const char* value = getenv(name.c_str()); value != nullptr) {
+            all.push_back(name + "=" + value);
+        }
+    }
+    return all;
 }
 
 void Screen::Key(const std::string& name, bool down) {

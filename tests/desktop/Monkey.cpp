@@ -1,0 +1,266 @@
+// Keys, clicks, drags, answers and closings at random, in all windows. A row of actions that ends badly is
+// made as short as it can be, and told as it was done.
+#include "desktop/DesktopTest.h"
+
+#include <X11/Xlib.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <iostream>
+#include <random>
+#include <sstream>
+
+namespace plenair {
+namespace {
+
+// Numbers alone, so that it means something in whatever state it is done.
+struct Action {
+    unsigned Kind, Target, X, Y;
+};
+using Actions = std::vector<Action>;
+
+constexpr int kLongestWork = 3000; // ms: a second, which the sanitizers make three of
+constexpr int kMostMemory = 600;   // MB
+
+// Chords and texts, divided by '|'.
+constexpr char kKeys[] =
+    "Return|Tab|Shift+Tab|Escape|Up|Down|Left|Right|Home|End|Prior|Next|space|Delete|BackSpace|F1|F10|"
+    "Control+z|Control+z|Control+y|Control+a|Control+c|Control+x|Control+v|Control+Shift+c|Control+Right|"
+    "Control+Up|Alt_L|Alt+f p|Alt+f|Alt+e o|Alt+a|Alt+p|Alt+c|Alt+m|Alt+l|Alt+h|Alt+1|Alt+5|Alt+y|Alt+n|"
+    "Alt+o|Shift+q|Alt+Tab|Alt+F4";
+constexpr char kTexts[] =
+    "100|300|5|0.8|250|0|-1|1e9|1e300|1e-9|0.01|32768|x| |4999|1,2,3|999999|1234567890|12.5";
+constexpr char kPaths[] = "1,2,3|1 2 3 4|4|1,99|x|r1, c4";
+constexpr char kAnswers[] = "Alt+y|Alt+n|Alt+c|Alt+o|Return|Escape";
+constexpr char kTitles[] = "Plenair Lite|Plenair|Duct Parameters|About Plenair|Options";
+// No name that anyone's file may have, should a dialog ever stand in another folder.
+constexpr char kFiles[] = "monkey1.gsp|monkey1.gsp|monkey2.gsp|monkey2|monkey1.Gus|monkey3|monkey.pnl";
+// Where more can go wrong than elsewhere.
+constexpr char kControls[] =
+    "picGrid|picGrid|picGrid|cmdGus|cmdLoadGsp|chkParam|scrDuctNo|txtParam(1)|txtParam(3)|txtParam(5)|"
+    "txtParam(6)|cmdCalcPressure|cmdClose|cmdLessDuct(2)|cmdClearGrid(2)|optDuct(2)|cmdPrintGus";
+
+std::string OneOf(const char* items, unsigned number) {
+    std::istringstream stream(items);
+    std::vector<std::string> all;
+    for (std::string item; std::getline(stream, item, '|');) {
+        all.push_back(item);
+    }
+    return all[number % all.size()];
+}
+
+struct Outcome {
+    std::string Wrong; // empty if nothing is
+    std::string Steps; // as they were done
+    Actions Done;
+};
+
+class Monkey : public DesktopTest {
+  public:
+    // Does these after a fresh start, as far as nothing goes wrong.
+    Outcome Do(const Actions& actions) {
+        Outcome outcome;
+        std::filesystem::current_path(File("")); // for what is saved without a folder
+        std::filesystem::copy_file(PLENAIR_SAMPLE, OneOf(kFiles, 0));
+        try {
+            Start();
+            for (auto action = actions.begin(); action != actions.end() && outcome.Wrong.empty(); ++action) {
+                outcome.Done.push_back(*action);
+                outcome.Wrong = DoOne(*action);
+            }
+        } catch (const std::exception& failure) {
+            outcome.Wrong = failure.what();
+        }
+        outcome.Steps = m_steps;
+        std::cout << outcome.Done.size() << " actions, at most " << m_mostMemory << " MB and "
+                  << m_longestWork << " ms. " << outcome.Wrong << std::endl;
+        return outcome;
+    }
+
+  private:
+    void TestBody() override {}
+
+    std::string DoOne(const Action& action) {
+        if (HasEnded()) {
+            m_steps += "start\n";
+            Start();
+        }
+        const std::string modal = Ask("modal");
+        const int pressesBefore = Presses();
+        m_sent = 0;
+        Act(action, modal);
+        // Until it is there, or was meant for nobody in the program.
+        int asked = 0;
+        Until([&] {
+            return HasEnded() || Presses() >= pressesBefore + m_sent ||
+                   (++asked > 20 && (asked > 200 || TheScreen().IsPointerFree()));
+        });
+        std::string wrong;
+        Until([&] { return (wrong = Ask("wrong")).empty() || wrong == "ended"; });
+        if (wrong == "ended") {
+            Until([this] { return HasEnded(); });
+            return HasEndedWell() ? "" : "it crashed: " + ReadFile(File("output"));
+        }
+        // Its own work in ms, which no other program makes longer, and its memory in MB.
+        int work = 0, memory = 0;
+        std::istringstream(Ask("effort")) >> work >> memory;
+        m_mostMemory = std::max(m_mostMemory, memory);
+        if (modal != "frmAbout" && Ask("modal") != "frmAbout") { // its show takes its time
+            m_longestWork = std::max(m_longestWork, work - m_work);
+        }
+        m_work = work;
+        return !wrong.empty()                                               ? wrong
+               : m_mostMemory > kMostMemory || m_longestWork > kLongestWork ? "too much memory or work"
+                                                                            : "";
+    }
+
+    void Act(const Action& action, const std::string& modal) {
+        const unsigned kind = action.Kind % 100;
+        // In a dialog of files anything else could go to other folders, and remove what is there.
+        if (modal == "QFileDialog" || (modal != "none" && kind < 40)) {
+            return Reply(action, modal);
+        }
+        if (kind < 25) {
+            return Press(OneOf(kKeys, action.Target));
+        }
+        if (kind < 45) {
+            return Write(OneOf(kTexts, action.Target), action.X % 2 == 0 ? "Return" : "Tab");
+        }
+        if (kind < 47) {
+            Close(OneOf(kTitles, action.Target));
+            return action.X % 3 == 0 ? Close(OneOf(kTitles, action.Y)) : void();
+        }
+        if (kind < 65) {
+            const std::string name = OneOf(kControls, action.Target);
+            const bool isOpen = modal != "none" || Ask("visible picGrid") == "true";
+            return isOpen ? PointAndClick(Ask("place " + name) + " " + name, action) : Press("Alt+f p");
+        }
+        PointAndClick(Ask("target " + std::to_string(action.Target)), action);
+    }
+
+    // To a question, as a user would.
+    void Reply(const Action& action, const std::string& modal) {
+        if (modal == "QFileDialog" && action.X % 4 != 0) {
+            return Write(OneOf(kFiles, action.Target), "Return");
+        }
+        if (modal == "QInputDialog") {
+            return Write(OneOf(kPaths, action.Target), "Return");
+        }
+        if (modal == "frmAbout") {
+            return Close("About Plenair");
+        }
+        const bool isSafe =
+            modal == "QMessageBox" && Ask("text QMessageBox").find("delete") == std::string::npos;
+        Press(isSafe || modal == "frmInputs" ? OneOf(kAnswers, action.Target) : "Escape");
+    }
+
+    // At a random place of what is at "LEFT TOP WIDTH HEIGHT NAME".
+    void PointAndClick(const std::string& target, const Action& action) {
+        int left = 0, top = 0, width = 0, height = 0;
+        std::string name;
+        if (!(std::istringstream(target) >> left >> top >> width >> height >> name) || width * height == 0) {
+            return;
+        }
+        const auto move = [&](unsigned across, unsigned down) {
+            const int x = static_cast<int>(across % static_cast<unsigned>(width));
+            const int y = static_cast<int>(down % static_cast<unsigned>(height));
+            TheScreen().MoveTo(left + x, top + y);
+            m_steps += " " + std::to_string(x) + "," + std::to_string(y);
+        };
+        const unsigned kind = action.Kind / 100 % 20;
+        const int buttons[] = {1, 1, 1, 1, 1, 1, 3, 2, 4, 5}; // the last two are the wheel
+        const int button = buttons[kind / 2];
+        for (int times = kind == 0 ? 2 : 1; times > 0; --times, ++m_sent) {
+            m_steps += "button " + std::to_string(button) + " on " + name;
+            move(action.X, action.Y);
+            TheScreen().Button(button, true);
+            if (kind == 2) {
+                move(action.Y, action.X);
+            }
+            TheScreen().Button(button, false);
+            m_steps += "\n";
+        }
+    }
+
+    void Press(const std::string& chords) {
+        m_steps += "keys " + chords + "\n";
+        std::istringstream words(chords);
+        for (std::string chord; words >> chord;) {
+            m_sent += TheScreen().Chord(chord);
+        }
+    }
+
+    void Write(const std::string& text, const std::string& end) {
+        m_steps += "type " + text + " " + end + "\n";
+        for (const char character : text) {
+            m_sent += TheScreen().Chord(XKeysymToString(static_cast<KeySym>(character)));
+        }
+        m_sent += TheScreen().Chord(end);
+    }
+
+    void Close(const std::string& title) {
+        m_steps += "close " + title + "\n";
+        TheScreen().Close(title);
+    }
+
+    std::string m_steps;
+    int m_sent = 0; // keys and buttons, by one action
+    int m_work = 0; // up to the last action
+    int m_mostMemory = 0;
+    int m_longestWork = 0;
+};
+
+// The shortest row found that ends in the same.
+Outcome Shrunk(Outcome shortest) {
+    const std::string kind = shortest.Wrong.substr(0, shortest.Wrong.find(':'));
+    const auto endsAlike = [&](const Actions& fewer) {
+        const Outcome other = Monkey().Do(fewer);
+        const bool isAlike = other.Wrong.starts_with(kind);
+        shortest = isAlike ? other : shortest;
+        return isAlike;
+    };
+    const auto count = [&] { return static_cast<std::ptrdiff_t>(shortest.Done.size()); };
+    for (std::ptrdiff_t last = 8;
+         last < count() && !endsAlike({shortest.Done.end() - last, shortest.Done.end()}); last *= 4) {
+    }
+    for (std::ptrdiff_t size = count() / 2; size > 0; size /= 2) {
+        for (std::ptrdiff_t from = 0; from < count();) {
+            Actions fewer = shortest.Done;
+            fewer.erase(fewer.begin() + from, fewer.begin() + std::min(from + size, count()));
+            from += endsAlike(fewer) ? 0 : size;
+        }
+    }
+    return shortest;
+}
+
+// What tools/monkey asks for.
+double Asked(const char* name, double otherwise) {
+    const char* value = std::getenv(name);
+    return value != nullptr ? std::atof(value) : otherwise;
+}
+
+TEST(Monkey, NothingItDoesBreaksWhatMustHold) {
+    using Clock = std::chrono::steady_clock;
+    const auto end = Clock::now() + std::chrono::seconds(static_cast<int>(Asked("MONKEY_HOURS", 0) * 3600));
+    auto seed = static_cast<unsigned>(Asked("MONKEY_SEED", 1));
+    do {
+        std::cout << "seed " << seed << ": " << std::flush;
+        std::mt19937 random(seed);
+        Actions actions(static_cast<std::size_t>(Asked("MONKEY_ACTIONS", 2000)));
+        for (Action& action : actions) {
+            for (unsigned* number : {&action.Kind, &action.Target, &action.X, &action.Y}) {
+                *number = static_cast<unsigned>(random());
+            }
+        }
+        if (const Outcome outcome = Monkey().Do(actions); !outcome.Wrong.empty()) {
+            const Outcome shortest = Shrunk(outcome);
+            FAIL() << shortest.Wrong << "\nafter these actions:\n" << shortest.Steps;
+        }
+        ++seed;
+    } while (Clock::now() < end);
+}
+
+} // namespace
+} // namespace plenair
