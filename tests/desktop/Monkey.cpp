@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
@@ -21,8 +22,38 @@ struct Action {
 };
 using Actions = std::vector<Action>;
 
-constexpr int kLongestWork = 3000; // ms: a second, which the sanitizers make three of
-constexpr int kMostMemory = 600;   // MB
+constexpr int kLongestWork = 1000; // ms
+constexpr int kMostMemory = 600;   // MB, of which the sanitizers need most
+
+std::string Row(const Actions& actions) {
+    std::ostringstream row;
+    for (const Action& action : actions) {
+        row << action.Kind << ' ' << action.Target << ' ' << action.X << ' ' << action.Y << ' ';
+    }
+    return row.str();
+}
+
+Actions FromRow(const std::string& row) {
+    std::istringstream numbers(row);
+    Actions actions;
+    for (Action action; numbers >> action.Kind >> action.Target >> action.X >> action.Y;) {
+        actions.push_back(action);
+    }
+    return actions;
+}
+
+Actions Random(unsigned seed, std::size_t count) {
+    std::mt19937 random(seed);
+    const auto below = [&random](unsigned end) { return static_cast<unsigned>(random()) % end; };
+    Actions actions(count);
+    for (Action& action : actions) {
+        action.Kind = below(2000);
+        action.Target = below(10000);
+        action.X = below(10000);
+        action.Y = below(10000);
+    }
+    return actions;
+}
 
 // Chords and texts, divided by '|'.
 constexpr char kKeys[] =
@@ -111,9 +142,10 @@ class Monkey : public DesktopTest {
             m_longestWork = std::max(m_longestWork, work - m_work);
         }
         m_work = work;
-        return !wrong.empty()                                               ? wrong
-               : m_mostMemory > kMostMemory || m_longestWork > kLongestWork ? "too much memory or work"
-                                                                            : "";
+        return !wrong.empty()                 ? wrong
+               : m_longestWork > kLongestWork ? "too much work: " + std::to_string(m_longestWork) + " ms"
+               : m_mostMemory > kMostMemory   ? "too much memory: " + std::to_string(m_mostMemory) + " MB"
+                                              : "";
     }
 
     void Act(const Action& action, const std::string& modal) {
@@ -225,7 +257,9 @@ Outcome Shrunk(Outcome shortest) {
     for (std::ptrdiff_t last = 8;
          last < count() && !endsAlike({shortest.Done.end() - last, shortest.Done.end()}); last *= 4) {
     }
-    for (std::ptrdiff_t size = count() / 2; size > 0; size /= 2) {
+    std::ptrdiff_t before = 0;
+    for (std::ptrdiff_t size = count() / 2; size > 0; size = size > 1 ? size / 2 : before - count()) {
+        before = count();
         for (std::ptrdiff_t from = 0; from < count();) {
             Actions fewer = shortest.Done;
             fewer.erase(fewer.begin() + from, fewer.begin() + std::min(from + size, count()));
@@ -236,27 +270,24 @@ Outcome Shrunk(Outcome shortest) {
 }
 
 // What tools/monkey asks for.
-double Asked(const char* name, double otherwise) {
+std::string Asked(const char* name, const char* otherwise) {
     const char* value = std::getenv(name);
-    return value != nullptr ? std::atof(value) : otherwise;
+    return value != nullptr ? value : otherwise;
 }
 
 TEST(Monkey, NothingItDoesBreaksWhatMustHold) {
     using Clock = std::chrono::steady_clock;
-    const auto end = Clock::now() + std::chrono::seconds(static_cast<int>(Asked("MONKEY_HOURS", 0) * 3600));
-    auto seed = static_cast<unsigned>(Asked("MONKEY_SEED", 1));
+    const auto end =
+        Clock::now() + std::chrono::seconds(std::lround(std::stod(Asked("MONKEY_HOURS", "0")) * 3600));
+    auto seed = static_cast<unsigned>(std::stoul(Asked("MONKEY_SEED", "1")));
+    const Actions again = FromRow(Asked("MONKEY_ROW", ""));
     do {
         std::cout << "seed " << seed << ": " << std::flush;
-        std::mt19937 random(seed);
-        Actions actions(static_cast<std::size_t>(Asked("MONKEY_ACTIONS", 2000)));
-        for (Action& action : actions) {
-            for (unsigned* number : {&action.Kind, &action.Target, &action.X, &action.Y}) {
-                *number = static_cast<unsigned>(random());
-            }
-        }
-        if (const Outcome outcome = Monkey().Do(actions); !outcome.Wrong.empty()) {
-            const Outcome shortest = Shrunk(outcome);
-            FAIL() << shortest.Wrong << "\nafter these actions:\n" << shortest.Steps;
+        const Outcome outcome = Monkey().Do(again.empty() ? Random(seed, 2000) : again);
+        if (!outcome.Wrong.empty()) {
+            const Outcome shortest = again.empty() ? Shrunk(outcome) : outcome;
+            FAIL() << shortest.Wrong << "\nafter these actions:\n"
+                   << shortest.Steps << "once more: tools/monkey again '" << Row(shortest.Done) << "'";
         }
         ++seed;
     } while (Clock::now() < end);

@@ -275,7 +275,9 @@ class Probe : public QObject, public QAbstractNativeEventFilter {
             isTyped = isTyped || text->property("modified").toBool();
             isOpen = isOpen || !text->property("readOnly").toBool();
         }
-        if (sheet->isActiveWindow() && !isTyped && !shown.isEmpty()) {
+        // Up to its first use it shows no duct.
+        const bool mustShow = sheet->isActiveWindow() || (sheet->isVisible() && number > 1);
+        if (mustShow && !isTyped && !shown.isEmpty()) {
             return "the sheet shows another duct: " + shown + " of " + ducts[number - 1];
         }
         const bool isSolved = !isOpen && grid->window()->findChild<QWidget*>("cmdCalcPressure")->isVisible();
