@@ -5,6 +5,7 @@
 #include <X11/Xlib.h>
 
 #include <algorithm>
+#include <cctype>
 #include <chrono>
 #include <cmath>
 #include <cstdlib>
@@ -62,16 +63,18 @@ constexpr char kKeys[] =
     "Control+Up|Alt_L|Alt+f p|Alt+f|Alt+e o|Alt+a|Alt+p|Alt+c|Alt+m|Alt+l|Alt+h|Alt+1|Alt+5|Alt+y|Alt+n|"
     "Alt+o|Shift+q|Alt+Tab|Alt+F4";
 constexpr char kTexts[] =
-    "100|300|5|0.8|250|0|-1|1e9|1e300|1e-9|0.01|32768|x| |4999|1,2,3|999999|1234567890|12.5";
+    "100|300|5|0.8|250|200|400|4|0.9|10|12.5|600|0|-1|1e9|1e300|1e-9|0.01|32768|x| |4999|1,2,3|1234567890";
 constexpr char kPaths[] = "1,2,3|1 2 3 4|4|1,99|x|r1, c4";
-constexpr char kAnswers[] = "Alt+y|Alt+n|Alt+c|Alt+o|Return|Escape";
+constexpr char kAnswers[] = "Return|Return|Return|Return|Alt+y|Alt+y|Alt+o|Alt+n|Alt+c|Escape";
 constexpr char kTitles[] = "Plenair Lite|Plenair|Duct Parameters|About Plenair|Options";
 // No name that anyone's file may have, should a dialog ever stand in another folder.
-constexpr char kFiles[] = "monkey1.gsp|monkey1.gsp|monkey2.gsp|monkey2|monkey1.Gus|monkey3|monkey.pnl";
+constexpr char kFiles[] =
+    "monkey1.gsp|monkey1.gsp|monkey1.gsp|monkey2.gsp|monkey2|monkey1.Gus|monkey3|monkey.pnl";
 // Where more can go wrong than elsewhere.
 constexpr char kControls[] =
-    "picGrid|picGrid|picGrid|cmdGus|cmdLoadGsp|chkParam|scrDuctNo|txtParam(1)|txtParam(3)|txtParam(5)|"
-    "txtParam(6)|cmdCalcPressure|cmdClose|cmdLessDuct(2)|cmdClearGrid(2)|optDuct(2)|cmdPrintGus";
+    "picGrid|picGrid|picGrid|picGrid|cmdGus|cmdGus|cmdGus|cmdLoadGsp|scrDuctNo|scrDuctNo|txtParam(1)|"
+    "txtParam(3)|txtParam(4)|txtParam(5)|txtParam(6)|txtParam(8)|cmdCalcPressure|cmdCalcPressure|"
+    "cmdLessDuct(2)|optDuct(1)";
 
 std::string OneOf(const char* items, unsigned number) {
     std::istringstream stream(items);
@@ -90,11 +93,14 @@ struct Outcome {
 
 class Monkey : public DesktopTest {
   public:
+    // What is wrong may be right a moment later, as long as the window manager is at it: it is asked as
+    // often.
+    explicit Monkey(int patience) : m_patience(patience) {}
+
     // Does these after a fresh start, as far as nothing goes wrong.
     Outcome Do(const Actions& actions) {
         Outcome outcome;
         std::filesystem::current_path(File("")); // for what is saved without a folder
-        std::filesystem::copy_file(PLENAIR_SAMPLE, OneOf(kFiles, 0));
         try {
             Start();
             for (auto action = actions.begin(); action != actions.end() && outcome.Wrong.empty(); ++action) {
@@ -129,7 +135,8 @@ class Monkey : public DesktopTest {
                    (++asked > 20 && (asked > 200 || TheScreen().IsPointerFree()));
         });
         std::string wrong;
-        Until([&] { return (wrong = Ask("wrong")).empty() || wrong == "ended"; });
+        asked = 0;
+        Until([&] { return (wrong = Ask("wrong")).empty() || wrong == "ended" || ++asked > m_patience; });
         if (wrong == "ended") {
             Until([this] { return HasEnded(); });
             return HasEndedWell() ? "" : "it crashed: " + ReadFile(File("output"));
@@ -151,30 +158,35 @@ class Monkey : public DesktopTest {
     void Act(const Action& action, const std::string& modal) {
         const unsigned kind = action.Kind % 100;
         // In a dialog of files anything else could go to other folders, and remove what is there.
-        if (modal == "QFileDialog" || (modal != "none" && kind < 40)) {
+        if (modal == "QFileDialog" || (modal != "none" && kind < 70)) {
             return Reply(action, modal);
         }
-        if (kind < 25) {
+        if (kind < 20) {
             return Press(OneOf(kKeys, action.Target));
         }
-        if (kind < 45) {
+        if (kind < 38) {
             return Write(OneOf(kTexts, action.Target), action.X % 2 == 0 ? "Return" : "Tab");
         }
-        if (kind < 47) {
+        if (kind < 40) {
             Close(OneOf(kTitles, action.Target));
             return action.X % 3 == 0 ? Close(OneOf(kTitles, action.Y)) : void();
         }
-        if (kind < 65) {
+        if (kind < 80) {
             const std::string name = OneOf(kControls, action.Target);
-            const bool isOpen = modal != "none" || Ask("visible picGrid") == "true";
-            return isOpen ? PointAndClick(Ask("place " + name) + " " + name, action) : Press("Alt+f p");
+            const std::string place = Ask("place " + name);
+            return modal == "none" && Ask("visible picGrid") != "true" ? Press("Alt+f p")
+                   : std::isdigit(place[0]) ? PointAndClick(place + " " + name, action)
+                                            : PointAndClick(Ask("place chkParam") + " chkParam", action);
         }
         PointAndClick(Ask("target " + std::to_string(action.Target)), action);
     }
 
     // To a question, as a user would.
     void Reply(const Action& action, const std::string& modal) {
-        if (modal == "QFileDialog" && action.X % 4 != 0) {
+        if (modal == "QFileDialog" && action.X % 8 != 0) {
+            // For whoever opens it: a project that can be solved.
+            std::filesystem::copy_file(PLENAIR_SAMPLE, OneOf(kFiles, 0),
+                                       std::filesystem::copy_options::overwrite_existing);
             return Write(OneOf(kFiles, action.Target), "Return");
         }
         if (modal == "QInputDialog") {
@@ -183,9 +195,16 @@ class Monkey : public DesktopTest {
         if (modal == "frmAbout") {
             return Close("About Plenair");
         }
-        const bool isSafe =
-            modal == "QMessageBox" && Ask("text QMessageBox").find("delete") == std::string::npos;
-        Press(isSafe || modal == "frmInputs" ? OneOf(kAnswers, action.Target) : "Escape");
+        const std::string asked = modal == "QMessageBox" ? Ask("text QMessageBox") : "";
+        // It mostly keeps what it has, to come further with it.
+        const bool isRefused =
+            asked.find("delete") != std::string::npos ||
+            (action.X % 4 != 0 && (asked.starts_with("Clear") || asked.starts_with("Do you")));
+        const bool isAnswered = modal == "QMessageBox" || modal == "frmInputs";
+        if (asked.find("already exists") != std::string::npos && !isRefused) {
+            return Press("Alt+y");
+        }
+        Press(isAnswered && !isRefused ? OneOf(kAnswers, action.Target) : "Escape");
     }
 
     // At a random place of what is at "LEFT TOP WIDTH HEIGHT NAME".
@@ -237,6 +256,7 @@ class Monkey : public DesktopTest {
         TheScreen().Close(title);
     }
 
+    int m_patience;
     std::string m_steps;
     int m_sent = 0; // keys and buttons, by one action
     int m_work = 0; // up to the last action
@@ -248,7 +268,7 @@ class Monkey : public DesktopTest {
 Outcome Shrunk(Outcome shortest) {
     const std::string kind = shortest.Wrong.substr(0, shortest.Wrong.find(':'));
     const auto endsAlike = [&](const Actions& fewer) {
-        const Outcome other = Monkey().Do(fewer);
+        const Outcome other = Monkey(300).Do(fewer);
         const bool isAlike = other.Wrong.starts_with(kind);
         shortest = isAlike ? other : shortest;
         return isAlike;
@@ -283,7 +303,7 @@ TEST(Monkey, NothingItDoesBreaksWhatMustHold) {
     const Actions again = FromRow(Asked("MONKEY_ROW", ""));
     do {
         std::cout << "seed " << seed << ": " << std::flush;
-        const Outcome outcome = Monkey().Do(again.empty() ? Random(seed, 2000) : again);
+        const Outcome outcome = Monkey(3000).Do(again.empty() ? Random(seed, 2000) : again);
         if (!outcome.Wrong.empty()) {
             const Outcome shortest = again.empty() ? Shrunk(outcome) : outcome;
             FAIL() << shortest.Wrong << "\nafter these actions:\n"
