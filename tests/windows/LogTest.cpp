@@ -47,13 +47,13 @@ TEST_F(Log, SavingAsksBeforeItReplacesAFile) {
     Play("| enabled mnuFileLog: true"); // cancelled
     WriteFile(File("old.pnl"), "old");
     desktop.ExpectMessage(MessageAnswer::Ok);
-    Choose("mnuFileLog", {{"old", {}}, {question, QMessageBox::No}, {"my new", {}}});
+    Choose("mnuFileLog", {{"old", {}}, {question, QMessageBox::No}, {"my \"new\"", {}}});
     EXPECT_EQ(ReadFile(File("old.pnl")), "old");
-    EXPECT_TRUE(ReadFile(File("my new.pnl")).ends_with("500\t375\t300\t1.3\t4.68\t0.69\t0\r\n"));
+    EXPECT_TRUE(ReadFile(File("my \"new\".pnl")).ends_with("500\t375\t300\t1.3\t4.68\t0.69\t0\r\n"));
     EXPECT_EQ(CurrentFolder(), m_environment.Folder().Path());
     Play("@cmdLog(2) ?Ok");
     Choose("mnuFileLog", {{"old.pnl", {}}, {question, QMessageBox::Yes}});
-    EXPECT_EQ(ReadFile(File("old.pnl")), ReadFile(File("my new.pnl"))) << "replaced, nothing is appended";
+    EXPECT_EQ(ReadFile(File("old.pnl")), ReadFile(File("my \"new\".pnl"))) << "replaced, nothing is appended";
 }
 
 TEST_F(Log, OpeningShowsTheFileInTheEditor) {

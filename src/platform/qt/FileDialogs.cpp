@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLineEdit>
 #include <QList>
 #include <QMessageBox>
 #include <QRegularExpression>
@@ -38,6 +39,14 @@ bool MayTake(DialogKind kind, const QString& title, const QString& file, int fla
     return !asks || UserReplaces(title, file);
 }
 
+// The toolkit takes quotes for those around several names, and drops what stands before the first one.
+QString ChosenFile(const QFileDialog& dialog) {
+    const auto* const box = dialog.findChild<QLineEdit*>("fileNameEdit");
+    const QString name = box != nullptr ? box->text() : QString();
+    const bool holdsQuotes = name.contains('"') && !name.startsWith('"');
+    return holdsQuotes ? dialog.directory().absoluteFilePath(name) : dialog.selectedFiles().constFirst();
+}
+
 } // namespace
 
 QStringList NameFilters(const std::string& filter) {
@@ -67,7 +76,7 @@ bool ShowFileDialog(DialogKind kind, CommonDialog& properties) {
     }
     while (dialog.exec() == QDialog::Accepted) {
         CommonDialog chosen = properties;
-        chosen.FileName = FromQt(dialog.selectedFiles().constFirst());
+        chosen.FileName = FromQt(ChosenFile(dialog));
         if (kind == DialogKind::Save || !QFileInfo::exists(ToQt(chosen.FileName))) {
             chosen.FileName = WithDefaultExt(chosen);
         }
