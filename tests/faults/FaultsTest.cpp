@@ -19,6 +19,12 @@
 #include <sys/xattr.h>
 #include <unistd.h>
 
+#ifdef PLENAIR_WINDOWS
+#include "platform/qt/DesktopPrinter.h"
+
+#include <QGuiApplication>
+#endif
+
 namespace {
 
 // The work on files as a user does it, in a folder of the test's own: what the dialog is answered with, and
@@ -205,6 +211,21 @@ std::vector<Operation> FaultsTest::Operations() {
         }
         return m_told.empty();
     };
+#ifdef PLENAIR_WINDOWS
+    static int s_arguments = 0;
+    static const QGuiApplication s_application(s_arguments, nullptr);
+    const auto print = [this] {
+        try {
+            PrintToFile(File("plant.pdf"));
+            const auto paper = MakeDesktopPrinter();
+            paper->Box({0, 0}, {1000, 1000}, 0);
+            paper->EndDoc();
+            return true;
+        } catch (const PrinterFailure&) {
+            return false;
+        }
+    };
+#endif
     const auto keep = [] {
         NewProject(2);
         StartHistory();
@@ -234,6 +255,12 @@ std::vector<Operation> FaultsTest::Operations() {
         {"start", "User.cfg", settings, true, [=, this] { return start() && m_told.empty(); },
          [](const std::string& content) { return content.starts_with("\"" + ProgramFolder()); }},
         {"recovery", kept, recovery, false, keep},
+#ifdef PLENAIR_WINDOWS
+        {"PDF", "plant.pdf", "older document", false, print, // it tells its time, so that no two are the same
+         [](const std::string& content) {
+             return content.starts_with("%PDF") && content.ends_with("%%EOF\n");
+         }},
+#endif
         // It is whole with its first value alone, or with both.
         {"registry", "registry", registry, false, [=] { return store("second"); }},
     };
