@@ -12,10 +12,8 @@ const std::string OtherItems =
     "\"/some/folder\"\r\n4\r\n1.25\r\n6.5\r\n750\r\n50\r\n20\r\n0.0003\r\n0.004\r\n";
 const std::string OtherLoaded = "/some/folder 4 1.25 6.5 750 50 20 0.0003 0.004";
 
-class SettingsFile : public testing::Test {
+class SettingsFile : public ProgramTest {
   protected:
-    std::string File(const std::string& name) const { return m_environment.Folder().File(name); }
-
     // Loads over other values, and gives all that the file holds, in its order.
     static std::string Loaded() {
         Settings = {-1, -1, -1, -1, -1, -1, "other.cfg", "other", -1, -1};
@@ -38,12 +36,6 @@ class SettingsFile : public testing::Test {
         return RegReadValue(HKEY_CURRENT_USER, kReminderSubKey, kReminderValueName);
     }
 
-    // Nobody can make a file or a folder below a file.
-    void UseAFileAsTheFolder() {
-        WriteFile(File("file"), "");
-        SetProgramFolder(File("file") + "/folder");
-    }
-
     // Loads the file, which must lead to the defaults, saved and told.
     void ExpectDefaultsTaken() {
         desktop.ExpectMessage(MessageAnswer::Ok);
@@ -51,19 +43,9 @@ class SettingsFile : public testing::Test {
         EXPECT_EQ(Settings.ConfigFile, "User.cfg");
         EXPECT_EQ(ReadFile(File("User.cfg")),
                   "\"" + ProgramFolder() + "\"\r\n0\r\n0.8\r\n5\r\n500\r\n25\r\n26\r\n0.00015\r\n0.002\r\n");
+        EXPECT_EQ(Reminder(), RegistryValue("112026"));
     }
-
-    ProgramEnvironment m_environment;
-    ScriptedDesktop desktop;
 };
-
-TEST_F(SettingsFile, AFirstStartMakesTheFileAndNotesTheMonth) {
-    ExpectDefaultsTaken();
-    EXPECT_EQ(Reminder(), RegistryValue("112026"));
-    m_environment.SetToday(2026, 12, 1);
-    LoadSettings();
-    EXPECT_EQ(Reminder(), RegistryValue("112026")) << "a file that loads has nothing to do with the registry";
-}
 
 TEST_F(SettingsFile, WhatCannotBeReadIsReplacedByTheDefaults) {
     WriteFile(File("User.cfg"), "bad");
@@ -90,7 +72,8 @@ TEST_F(SettingsFile, WhatCannotBeSavedHoldsForTheRun) {
         EXPECT_EQ(Reminder(), RegistryValue());
         const std::string text = desktop.LastText();
         EXPECT_TRUE(text.find(ProgramFolder()) != text.npos && text.find(reason) != text.npos) << text;
-        UseAFileAsTheFolder();
+        WriteFile(File("file"), "");
+        SetProgramFolder(File("file/folder")); // nobody can make a folder below a file
     }
     LoadSettings(); // tells nothing a second time
     desktop.ExpectMessage(MessageAnswer::Ok);
@@ -108,8 +91,8 @@ TEST_F(SettingsFile, AnInstalledProgramKeepsItsFileWithTheUser) {
     const std::string users = File("data/plenair");
     const std::string installed = File("installed");
     fs::create_directory(installed);
-    fs::permissions(m_environment.Folder().Path(), fs::perms::all);
-    fs::permissions(m_environment.RegistryFolder(), fs::perms::all);
+    fs::permissions(environment.Folder().Path(), fs::perms::all);
+    fs::permissions(environment.RegistryFolder(), fs::perms::all);
     for (const bool byAdministrator : {false, true}) {
         if (byAdministrator) {
             fs::permissions(installed, fs::perms::owner_all);
@@ -154,21 +137,9 @@ TEST_F(SettingsFile, IsWrittenToTheByte) {
     EXPECT_EQ(ReadFile(File("Site.cfg")),
               "\"/päth, \"\"here\"\"\"\r\n4\r\n0.333333333333333\r\n12345.5\r\n1000000\r\n-25\r\n-3.25\r\n"
               "0.00009\r\n0\r\n");
+    environment.SetToday(2026, 12, 1);
     EXPECT_EQ(Loaded(), saved);
-    Settings.DefPath = std::string(3 * 32767, 'x'); // the longest that the box holds
-    Settings.MaxLPM = std::numeric_limits<double>::max();
-    SaveSettings();
-    LoadSettings();
-    EXPECT_EQ(Settings.DefPath.size(), 3U * 32767U);
-    EXPECT_EQ(Settings.MaxLPM, 1.79769313486231E+308);
-    WriteFile(File("Other.cfg"), OtherItems); // of two files only one is touched
-    LoadSettings();
-    const std::string other = Settings.ConfigFile == "Other.cfg" ? "Site.cfg" : "Other.cfg";
-    const std::string untouched = ReadFile(File(other));
-    Settings.MaxLPM = 1.5;
-    SaveSettings();
-    EXPECT_EQ(ReadFile(File(other)), untouched);
-    EXPECT_NE(ReadFile(File(Settings.ConfigFile)).find("\r\n1.5\r\n"), std::string::npos);
+    EXPECT_EQ(Reminder(), RegistryValue()) << "a file that loads has nothing to do with the registry";
 }
 
 } // namespace

@@ -3,7 +3,7 @@
 
 namespace {
 
-class Registry : public testing::Test {
+class Registry : public ProgramTest {
   protected:
     Registry() { SetRegistryFile(m_file); }
 
@@ -18,8 +18,7 @@ class Registry : public testing::Test {
         return RegOpenKeyExA(HKEY_CURRENT_USER, subKey, 0, KEY_ALL_ACCESS, key);
     }
 
-    const ProgramEnvironment m_environment;
-    const std::string m_file = m_environment.Folder().File("deep/er/registry");
+    const std::string m_file = File("deep/er/registry");
     RegistryKey m_key = 7;
 };
 
@@ -47,7 +46,7 @@ TEST_F(Registry, ServesTextAndNumbersAlone) {
 
 TEST_F(Registry, KeysComeWithThoseAboveThem) {
     RegCreateKey(HKEY_CURRENT_USER, "Software\\ZVK");
-    EXPECT_EQ(fs::status(m_environment.Folder().File("deep")).permissions(), fs::perms::owner_all);
+    EXPECT_EQ(fs::status(File("deep")).permissions(), fs::perms::owner_all);
     Write("Software\\ZVK", "Reminder", "112026");
     RegCreateKey(HKEY_CURRENT_USER, "SOFTWARE\\zvk");
     Write("SOFTWARE\\zvk", "REMINDER", "122026");

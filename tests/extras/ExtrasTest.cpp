@@ -7,7 +7,7 @@
 
 namespace {
 
-class Misc : public testing::Test {
+class Misc : public ProgramTest {
   protected:
     Misc() {
         Desktop().AskByMessageBox = [this](const MessageRequest& request) {
@@ -30,8 +30,6 @@ class Misc : public testing::Test {
         return m_events;
     }
 
-    const ScopedDesktop m_desktop;
-    ProgramEnvironment m_environment;
     std::map<std::string, int> m_asked;
     std::string m_events;
 };
@@ -51,7 +49,7 @@ TEST_F(Misc, TheReminderComesOnceAMonth) {
     SetRegistryFile(""); // where nothing is noted: a month seen to be done is not looked up again
     EXPECT_EQ(Events(), "");
     for (const int month : {12, 11}) { // and back again
-        m_environment.SetToday(2026, month, 1);
+        environment.SetToday(2026, month, 1);
         EXPECT_EQ(Events(), "about after none, focus");
     }
 }

@@ -22,21 +22,22 @@ using namespace plenair;
 
 #ifndef PLENAIR_FUZZER
 void TryCorpus(const std::string& name, void (*run)(std::string_view input));
-#define FUZZER(name)                                                                                         \
-    static void TryInput(std::string_view input);                                                            \
+#define DRIVE(name)                                                                                          \
     TEST(Fuzz, name) {                                                                                       \
         TryCorpus(#name, TryInput);                                                                          \
-    }                                                                                                        \
-    static void TryInput(std::string_view input)
+    }
 #else
-#define FUZZER(name)                                                                                         \
-    static void TryInput(std::string_view input);                                                            \
+#define DRIVE(name)                                                                                          \
     extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {                      \
         TryInput({reinterpret_cast<const char*>(data), size});                                               \
         return 0;                                                                                            \
-    }                                                                                                        \
-    static void TryInput(std::string_view input)
+    }
 #endif
+
+#define FUZZER(name)                                                                                         \
+    static void TryInput(std::string_view input);                                                            \
+    DRIVE(name)                                                                                              \
+    static void TryInput(std::string_view input)
 
 // Takes a number below `bound` off the front; 0 where nothing is left.
 inline std::size_t Choose(std::string_view& input, std::size_t bound) {

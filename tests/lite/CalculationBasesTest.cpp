@@ -28,9 +28,9 @@ class WatchedArrays : public LiteArrays {
     mutable int m_reads = 0;
 };
 
-class CalculationBases : public testing::Test {
+class CalculationBases : public ProgramTest {
   protected:
-    CalculationBases() { m_environment.NoteReminder(); }
+    CalculationBases() { environment.NoteReminder(); }
 
     // With a new view, whose boxes hold the defaults but for the ones given. Gives its table.
     std::string Calculate(int basis, double a, double b, double value = 1.0,
@@ -44,8 +44,6 @@ class CalculationBases : public testing::Test {
         return m_view.Table();
     }
 
-    ProgramEnvironment m_environment;
-    ScriptedDesktop desktop;
     WatchedArrays m_view;
 };
 

@@ -4,7 +4,7 @@
 
 namespace {
 
-class Log : public testing::Test {
+class Log : public ProgramTest {
   protected:
     Log() {
         window.cells = {{{"450", "250", "4.74", "0.72"},
@@ -18,8 +18,6 @@ class Log : public testing::Test {
     }
     ~Log() override { SetDateLocale({}); }
 
-    std::string File(const std::string& name) const { return environment.Folder().File(name); }
-
     std::string Save() {
         desktop.ExpectFile(File("log.pnl"));
         desktop.ExpectMessage(MessageAnswer::Ok);
@@ -28,8 +26,6 @@ class Log : public testing::Test {
         return ReadFile(File("log.pnl"));
     }
 
-    ProgramEnvironment environment;
-    ScriptedDesktop desktop;
     LiteArrays window;
 };
 

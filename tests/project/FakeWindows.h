@@ -9,7 +9,6 @@
 #include "project/ProjectWindows.h"
 #include "project/UndoRedo.h"
 #include "project/model/ProjectModel.h"
-#include "support/Script.h"
 #include "support/Test.h"
 
 namespace plenair {
@@ -180,7 +179,7 @@ constexpr std::size_t GridLines = 39 + 29;
 //     +R:500,0,300        a rigid duct, straight into the records, with values in the order of the sheet's
 //                         boxes; also F, C or the number of a colour
 //     Save                a command
-class ProjectTest : public ::testing::Test {
+class ProjectTest : public ProgramTest {
   protected:
     ProjectTest() {
         sheet.log = &desktop.Log;
@@ -190,15 +189,7 @@ class ProjectTest : public ::testing::Test {
         ResetProjectGrid(windows);
     }
 
-    void Play(const std::string& script) {
-        const testing::ScopedTrace trace(__FILE__, __LINE__, script);
-        PlayScript(
-            script, [this](const std::string& step) { Do(step); },
-            [this](const std::string& question, const std::string& answer) {
-                EXPECT_EQ(Ask(question), answer) << question;
-            });
-    }
-    virtual void Do(const std::string& step) {
+    void Do(const std::string& step) override {
         static const std::map<std::string, std::function<void(const ProjectWindows&)>> s_commands = {
             {"Save", SaveProject},     {"Load", LoadProject},    {"Clear", ClearGrid},
             {"Solve", SolveProject},   {"Path", AskForPath},     {"Undo", Undo},
@@ -223,16 +214,17 @@ class ProjectTest : public ::testing::Test {
             sheet.value = 1;
         } else if (step == "Print") {
             PrintShown(windows, printer);
-        } else if (!desktop.Expect(step, environment.Folder())) {
+        } else if (s_commands.contains(step)) {
             s_commands.at(step)(windows);
+        } else {
+            ProgramTest::Do(step);
         }
     }
-    virtual std::string Ask(const std::string& question) {
-        return question == "told"    ? desktop.LastText()
-               : question == "log"   ? desktop.LogInOneLine()
-               : question == "sheet" ? sheet.AllTexts()
+    std::string Ask(const std::string& question) override {
+        return question == "sheet"   ? sheet.AllTexts()
                : question == "ducts" ? Values()
-                                     : State();
+               : question == "state" ? State()
+                                     : ProgramTest::Ask(question);
     }
     // As in "2 of plant.gsp, solved, plot, sheet, held".
     std::string State() const {
@@ -274,13 +266,10 @@ class ProjectTest : public ::testing::Test {
 
     // What has been drawn on the grid, behind its lines or more.
     Lines Drawn(std::size_t behind = GridLines) const { return Described(solver.picGrid.Items(), behind); }
-    std::string File(const std::string& name) const { return environment.Folder().File(name); }
 
     static constexpr double P = 379; // pitch across
     static constexpr double Q = 349; // pitch down
 
-    ProgramEnvironment environment;
-    ScriptedDesktop desktop;
     FakeSolver solver;
     FakeSheet sheet;
     ProjectWindows windows{solver, sheet};
