@@ -117,6 +117,9 @@ TEST_F(Focus, MenusAndBoxesLeaveSelectionAndCaret) {
                  "; table grdMinorCalc: \n7 | text txtInputA: " + (all ? "7" : "5700") + "\nControl+a 500");
         }
     }
+    ClickAt("txtInputB", 20, 6, 3); // its own menu
+    Play("| focus: qt_edit_menu\nEscape | selected: txtInputB 300\n"
+         "@txtInputB:3,6 | selected: txtInputB ; cursorPosition txtInputB: 0");
 }
 
 TEST_F(Focus, UpAndDownStepOnceAtTheRelease) {

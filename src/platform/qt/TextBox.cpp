@@ -207,14 +207,17 @@ void TextBox::focusOutEvent(QFocusEvent* event) {
 
 void TextBox::TellGotFocus(bool byPress) {
     FocusEvents::TellGotFocus(byPress);
-    m_entering = byPress && GotFocus;
+    m_wasEntered = byPress && GotFocus;
     m_wasWoken = false;
 }
 
 void TextBox::mousePressEvent(QMouseEvent* event) {
     m_wakesByPress = !isActiveWindow();
     const bool wakes = std::exchange(m_wasWoken, false) || m_wakesByPress;
-    m_entering = m_entering || (wakes && hasSelectedText() && selectedText() == text());
+    const bool enters = std::exchange(m_wasEntered, false);
+    // The middle button pastes, the right one opens a menu.
+    m_entering = event->button() == Qt::LeftButton &&
+                 (enters || (wakes && hasSelectedText() && selectedText() == text()));
     if (!m_entering) {
         QLineEdit::mousePressEvent(event);
     }

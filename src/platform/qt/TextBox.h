@@ -74,6 +74,7 @@ class TextBox : public QLineEdit, public FocusEvents {
     // A click that enters the box, or wakes the window around it, leaves the selection alone, from the press
     // until the button is up again.
     bool m_entering = false;
+    bool m_wasEntered = false;   // by a press that is yet to come here
     bool m_wasWoken = false;     // and nothing was typed or clicked since
     bool m_wakesByPress = false; // a press came before the desktop made the window active
 };
