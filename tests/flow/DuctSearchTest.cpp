@@ -13,11 +13,9 @@ struct Sought {
     double Roughness = 0.00015;
 };
 
-// What a caller sees of a search, to the last bit; all 0 but the working value where it failed.
-struct Found {
-    double Width, Velocity, Loss, Equivalent, Working;
-    bool operator==(const Found&) const = default;
-};
+// What a caller sees of a search, to the last bit: width, velocity, loss, equivalent and the working value.
+// All but that are 0 where it failed.
+using Found = std::array<double, 5>;
 
 template <typename Search>
 Found Outcome(Search search) {
@@ -69,12 +67,12 @@ class DuctSearch : public testing::Test {
     void ExpectTheSame(const Sought& duct) {
         const Found quick = Quick(duct);
         const Found plain = Plain(duct, m_plain);
-        m_failed += plain.Width == 0 ? 1 : 0;
-        EXPECT_TRUE(quick == plain) << "bound " << static_cast<int>(duct.Bound) << std::hexfloat << ", "
-                                    << duct.Flow << " by " << duct.Height << ", loss " << duct.Loss
-                                    << ", velocity " << duct.Velocity << ", roughness " << duct.Roughness
-                                    << ", step " << Settings.RoundOff << ", " << Settings.FluidTemp
-                                    << " deg C";
+        m_failed += plain.front() == 0 ? 1 : 0;
+        const auto& [bound, flow, height, loss, velocity, roughness] = duct;
+        EXPECT_EQ(quick, plain) << std::hexfloat << "bound " << static_cast<int>(bound) << ", " << flow
+                                << " by " << height << ", loss " << loss << ", velocity " << velocity
+                                << ", roughness " << roughness << ", step " << Settings.RoundOff << ", "
+                                << Settings.FluidTemp << " deg C";
     }
 
     // Two flows side by side, the one with `isAbove` and the other without, out of those around the duct's.
@@ -128,8 +126,8 @@ TEST_F(DuctSearch, GivesUpAfterHalfAMillionSteps) {
         up += 0.01;
         down -= 0.01;
     }
-    EXPECT_EQ(Quick({By::Loss, 0.5, 0.3, 100000, 0}).Working, up);
-    EXPECT_EQ(Quick({By::Caps, 0.5, 0.3, 0.5F, 6000}).Working, down);
+    EXPECT_EQ(Quick({By::Loss, 0.5, 0.3, 100000, 0}).back(), up);
+    EXPECT_EQ(Quick({By::Caps, 0.5, 0.3, 0.5F, 6000}).back(), down);
 }
 
 // A loss that is the cap, or becomes it in 32 bits, is accepted; and so is one that is the target.
@@ -144,9 +142,9 @@ TEST_F(DuctSearch, TakesALossAtItsBound) {
         ExpectTheSame(capped);
 
         Sought forLoss = Practical(By::Loss);
-        const double working = Plain(forLoss, m_plain).Working;
+        const double working = Plain(forLoss, m_plain).back();
         const auto [low, high] =
-            Border(forLoss, 0.01, [&](const Found& found) { return found.Working == working; });
+            Border(forLoss, 0.01, [&](const Found& found) { return found.back() == working; });
         for (const double flow : {low, high}) {
             forLoss.Flow = flow;
             ExpectTheSame(forLoss);

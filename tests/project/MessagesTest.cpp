@@ -98,6 +98,16 @@ TEST_F(Messages, AndWhatEachAnswerDoes) {
         StartProject();
         OfferRecovery(windows);
     };
+    const auto keepBelowAFile = [&] { // told of at the first opening alone
+        WriteFile(File("file"), "");
+        SetStateFolder(File("file/plenair"));
+        for (int opening = 0; opening < 2; ++opening) {
+            StartHistory();
+            StartKeeping();
+            KeepAtOnce();
+            EndKeeping();
+        }
+    };
     using enum MessageAnswer;
     const std::string manual = File("manual/manual.html"), report = File("plant.Gus"),
                       settings = File("User.cfg");
@@ -125,6 +135,8 @@ TEST_F(Messages, AndWhatEachAnswerDoes) {
          [&] { fs::create_directory(report), solve(); }, {{Cancel, "1 saved solved"}, {Retry, "1 saved reported solved"}}},
         {"Project Solver: Plenair was not closed properly. Restore the project it held? [YesNo Question]",
          [&] { recover(); }, {{Yes, "1"}, {No, "0"}}},
+        {"Project Solver: The project can't be kept against a crash or a power cut.\n\n" + File("file/plenair") +
+         ": Not a directory\n\nNothing else is affected. [Ok Exclamation]", keepBelowAFile},
         {"Print Project: There is nothing to print, since this project has no ducts. [Ok Exclamation]",
          [&] { ClearProject(), PrintShown(windows, printer); }, {{Ok, "0"}}},
         {"Print Project: Do you wish to include duct data with the printout? [YesNo]",

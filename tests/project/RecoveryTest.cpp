@@ -139,16 +139,4 @@ TEST_F(RecoveryTest, DiscardsWhatCantBeRead) {
     Play("?Ok ?Yes Open | state: 1, sheet"); // the newer one comes first
 }
 
-TEST_F(RecoveryTest, AFolderThatTakesNothingIsToldOfOnce) {
-    LeaveKept();
-    WriteFile(File("file"), "");
-    SetStateFolder(File("file/plenair"));
-    Play("?Ok Open #0,0 #2,0 Second | state: 1, held");
-    EndKeeping();
-    Play("Open #0,0 #2,0 Second | state: 1, held");
-    EXPECT_EQ(InWords(desktop.Messages().back()),
-              "Project Solver: The project can't be kept against a crash or a power cut.\n\n" +
-                  File("file/plenair") + ": Not a directory\n\nNothing else is affected. [Ok Exclamation]");
-}
-
 } // namespace
