@@ -7,11 +7,29 @@
 
 namespace {
 
-using Step = std::function<void()>;
-
 // Windows that are asked to close when nobody would think of it, as by clicks that queue up.
 class Closing : public SolverTest {
   protected:
+    Closing() {
+        actions["solver"] = [this] { Solver().close(); };
+        actions["sheet"] = [this] { Sheet().close(); };
+        actions["Lite"] = [this] { Window().close(); };
+        actions["No"] = [] { FindWindow<QMessageBox>()->button(QMessageBox::No)->click(); };
+        actions["dialog"] = [] { // twice in a row
+            QWidget* const dialog = QApplication::activeModalWidget();
+            dialog->close();
+            dialog->close();
+        };
+        actions["exit"] = [] { QApplication::exit(); };
+        actions["quit"] = [] { QApplication::quit(); };
+        for (const std::string name : {"mnuHelpAbout", "mnuEditOptions", "mnuFileExit"}) {
+            actions[name] = [=, this] { Find<QAction>(name).trigger(); };
+        }
+        for (const std::string name : {"cmdClose", "cmdClearGrid(2)", "cmdMajorOptions", "chkLabels"}) {
+            actions[name] = [=, this] { Find<Button>(name).click(); };
+        }
+    }
+
     void OpenSheetOfTheDesktop() {
         OpenSheet("R");
         Desktop().AskByMessageBox = AskByMessageBox; // it is the real one that waits
@@ -19,70 +37,56 @@ class Closing : public SolverTest {
     }
 
     // Runs the program until it ends. A step comes while the one before may wait still.
-    static void Run(const std::vector<Step>& steps) {
-        std::size_t next = 0;
-        const Step post = [&] {
-            if (next < steps.size()) {
+    void Run(const std::string& script) {
+        std::istringstream steps(script);
+        const std::function<void()> post = [&] {
+            if (std::string step; steps >> step) {
                 QMetaObject::invokeMethod(
-                    qApp, [&, step = steps[next++]] { post(), step(); }, Qt::QueuedConnection);
+                    qApp, [&, step] { post(), actions.at(step)(); }, Qt::QueuedConnection);
             }
         };
         post();
         QApplication::exec();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
-
-    Step m_solver = [this] { Solver().close(); };
-    Step m_sheet = [this] { Sheet().close(); };
-    Step m_button = [this] { Find<Button>("cmdClose").click(); };
-    Step m_end = [] { QApplication::exit(); };
-    Step m_about = [this] { Find<QAction>("mnuHelpAbout").trigger(); };
 };
 
 TEST_F(Closing, ASolvedProjectTwiceInARowOrWithItsSheet) {
-    for (const auto& [first, second] :
-         {std::pair(m_solver, m_solver), {m_solver, m_sheet}, {m_sheet, m_solver}, {m_button, m_button}}) {
+    for (const char* steps : {"!solver !solver", "!solver !sheet", "!sheet !solver", "!cmdClose !cmdClose"}) {
         OpenSheetOfTheDesktop();
         Solved = kFlagSet; // closing asks nothing
-        first();
-        second();
+        Play(steps);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        EXPECT_TRUE(!SolverIsThere() && Window().isVisible());
+        EXPECT_TRUE(!SolverIsThere() && Window().isVisible()) << steps;
         EndProgram();
     }
 }
 
 TEST_F(Closing, WhileAQuestionWaitsNothingElseCloses) {
     OpenSheetOfTheDesktop();
-    Run({m_solver, m_solver, m_sheet, [] { FindWindow<QMessageBox>()->close(); }, m_end});
+    Run("solver solver sheet dialog exit");
     EXPECT_TRUE(Solver().isVisible() && Sheet().isVisible()) << "closing the question is a Cancel";
-    Run({m_solver, [] { FindWindow<QMessageBox>()->button(QMessageBox::No)->click(); }, m_end});
+    Run("solver No exit");
     EXPECT_FALSE(SolverIsThere());
-}
-
-TEST_F(Closing, TheAboutBoxTwiceAndTheOptionsNever) {
-    Start();
-    const Step closeTwice = [] {
-        QWidget* const dialog = QApplication::activeModalWidget();
-        dialog->close();
-        dialog->close();
-    };
-    Run({m_about, closeTwice, m_end});
+    Run("mnuHelpAbout dialog exit");
     EXPECT_EQ(FindWindow<frmAbout>(), nullptr);
-    Run({[this] { Find<QAction>("mnuEditOptions").trigger(); }, closeTwice,
-         [] { EXPECT_TRUE(FindWindow<frmInputs>()->isVisible()); }, m_end});
+    actions["see"] = [] { EXPECT_TRUE(FindWindow<frmInputs>()->isVisible()) << "only its buttons close it"; };
+    Run("mnuEditOptions dialog see exit");
 }
 
 // A quit that waits for an answer would last until the test is stopped.
-TEST_F(Closing, ByTheEndOfTheSessionAsksNothing) {
-    const Step quit = [] { QApplication::quit(); };
-    for (const char* button : {"cmdClose", "cmdClearGrid(2)", "cmdMajorOptions", "chkLabels"}) {
+TEST_F(Closing, TheEndOfProgramOrSessionAsksNothing) {
+    for (const char* steps :
+         {"cmdClose quit", "cmdClearGrid(2) quit", "cmdMajorOptions quit", "chkLabels quit"}) {
         OpenSheetOfTheDesktop();
-        Run({[&] { Find<Button>(button).click(); }, quit});
+        Run(steps);
         EndProgram();
     }
-    Start();
-    Run({m_about, quit});
+    for (const char* steps : {"mnuHelpAbout quit", "mnuFileExit", "Lite"}) {
+        Start();
+        Run(steps);
+        EndProgram();
+    }
 }
 
 } // namespace

@@ -2,12 +2,21 @@
 #include "platform/desktop/Clipboard.h"
 #include "windows/WindowTest.h"
 
+#include <QScreen>
+
 namespace {
 
 class Lite : public WindowTest {
   protected:
-    void SetUp() override {
-        Start();
+    Lite() {
+        questions["bases"] = [this] { // the texts of their boxes; in brackets those that can't be entered
+            std::string texts;
+            for (const std::string index : {"0", "1", "2", "9", "3", "4"}) {
+                const TextBox& box = Box("txtCalcBasis(" + index + ")");
+                texts += (texts.empty() ? "" : " ") + (box.isEnabled() ? box.Text() : "(" + box.Text() + ")");
+            }
+            return texts;
+        };
         questions["tabs"] = [this] { // where Tab goes from the height until it comes back
             Play("Alt+H");
             std::string tabs;
@@ -17,7 +26,7 @@ class Lite : public WindowTest {
             } while (Focused() != "txtInputB" && tabs.size() < 200);
             return tabs;
         };
-        questions["panel"] = [this] { // how much of the bases can be seen
+        questions["panel"] = [this] { // how high it is, and how much of its controls can be seen
             std::string shown = std::to_string(Window().height() - m_folded);
             for (const char* control : {"lblCalcBasis", "optCalcBasis(4)", "txtCalcBasis(4)"}) {
                 const QWidget& widget = Find(control);
@@ -27,18 +36,74 @@ class Lite : public WindowTest {
             }
             return shown;
         };
-        questions["recorded"] = [] {
+        questions["recorded"] = [] { // the heights
             std::string heights;
-            for (std::size_t record = 0; record < static_cast<std::size_t>(LogCount); ++record) {
-                heights += (record == 0 ? "" : " ") + ShortestText(LogRows[record].Height);
+            for (const auto& row : LogRows) {
+                heights += (heights.empty() ? "" : " ") + ShortestText(row.Height);
             }
             return heights;
         };
+        actions["paste"] = [this] { Box("txtInputA").insert("700"); }; // by the mouse
+    }
+    void SetUp() override {
+        Start();
         m_folded = Window().height();
     }
 
     int m_folded = 0;
 };
+
+TEST_F(Lite, TheFirstStart) {
+    EndProgram();
+    fs::remove(File("User.cfg"));
+    Desktop().AskByMessageBox = [&](const MessageRequest& request) {
+        EXPECT_TRUE(QApplication::topLevelWidgets().empty() && desktop.Log.empty()) << "before all else";
+        EXPECT_EQ(request.Title, "Defaults Set");
+        return MessageAnswer::Ok;
+    };
+    Start();
+    EXPECT_TRUE(fs::exists(File("User.cfg")));
+    Play("| bases: 0.8 (5) (0.8) (5) (500) (5); text txtInputA: ; text txtInputB: ; focus: txtInputB; table: "
+         "blank");
+    const QRect frame = Window().frameGeometry();
+    EXPECT_EQ(frame.topRight(), QPoint(Window().screen()->geometry().right(), 20));
+    EXPECT_EQ(Window().minimumSize(), Window().maximumSize()) << "the frame can't be dragged to another size";
+}
+
+TEST_F(Lite, StartsWithTheSettingsOfTheFile) {
+    SettingsRecord settings;
+    settings.MaxLPM = 1.25;
+    settings.MaxVelocity = 1234.5;
+    settings.Analysis = 0.00002;
+    const std::tuple<int, const char*, const char*> rows[] = {
+        {0, ".",
+         "basis: 0; bases: 1.25 (1234.5) (1.25) (1234.5) (0.00002) (1234.5); text lblInputA: Flow &Rate "
+         "(L/s)"},
+        {2, ",",
+         "basis: 2; bases: (1,25) (1234,5) 1,25 1234,5 (0,00002) (1234,5); text lblInputA: Flow &Rate (L/s)"},
+        {4, ",", "basis: 4; checked optCalcBasis(4): true; text lblInputA: &Width (mm)"},
+        {5, ",", "basis: 0; checked optCalcBasis(0): true; text lblInputA: Flow &Rate (L/s)"},
+        {-1, ",", "basis: 0; checked optCalcBasis(0): true"}};
+    for (const auto& [basis, mark, seen] : rows) {
+        EndProgram();
+        SetNumberLocale({.DecimalMark = mark, .GroupMark = ""});
+        settings.CalcBasis = static_cast<std::int16_t>(basis);
+        WriteSettingsFile(settings);
+        Start();
+        Play(std::string("| focus: txtInputB; ") + seen);
+        EXPECT_EQ(Settings.MaxVelocity, 1234.5);
+    }
+}
+
+TEST_F(Lite, TypedTargetsChangeTheMemoryAlone) {
+    const std::string saved = ReadFile(File("User.cfg"));
+    Play("@cmdMoreInfo txtCalcBasis(0)=1.5 Alt+V 6.25 Alt+C 9 Alt+A 9 Alt+A 9 | basis: 4");
+    EXPECT_EQ(Settings.MaxLPM, 1.5);
+    EXPECT_EQ(Settings.MaxVelocity, 6.25);
+    EXPECT_EQ(Settings.Analysis, 500);
+    EndProgram();
+    EXPECT_EQ(ReadFile(File("User.cfg")), saved);
+}
 
 TEST_F(Lite, FiveDuctsAndTheirLamps) {
     Play(R"(300 Tab | focus: txtInputA
@@ -55,13 +120,11 @@ TEST_F(Lite, CharactersClearTheResults) {
         for (const std::string key : {"7", "x", "Space", "Backspace", "Escape", "Ctrl+C"}) {
             Play("!fill " + box + key + " | table: blank");
         }
-        for (const std::string key : {"Delete", "Left", "Right", "Home", "End", "PgUp", "F5", "Tab"}) {
+        for (const std::string key :
+             {"Delete", "Left", "Right", "Home", "End", "PgUp", "F5", "Tab", "!paste"}) {
             Play("!fill " + box + key + " | table: filled");
         }
     }
-    Play("!fill");
-    Box("txtInputA").insert("700"); // as the mouse pastes
-    Play("| table: filled");
 }
 
 TEST_F(Lite, EnteringABoxSelectsItsText) {
@@ -76,8 +139,7 @@ TEST_F(Lite, EnterCalculatesFromEveryBox) {
     Play(R"(@cmdMoreInfo txtInputA=500 txtInputB=300
         @txtInputA Return | selected: txtInputA 500; table: filled
         @txtInputB Return | selected: txtInputA 500; table: filled
-        @optCalcBasis(1) @txtCalcBasis(1) | table: blank
-        Return | selected: txtInputA 500; table: filled
+        @optCalcBasis(1) @txtCalcBasis(1) Return | selected: txtInputA 500; table: filled
         @optCalcBasis(2) @txtCalcBasis(2) Return | selected: txtInputA 500; table: filled
         @txtCalcBasis(9) Return | selected: txtInputA 500; table: filled
         @optCalcBasis(3) @txtCalcBasis(3) Return | table: 500 300 3.54 0.35 #00ff00, round 425 3.52 0.35
@@ -105,15 +167,15 @@ TEST_F(Lite, CopyOfTheResults) {
 // A click on the option that is on is a click, too.
 TEST_F(Lite, ABasisMovesBoxesCaptionAndFocus) {
     Play(R"(@cmdMoreInfo !fill
-        @optCalcBasis(0) | basis: 0; table: blank; selected: txtCalcBasis(0) 0.8; enabled: 0
+        @optCalcBasis(0) | basis: 0; table: blank; selected: txtCalcBasis(0) 0.8
         | tabs: txtInputB txtInputA txtCalcBasis(0)
-        !fill @optCalcBasis(1) | basis: 1; table: blank; selected: txtCalcBasis(1) 5; enabled: 1
-        | tabs: txtInputB txtInputA txtCalcBasis(1)
-        @optCalcBasis(2) | basis: 2; selected: txtCalcBasis(2) 0.8; enabled: 29; text lblInputA: Flow &Rate (L/s)
-        | tabs: txtInputB txtInputA txtCalcBasis(2) txtCalcBasis(9)
-        @optCalcBasis(3) | basis: 3; selected: txtCalcBasis(3) 500; enabled: 3; text lblInputA: &Width (mm)
-        | tabs: txtInputB txtInputA txtCalcBasis(3)
-        @optCalcBasis(4) | basis: 4; selected: txtCalcBasis(4) 5; enabled: 4; text lblInputA: &Width (mm)
+        !fill @optCalcBasis(1) | basis: 1; table: blank; selected: txtCalcBasis(1) 5
+        | bases: (0.8) 5 (0.8) (5) (500) (5); tabs: txtInputB txtInputA txtCalcBasis(1)
+        @optCalcBasis(2) | basis: 2; selected: txtCalcBasis(2) 0.8; text lblInputA: Flow &Rate (L/s)
+        | bases: (0.8) (5) 0.8 5 (500) (5); tabs: txtInputB txtInputA txtCalcBasis(2) txtCalcBasis(9)
+        @optCalcBasis(3) | basis: 3; selected: txtCalcBasis(3) 500; text lblInputA: &Width (mm)
+        | bases: (0.8) (5) (0.8) (5) 500 (5); tabs: txtInputB txtInputA txtCalcBasis(3)
+        @optCalcBasis(4) | basis: 4; selected: txtCalcBasis(4) 5; text lblInputA: &Width (mm)
         | text txtInputA: 500; text txtInputB: 300; tabs: txtInputB txtInputA txtCalcBasis(4)
         @optCalcBasis(1) | text lblInputA: Flow &Rate (L/s)
         @cmdMoreInfo | tabs: txtInputB txtInputA
@@ -158,6 +220,42 @@ TEST_F(Lite, ResultsArePainted) {
     Play("5");
     EXPECT_EQ(pictures(), blank);
     EXPECT_NE(lampColour(), QColor(0, 255, 0));
+}
+
+TEST_F(Lite, EntriesLeadOutOfTheWindow) {
+    const auto open = [this](const std::string& what) {
+        desktop.Log.push_back(what + (Window().isVisible() ? " beside it" : ""));
+    };
+    Window().OpenProjectSolver = [&] { open("solver"); };
+    Window().ShowOptions = [&] { open("options"); };
+    Play("!fill ?Ok F1 ?Ok mnuHelp>mnuHelpManual mnuEdit>mnuEditOptions\n"
+         "Alt+E o | focus: txtInputA\n" // a menu takes the focus only for a while
+         "mnuFile>mnuFileMajor");
+    const std::string help =
+        "For help with Plenair, you should consult the user manual, which is available free of charge, and "
+        "should accompany the installation package to be included in the program directory.\n\nCall me "
+        "(Corin) if you need another copy.  Contact details are under \"About Plenair\" from the Help menu.";
+    EXPECT_EQ(InWords(desktop.Messages().at(0)), "Plenair: " + help + " [Ok Information]");
+    Window().show();
+    Play("| table: filled");
+    EXPECT_EQ(Ask("log"),
+              "message: " + help + ", message: " + help + ", options beside it, options beside it, solver");
+}
+
+TEST_F(Lite, AlwaysOnTopComesAndGoes) {
+    const QRect place = Window().frameGeometry();
+    QAction& entry = Find<QAction>("mnuViewOnTop");
+    QWidget other; // the window that the user is in
+    other.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    for (const bool on : {true, false, true, false}) {
+        entry.trigger();
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(entry.isChecked() == on && Window().isVisible());
+        EXPECT_EQ(Window().windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint), on);
+        EXPECT_TRUE(other.isActiveWindow()) << "it never takes the keyboard";
+        EXPECT_EQ(Window().frameGeometry(), place);
+    }
 }
 
 } // namespace

@@ -70,8 +70,10 @@ TEST_F(Options, OkStoresSavesAndRefreshesTheWindow) {
     });
     EXPECT_EQ(Settings.DefPath, "/no,\"folder\"");
     EXPECT_EQ(Settings.RoundOff, 24) << "halves go to even";
-    Play("| saved: \"/no,\"\"folder\"\"\"|2|1.5|6|1000|24|-3|0.0003|0.004|; bases: 1,5 6 1,5 1000 4,4 6"
-         "; checked optCalcBasis(2): true; selected: txtInputA 500");
+    Play("| saved: \"/no,\"\"folder\"\"\"|2|1.5|6|1000|24|-3|0.0003|0.004|; checked optCalcBasis(2): true; "
+         "selected: txtInputA 500\n"
+         "| text txtCalcBasis(0): 1,5; text txtCalcBasis(1): 6; text txtCalcBasis(2): 1,5\n"
+         "| text txtCalcBasis(9): 6; text txtCalcBasis(3): 1000; text txtCalcBasis(4): 4,4");
 }
 
 TEST_F(Options, OkThatChangesOnlyTheBasisBlanksTheTable) {

@@ -111,20 +111,6 @@ WindowTest::WindowTest() {
     };
     questions["table"] = [this] { return Table(); };
     questions["basis"] = [] { return std::to_string(Settings.CalcBasis); };
-    questions["bases"] = [this] {
-        std::string texts;
-        for (const int index : {0, 1, 2, 3, 4, 9}) {
-            texts += (index == 0 ? "" : " ") + Box(Indexed("txtCalcBasis", index)).Text();
-        }
-        return texts;
-    };
-    questions["enabled"] = [this] {
-        std::string enabled;
-        for (const int index : {0, 1, 2, 9, 3, 4}) {
-            enabled += Box(Indexed("txtCalcBasis", index)).isEnabled() ? std::to_string(index) : "";
-        }
-        return enabled;
-    };
     questions["log"] = [this] { return desktop.LogInOneLine(); };
 }
 

@@ -1,0 +1,215 @@
+#include "core/windows/frmInputs.h"
+#include "extras/windows/frmAbout.h"
+#include "platform/qt/FormFont.h"
+#include "platform/qt/ReadableStyle.h"
+#include "platform/qt/Twips.h"
+#include "windows/WindowTest.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QRadioButton>
+#include <QRegularExpression>
+#include <QStyle>
+
+namespace {
+
+// A window, its controls in the order of their making and its menus: name, place and size in pixels, font,
+// how it takes the focus, its texts, and whether it can be seen. One to a line.
+std::string Described(QWidget& window) {
+    std::ostringstream all;
+    const auto write = [&](const QVariant& text) {
+        const std::string words = text.toString().replace('\n', '/').toStdString();
+        all << (words.empty() ? "" : " ") << words;
+    };
+    all << window.objectName().toStdString() << std::hex << ' ' << int(window.windowFlags()) << std::dec;
+    write(window.windowTitle());
+    all << '\n';
+    for (const QWidget* control :
+         window.findChildren<QWidget*>(QRegularExpression("^(?!qt_|mnu)[a-z]+[A-Z]"))) {
+        const QRect place = control->geometry();
+        const QFont font = control->font();
+        all << control->objectName().toStdString() << ' ' << place.x() << ',' << place.y() << ' '
+            << place.width() << 'x' << place.height() << ' ' << font.pointSizeF() << (font.bold() ? "b" : "")
+            << (font.italic() ? "i" : "") << ' ' << control->focusPolicy()
+            << (control->isEnabled() ? "" : "-") << (control->isVisibleTo(&window) ? "" : " hidden");
+        for (const char* text :
+             {"text", "toolTip", "accessibleName", "alignment", "maxLength", "minimum", "maximum"}) {
+            write(control->property(text));
+        }
+        all << '\n';
+    }
+    for (const QMenu* menu : window.findChildren<QMenu*>()) {
+        EXPECT_TRUE(menu->font() == window.font()) << menu->objectName().toStdString();
+    }
+    for (const QAction* action : window.findChildren<QAction*>(QRegularExpression("^mnu"))) {
+        all << action->objectName().toStdString() << (action->isEnabled() ? "" : "-")
+            << (action->isCheckable() ? "+" : "");
+        write(action->text());
+        write(action->shortcut().toString());
+        all << '\n';
+    }
+    return all.str();
+}
+
+class Looks : public SolverTest {
+  protected:
+    ~Looks() override { SetFormScale(1); }
+};
+
+TEST_F(Looks, WindowsStandAsInTheTable) {
+    OpenSolver();
+    std::string all = Described(Window()) + Described(Solver()) + Described(Sheet());
+    frmInputs options;
+    frmAbout about;
+    all += Described(options) + Described(about);
+    const std::string& folder = m_environment.Folder().Path();
+    all.replace(all.find(folder), folder.size(), "FOLDER");
+    const std::string table = PLENAIR_SOURCES "/windows/layout.txt";
+    if (qEnvironmentVariableIsSet("PLENAIR_WRITE_LAYOUT")) {
+        WriteFile(table, all);
+    }
+    EXPECT_EQ(all, ReadFile(table));
+}
+
+TEST_F(Looks, EveryTextFitsItsControl) {
+    for (const double scale : {1.0, 16 / 8.25}) { // as drawn, and for letters of 16 points
+        SetFormScale(scale);
+        OpenSolver();
+        const int indicator = Window().style()->pixelMetric(QStyle::PM_ExclusiveIndicatorWidth) + 6;
+        int seen = 0;
+        for (const char* one : {"cmdMoreInfo", "picGrid", "txtParam(1)"}) {
+            for (QWidget* control : Find(one).window()->findChildren<QWidget*>()) {
+                const bool isBox = qobject_cast<TextBox*>(control) != nullptr;
+                const bool isButton = qobject_cast<Button*>(control) != nullptr;
+                const bool isOption = qobject_cast<QRadioButton*>(control) != nullptr;
+                const QString text = isBox ? "1234.5" : control->property("text").toString().remove('&');
+                const QFontMetrics font = control->fontMetrics();
+                const int beside = isBox ? 6 : isOption ? indicator : isButton ? 4 : 0;
+                const QSize needed(font.horizontalAdvance(text) + beside,
+                                   isButton ? font.ascent() + 2 : font.height());
+                if (!text.isEmpty()) {
+                    EXPECT_EQ(needed.boundedTo(control->size()), needed)
+                        << control->objectName().toStdString();
+                    ++seen;
+                }
+            }
+        }
+        EXPECT_EQ(seen, 45);
+        const auto& grid = Find<MSFlexGrid>("grdMinorCalc");
+        EXPECT_LE(grid.fontMetrics().horizontalAdvance("62825") + 3, ToPixelsX(grid.ColWidth(0)));
+        EndProgram();
+    }
+}
+
+TEST_F(Looks, LargeLettersEnlargeTheFormsAsFarAsTheScreenGoes) {
+    const std::tuple<double, double, double, double> rows[] = {
+        {8, 28800, 16200, 1},          {9, 28800, 16200, 1},
+        {11, 28800, 16200, 1},         {16, 28800, 16200, 16 / 8.25},
+        {12, 28800, 16200, 12 / 8.25}, {16, 13950, 16200, 1.5},
+        {16, 28800, 10350, 1.5},       {16, 9000, 6000, 1}};
+    for (const auto& [points, width, height, scale] : rows) {
+        EXPECT_DOUBLE_EQ(FormScaleFor(points, width, height), scale) << points << " on " << width;
+    }
+}
+
+// Palettes as themes give them: background of windows, of boxes, ink, and disabled ink.
+struct Theme {
+    const char* Window;
+    const char* Base;
+    const char* Ink;
+    const char* Disabled;
+    bool IsStrong;
+
+    QPalette Palette() const {
+        const QColor ink(Ink);
+        QPalette palette(ink, QColor(Window), Qt::white, Qt::black, Qt::gray, ink, Qt::white, QColor(Base),
+                         QColor(Window));
+        for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+            palette.setColor(QPalette::Disabled, role, Disabled);
+        }
+        return palette;
+    }
+};
+
+const Theme kThemes[] = {{"#efefef", "#ffffff", "#000000", "#bebebe", false},
+                         {"#31363b", "#1b1e20", "#fcfcfc", "#4d5052", true},
+                         {"#000000", "#000000", "#ffffff", "#202020", true},
+                         {"#ffffff", "#ffffff", "#000000", "#e0e0e0", true}};
+
+// The pixels of two pictures of one size, or of a picture and a background, that are told apart by that
+// contrast.
+int Apart(const QImage& one, const QImage& other, double contrast) {
+    int apart = 0;
+    for (int pixel = 0; pixel < one.width() * one.height(); ++pixel) {
+        const QPoint at(pixel % one.width(), pixel / one.width());
+        apart += Contrast(one.pixelColor(at), other.pixelColor(at)) >= contrast ? 1 : 0;
+    }
+    return apart;
+}
+
+TEST_F(Looks, ButtonsOnAndOffAndTheFocusOnEachAreToldApart) {
+    for (const Theme& theme : kThemes) {
+        QWidget window;
+        window.setPalette(theme.Palette());
+        ToggleButton button(ToggleButton::Kind::CheckBox, "button", &window);
+        button.SetIcon("solver/labels", "Labels");
+        button.resize(27, 27);
+        window.show();
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        std::vector<QImage> looks;
+        for (const int look : {0, 1, 2, 3}) {
+            button.SetOn(look % 2 == 1);
+            look < 2 ? button.clearFocus() : button.setFocus();
+            for (const QImage& other : looks) {
+                EXPECT_GT(Apart(button.grab().toImage(), other, 1.5), 80) << theme.Window << ' ' << look;
+            }
+            looks.push_back(button.grab().toImage());
+        }
+    }
+}
+
+TEST_F(Looks, DisabledTextsAndLinesInEveryTheme) {
+    for (const Theme& theme : kThemes) {
+        SCOPED_TRACE(theme.Window);
+        QPalette palette = theme.Palette();
+        ReadableStyle style;
+        EXPECT_EQ(NeedsStrongLines(palette), theme.IsStrong);
+        style.polish(palette);
+        for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+            for (const auto ground : {QPalette::Window, QPalette::Base, QPalette::Button}) {
+                EXPECT_GE(Contrast(palette.color(QPalette::Disabled, role),
+                                   palette.color(QPalette::Disabled, ground)),
+                          3);
+            }
+            EXPECT_EQ(palette.color(QPalette::Active, role), QColor(theme.Ink));
+        }
+        TextBox box("box", nullptr);
+        Option option("option", QString(), nullptr); // off
+        MSFlexGrid grid("grid", 2, 2, nullptr);
+        const std::pair<QWidget*, const char*> controls[] = {
+            {&box, theme.Base}, {&option, theme.Window}, {&grid, theme.Base}};
+        for (const auto& [control, ground] : controls) {
+            control->setPalette(palette);
+            control->resize(60, 20);
+            const QImage picture = control->grab().toImage();
+            QImage plain = picture;
+            plain.fill(QColor(ground));
+            EXPECT_GT(Apart(picture, plain, theme.IsStrong ? 3 : 1.5), 0)
+                << control->objectName().toStdString();
+        }
+    }
+    TextBox box("box", nullptr);
+    const auto look = [&box](const char* number) {
+        box.SetText(number);
+        return box.grab().toImage();
+    };
+    for (int width = 44; width < 60; ++width) {
+        box.resize(width, 20);
+        EXPECT_EQ(look("12345671111111"), look("12345678888888")) << "nothing behind the ellipsis";
+    }
+    EXPECT_NEAR(Contrast(Qt::black, Qt::white), 21, 1e-9);
+    EXPECT_NEAR(Contrast(QColor("#767676"), Qt::white), 4.54, 0.01);
+}
+
+} // namespace

@@ -1,0 +1,163 @@
+#include "platform/files/Folders.h"
+#include "platform/qt/ConnectDesktop.h"
+#include "platform/qt/FileDialogs.h"
+#include "platform/qt/MessageBoxes.h"
+#include "platform/qt/OtherPrograms.h"
+#include "platform/text/DateText.h"
+#include "windows/WindowTest.h"
+
+#include <QLineEdit>
+#include <QLocale>
+#include <QMessageBox>
+
+namespace {
+
+// The desktop's own services in place of the scripted ones.
+class Services : public WindowTest {
+  protected:
+    Services() { dialogsExpected = true; }
+
+    // Chooses a menu entry and does the steps in the dialogs that follow: the name of a file, or what a
+    // message tells and the answer to it.
+    void Choose(const std::string& entry,
+                const std::vector<std::pair<std::string, QMessageBox::StandardButton>>& steps) {
+        std::vector<DialogStep> all;
+        for (const auto& step : steps) {
+            all.emplace_back([&](QWidget& dialog) {
+                if (auto* const box = qobject_cast<QMessageBox*>(&dialog)) {
+                    EXPECT_EQ(box->text().toStdString(), m_environment.Folder().Path() + step.first);
+                    QTest::mouseClick(box->button(step.second), Qt::LeftButton);
+                } else {
+                    auto* const name = dialog.findChild<QLineEdit*>();
+                    name->setText(QString::fromStdString(step.first));
+                    QTest::keyClick(name, Qt::Key_Return);
+                }
+            });
+        }
+        WorkOn([&] { Play("mnuFile>" + entry); }, all);
+    }
+};
+
+TEST_F(Services, FileDialogs) {
+    Start();
+    Desktop().ShowDialog = ShowFileDialog;
+    const char* const question = "/old.pnl already exists.\nDo you want to replace it?";
+    Play("!fill @cmdLog(2)");
+    Choose("mnuFileLog", {});
+    Play("| enabled mnuFileLog: true"); // cancelled
+    WriteFile(File("old.pnl"), "old");
+    Play("?Ok");
+    Choose("mnuFileLog", {{"old", {}}, {question, QMessageBox::No}, {"my \"new\"", {}}});
+    EXPECT_EQ(ReadFile(File("old.pnl")), "old");
+    EXPECT_TRUE(ReadFile(File("my \"new\".pnl")).ends_with("500\t375\t300\t1.3\t4.68\t0.69\t0\r\n"));
+    EXPECT_EQ(CurrentFolder(), m_environment.Folder().Path());
+    Play("@cmdLog(2) ?Ok");
+    Choose("mnuFileLog", {{"old.pnl", {}}, {question, QMessageBox::Yes}});
+    EXPECT_EQ(ReadFile(File("old.pnl")), ReadFile(File("my \"new\".pnl"))) << "replaced, nothing is appended";
+
+    const std::string other = File("other");
+    fs::create_directory(other);
+    WriteFile(other + "/my log.pnl", "");
+    WriteFile(other + "/plain", "");
+    desktop.Log.clear();
+    Choose("mnuFileLogOpen", {{other + "/my log", {}}});
+    Choose("mnuFileLogOpen", {{"plain", {}}}); // the dialog opens in the last folder
+    Play("| log: editor " + other + "/my log.pnl, editor " + other + "/plain");
+    EXPECT_EQ(Settings.DefPath, other);
+    EXPECT_EQ(NameFilters("Plenair Logs (*.pnl)|*.pnl|Both|*.gsp;*.*|rest").join('|'),
+              "Plenair Logs (*.pnl) (*.pnl)|Both (*.gsp *)");
+}
+
+TEST_F(Services, MessageBoxes) {
+    Desktop().AskByMessageBox = AskByMessageBox;
+    constexpr auto kEscape = QMessageBox::NoButton;
+    const std::tuple<MessageButtons, QMessageBox::StandardButton, MessageAnswer> presses[] = {
+        {MessageButtons::Ok, QMessageBox::Ok, MessageAnswer::Ok},
+        {MessageButtons::Ok, kEscape, MessageAnswer::Ok},
+        {MessageButtons::OkCancel, QMessageBox::Ok, MessageAnswer::Ok},
+        {MessageButtons::OkCancel, kEscape, MessageAnswer::Cancel},
+        {MessageButtons::YesNo, QMessageBox::Yes, MessageAnswer::Yes},
+        {MessageButtons::YesNo, kEscape, MessageAnswer::No},
+        {MessageButtons::YesNoCancel, QMessageBox::No, MessageAnswer::No},
+        {MessageButtons::YesNoCancel, kEscape, MessageAnswer::Cancel},
+        {MessageButtons::RetryCancel, QMessageBox::Retry, MessageAnswer::Retry}};
+    int row = 0;
+    for (const auto& press : presses) {
+        const int icon = row++ % 5; // none, critical, question, exclamation, information
+        const QMessageBox::Icon shown[] = {QMessageBox::NoIcon, QMessageBox::Critical, QMessageBox::Question,
+                                           QMessageBox::Warning, QMessageBox::Information};
+        const auto answer = [&](QWidget& dialog) {
+            auto& box = dynamic_cast<QMessageBox&>(dialog);
+            EXPECT_EQ(box.windowTitle() + "|" + box.text(), "T|a <b>\nc");
+            EXPECT_EQ(box.textFormat(), Qt::PlainText);
+            EXPECT_EQ(box.icon(), shown[icon]);
+            std::get<1>(press) == kEscape ? QTest::keyClick(&box, Qt::Key_Escape)
+                                          : QTest::mouseClick(box.button(std::get<1>(press)), Qt::LeftButton);
+        };
+        const MessageRequest request{"a <b>\nc", "T", std::get<0>(press),
+                                     static_cast<MessageIcon>(16 * icon)};
+        MessageAnswer given = {};
+        WorkOn([&] { given = ShowMessage(request); }, {answer});
+        EXPECT_EQ(given, std::get<2>(press)) << row;
+    }
+}
+
+TEST_F(Services, DatesOfLocales) {
+    const std::pair<const char*, const char*> rows[] = {
+        {"en_GB", "08-Nov-26"}, {"en_US", "Nov-08-26"}, {"ja_JP", "26-11月-08"}};
+    for (const auto& [name, text] : rows) {
+        SetDateLocale(DatesOf(QLocale(name)));
+        EXPECT_EQ(MediumDate({2026, 11, 8, 0, 0, 0, 0}), text) << name;
+    }
+    SetDateLocale({});
+}
+
+// Scripts stand in for all programs of the desktop, whose own can't be found. Each notes its name and its
+// arguments.
+TEST_F(Services, TheEditorAndThePlayerAreThoseOfTheDesktop) {
+    std::map<const char*, QByteArray> before;
+    for (const char* name : {"PATH", "XDG_DATA_HOME", "XDG_DATA_DIRS", "XDG_CONFIG_HOME", "XDG_CONFIG_DIRS",
+                             "XDG_CURRENT_DESKTOP"}) {
+        before[name] = qgetenv(name);
+        qputenv(name, m_environment.Folder().Path().c_str());
+    }
+    qputenv("XDG_CURRENT_DESKTOP", "Some:Desk");
+    const auto add = [&](const std::string& name, const std::string& does) {
+        WriteFile(File(name), "#!/bin/sh\n" + does + "\n");
+        fs::permissions(File(name), fs::perms::owner_all);
+    };
+    const std::string part = "'" + File("part") + "'";
+    for (const char* name : {"gnome-text-editor", "notes", "x-terminal-emulator", "aplay"}) {
+        add(name, "(printf '%s' \"${0##*/}\"; for a; do printf '[%s]' \"$a\"; done) > " + part +
+                      "; /bin/mv " + part + " '" + File("note") + "'");
+    }
+    questions["noted"] = [&] {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return fs::exists(File("note")); }));
+        const std::string text = ReadFile(File("note"));
+        fs::remove(File("note"));
+        return text;
+    };
+    const std::string log = "/logs/my $log; \"1\".pnl";
+    EXPECT_TRUE(EditByOtherProgram(log));
+    EXPECT_EQ(Ask("noted"), "gnome-text-editor[" + log + "]"); // the desktop names none
+    add("xdg-mime", "exec /bin/sleep 60"); // nothing of the desktop's that may hang is asked
+    fs::create_directory(File("applications"));
+    WriteFile(File("applications/notes.desktop"), "[Desktop Entry]\nExec=notes --new %f\nTerminal=true\n");
+    WriteFile(File("desk-mimeapps.list"), "[Default Applications]\ntext/plain=gone.desktop;notes.desktop\n");
+    EXPECT_TRUE(EditByOtherProgram(log));
+    EXPECT_EQ(Ask("noted"), "x-terminal-emulator[-e][notes][--new][" + log + "]");
+    add("Gus \"1\".psg", "");
+    add("paplay", "exit 1"); // and pw-play isn't there
+    PlayByOtherProgram(File("Gus \"1\".psg"));
+    EXPECT_EQ(Ask("noted"), "aplay[--quiet][--nonblock][" + File("Gus \"1\".psg") + "]");
+    PlayByOtherProgram(File("missing.psg"));
+    qputenv("PATH", File("applications").c_str());
+    PlayByOtherProgram(File("Gus \"1\".psg")); // silence
+    EXPECT_FALSE(EditByOtherProgram(log));
+    Play("| log: beep");
+    for (const auto& [name, value] : before) {
+        value.isNull() ? qunsetenv(name) : qputenv(name, value);
+    }
+}
+
+} // namespace
