@@ -17,6 +17,12 @@
 
 namespace plenair {
 
+namespace {
+
+const std::string kAnAnswer = "an answer to ";
+
+} // namespace
+
 DesktopTest::DesktopTest() {
     Desktop().Clock = {}; // the program has the real one
     SetRegistryFile(File("config/plenair/registry"));
@@ -79,7 +85,7 @@ std::string DesktopTest::Ask(const std::string& question) {
         pollfd ready = {m_socket, POLLIN, 0};
         char buffer[4096];
         if (poll(&ready, 1, PatienceSeconds * 1000) == 0) {
-            GiveUp("an answer to " + question);
+            GiveUp(kAnAnswer + question);
         }
         const auto count = read(m_socket, buffer, sizeof buffer);
         if (count <= 0) {
@@ -235,9 +241,11 @@ void DesktopTest::GiveUp(const std::string& missed) {
     const char* picture = "/plenair-desktop-";
     const std::string path = std::filesystem::temp_directory_path().string() + picture +
                              test->test_suite_name() + "-" + test->name() + ".png";
-    throw std::runtime_error("waited in vain for " + missed + "\n  " + m_steps + "\nwindows, lowest first: " +
-                             TheScreen().Windows() + "\npicture: " + TheScreen().SavePicture(path) +
-                             "\nthe program said: " + ReadFile(File("output")));
+    throw std::runtime_error(
+        "waited in vain for " + missed + "\n  " + m_steps +
+        "\nwindows, lowest first: " + TheScreen().Windows() +
+        "\nas the program has them: " + (missed.starts_with(kAnAnswer) ? "unknown" : Ask("windows")) +
+        "\npicture: " + TheScreen().SavePicture(path) + "\nthe program said: " + ReadFile(File("output")));
 }
 
 } // namespace plenair

@@ -295,6 +295,8 @@ TEST_F(Places, WhatAsksStandsAboveTheSheetThatStandsAboveAllElse) {
             EXPECT_LT(Level(Find("Duct Parameters")), Level(question)) << button;
             TheScreen().Button(1, down);
         }
+        AwaitThat("the window manager is done with the clicks",
+                  [this] { return TheScreen().IsPointerFree() && IsSettled(); });
         if (button == std::string("cmdMajorOptions")) {
             EXPECT_EQ(question, Find("Options"));
             EXPECT_TRUE(HasState(question, "_NET_WM_STATE_SKIP_TASKBAR"));
