@@ -75,15 +75,14 @@ class DialogWatcher : public QObject {
 
   private:
     void StandAbove(QWindow& dialog) {
-        QWindow* const owner = dialog.transientParent();
-        QWindow* const highest = HighestOn(owner);
-        if (highest == owner) {
+        const QPointer<QWindow> owner(dialog.transientParent());
+        if (owner == nullptr) {
             return;
         }
-        dialog.setTransientParent(highest);
-        // A dialog that is shown again finds the sheet anew.
+        dialog.setTransientParent(HighestOn(owner));
         auto* const untilHidden = new QObject(this);
-        const auto goBack = [=, window = &dialog, owner = QPointer<QWindow>(owner)](bool isVisible) {
+        // A dialog that is shown again finds the sheet anew.
+        const auto goBack = [=, window = &dialog](bool isVisible) {
             if (!isVisible) {
                 untilHidden->deleteLater();
                 if (owner != nullptr) {
@@ -93,6 +92,13 @@ class DialogWatcher : public QObject {
             }
         };
         connect(&dialog, &QWindow::visibleChanged, untilHidden, goBack);
+        if (QGuiApplication::platformName() == "xcb") {
+            // Its window manager knows by now. The toolkit would give the keyboard by force to a window on
+            // which it knows a dialog to stand when that window is clicked, and then it would be nobody's.
+            QMetaObject::invokeMethod(
+                untilHidden, [window = &dialog] { window->setTransientParent(nullptr); },
+                Qt::QueuedConnection);
+        }
     }
 };
 
