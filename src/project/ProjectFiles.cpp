@@ -180,8 +180,9 @@ bool AskBeforeClosing(const ProjectWindows& windows) {
     const MessageAnswer answer = ShowMessage(
         {"Do you wish to save the current project?", "Close Project Solver", MessageButtons::YesNoCancel});
     // The solver closes whatever comes of it.
-    if (answer == MessageAnswer::Yes && SaveAsChosen(windows) == SaveEnd::Failed && KeepAtOnce()) {
-        LeaveKept(); // the user believes it saved
+    if (answer == MessageAnswer::Yes && SaveAsChosen(windows) == SaveEnd::Failed) {
+        KeepAtOnce(); // where the disk is full, what was kept before has to do
+        LeaveKept();  // the user believes it saved
     }
     return answer != MessageAnswer::Cancel;
 }
