@@ -32,22 +32,6 @@ class Work : public DesktopTest {
     }
 };
 
-TEST_F(Work, AFollowOnIsTakenBackFromEitherWindow) {
-    DrawTwo();
-    Play(R"(@txtParam(1) | focus: txtParam(1)
-        100 Return @scrDuctNo @scrDuctNo:-4,6 | text lblDuctNo: R2; text txtParam(1): 100
-        @txtParam(1) | focus: txtParam(1)
-        200 Return @scrDuctNo:4,6 | text lblDuctNo: R1; text txtParam(1): 100
-        @txtParam(1) | focus: txtParam(1)
-        300 Return Down Control+z | text lblDuctNo: R1; text txtParam(1): 100
-        @scrDuctNo:-4,6 | text lblDuctNo: R2; text txtParam(1): 200
-        @txtParam(1) 77 Control+z | text lblDuctNo: R2; text txtParam(1): 200
-        @optDuct(0) | active: frmMajorCalc
-        Control+Shift+z | text lblDuctNo: R1; text txtParam(1): 300
-        Control+z Control+z | text lblDuctNo: R2; text txtParam(1): 100
-        Control+y | text lblDuctNo: R2; text txtParam(1): 200)");
-}
-
 TEST_F(Work, AfterACrashTheProjectIsBack) {
     const auto restore = [this] {
         Start();

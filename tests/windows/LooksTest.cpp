@@ -5,6 +5,7 @@
 #include "platform/qt/Twips.h"
 #include "windows/WindowTest.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QMenu>
 #include <QRadioButton>
@@ -157,6 +158,8 @@ TEST_F(Looks, ButtonsOnAndOffAndTheFocusOnEachAreToldApart) {
         window.show();
         window.activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        QImage ground(button.size(), QImage::Format_RGB32);
+        ground.fill(QColor(theme.Window));
         std::vector<QImage> looks;
         for (const int look : {0, 1, 2, 3}) {
             button.SetOn(look % 2 == 1);
@@ -166,7 +169,46 @@ TEST_F(Looks, ButtonsOnAndOffAndTheFocusOnEachAreToldApart) {
             }
             looks.push_back(button.grab().toImage());
         }
+        EXPECT_GT(Apart(looks[1], ground, 1.5), Apart(looks[0], ground, 1.5)) << "on is the stronger one";
     }
+}
+
+// Role, name and description of what a screen reader finds below a control, and where it says it is.
+std::string Spoken(QWidget& control) {
+    std::ostringstream all;
+    QAccessibleInterface* const owner = QAccessible::queryAccessibleInterface(&control);
+    for (int index = -1; index <= owner->childCount(); ++index) {
+        QAccessibleInterface* const item = owner->child(index);
+        if (item == nullptr) {
+            all << (index < 0 ? "" : ".");
+            continue;
+        }
+        EXPECT_TRUE(item == owner->child(index) && item->parent() == owner && item->isValid());
+        EXPECT_TRUE(item->state().readOnly);
+        EXPECT_EQ(owner->indexOfChild(item), index);
+        const QPoint place = control.mapFromGlobal(item->rect().topLeft());
+        all << item->text(QAccessible::Name).toStdString() << '|'
+            << item->text(QAccessible::Description).toStdString() << '|' << place.x() << ',' << place.y()
+            << ' ' << item->rect().width() << 'x' << item->rect().height()
+            << (item->state().invisible ? " hidden; " : "; ");
+    }
+    return all.str();
+}
+
+TEST_F(Looks, WhatAScreenReaderFinds) {
+    OpenSolver();
+    DrawRow("RC");
+    EXPECT_EQ(Spoken(Find("picGrid")),
+              "R1 rigid, from 1, 3 to 2, 3||0,0 787x730; C2 connection, from 2, 3 to 3, 3||0,0 787x730; .");
+    EXPECT_EQ(Spoken(Find("grdOtherShapes")),
+              "|Diameter in mm|0,0 50x17 hidden; ||50,0 51x17 hidden; |Velocity in m/s|101,0 50x17 hidden; "
+              "|Loss in Pa/m|151,0 50x17 hidden; .");
+    auto* table = QAccessible::queryAccessibleInterface(&Find("grdMinorCalc"))->tableInterface();
+    EXPECT_EQ(table->cellAt(4, 3)->tableCellInterface()->rowIndex(), 4);
+    EXPECT_EQ(table->cellAt(4, 3)->tableCellInterface()->columnIndex(), 3);
+    EXPECT_TRUE(table->cellAt(5, 0) == nullptr && table->cellAt(0, 4) == nullptr &&
+                table->cellAt(-1, 0) == nullptr);
+    EXPECT_EQ(table->columnDescription(3), "Loss in Pa/m");
 }
 
 TEST_F(Looks, DisabledTextsAndLinesInEveryTheme) {

@@ -132,7 +132,7 @@ TEST_F(Options, KeysGoThroughTheControls) {
             order,
             "txtDefPath optCalcBasis(0) txtMaxLPM txtMaxVelocity txtAnalysis txtRoundOff! txtFluidTemp! "
             "txtSurfaceRoughness1! cmdOK cmdCancel txtSurfaceRoughness2! txtDefPath ");
-        Play("Right | basis: 1\n@cmdCancel");
+        Play("Right | basis: 1\nLeft Down | basis: 2\n@cmdCancel");
     });
     EXPECT_TRUE(Window().isActiveWindow());
 }

@@ -132,7 +132,8 @@ TEST_F(Paper, TheDialogRefusesWhatIsNoFile) {
     dialogsExpected = true;
     for (const std::string name : {"pipe.pdf", "folder.pdf", "no/such/folder.pdf", "link.pdf"}) {
         printer.setOutputFileName(QString::fromStdString(File(name)));
-        PrintDialog dialog(&printer, 0);
+        PrintDialog dialog(&printer, kPrinterNoPageNumbers);
+        EXPECT_FALSE(dialog.findChild<QWidget*>("gbPrintRange")->isEnabled());
         const bool refused = name != "link.pdf";
         desktop.Expect(refused ? "?Ok" : "", m_environment.Folder());
         dialog.show();

@@ -93,10 +93,10 @@ TEST_F(SolverWindows, DrawingByTheMouse) {
 TEST_F(SolverWindows, DrawingByTheKeyboardAndItsColours) {
     OpenSolver();
     Play(R"(#3,2 | cross: #efefef
-        Ctrl+Right Space Ctrl+Left | cross: #c800c8
-        @chkLabels | cross: #ff0000
-        Tab Tab Tab Tab | focus: picGrid; cross: #c800c8
-        Escape Home Return PgDown Return | network: R 3,2-8,2 R 0,2-0,30
+        @chkLabels Tab Tab Tab Tab | focus: picGrid; cross: #c800c8
+        @chkLabels #3,2 | cross: #efefef
+        Right Left | cross: #c800c8
+        Ctrl+Right Space Escape Home Return PgDown Return | network: R 3,2-8,2 R 0,2-0,30
         !new)");
     DrawRow("RFC");
     Play(R"(| colours: #ff0000#0000ff#ffff00

@@ -32,6 +32,11 @@ void WorkOn(const std::function<void()>& open, const std::vector<DialogStep>& st
 // Object name of what has the focus; "nothing" if nothing has it.
 std::string Focused();
 
+// The colour of a pixel as #rrggbb.
+inline std::string ColourAt(const QImage& image, int x, int y) {
+    return image.pixelColor(x, y).name().toStdString();
+}
+
 // The Lite window, started as the program starts it. This month's reminder is done, and a settings file of
 // the defaults is there, unless a test does otherwise before Start.
 class WindowTest : public testing::Test {
@@ -113,11 +118,8 @@ class SolverTest : public WindowTest {
     // The solver with such a row of ducts and the sheet on the first of them.
     void OpenSheet(const std::string& types);
 
-    // What picGrid shows, and the colour of a pixel as #rrggbb.
+    // What picGrid shows.
     QImage Grid() const { return Find("picGrid").grab().toImage(); }
-    static std::string ColourAt(const QImage& image, int x, int y) {
-        return image.pixelColor(x, y).name().toStdString();
-    }
 
   private:
     QPointer<frmMajorCalc> m_solver;
