@@ -36,19 +36,23 @@ DesktopTest::~DesktopTest() {
     m_program.reset();
 }
 
-void DesktopTest::Start() {
+void DesktopTest::Start(const std::vector<std::string>& more) {
     // The program's folder is where its file lies, and no player or editor of this machine is in reach.
     std::filesystem::copy_file(PLENAIR_PROGRAM, File("plenair"),
                                std::filesystem::copy_options::skip_existing);
     std::vector<std::string> environment = TheScreen().Environment();
     int ends[2] = {};
     ASSERT_EQ(socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends), 0);
-    for (const std::string& setting :
-         {"HOME=" + File(""), "XDG_CONFIG_HOME=" + File("config"), "XDG_DATA_HOME=" + File("data"),
-          "XDG_STATE_HOME=" + File("state"), "PATH=" + File(""), std::string("QT_QPA_PLATFORM=xcb"),
-          std::string("QT_QPA_GENERIC_PLUGINS=plenairprobe"),
-          std::string("QT_PLUGIN_PATH=") + PLENAIR_PROBE_PLUGINS,
-          "PLENAIR_PROBE=" + std::to_string(ends[1])}) {
+    std::vector<std::string> settings = {"HOME=" + File(""),
+                                         "XDG_CONFIG_HOME=" + File("config"),
+                                         "XDG_DATA_HOME=" + File("data"),
+                                         "XDG_STATE_HOME=" + File("state"),
+                                         "PATH=" + File(""),
+                                         "QT_QPA_GENERIC_PLUGINS=plenairprobe",
+                                         std::string("QT_PLUGIN_PATH=") + PLENAIR_PROBE_PLUGINS,
+                                         "PLENAIR_PROBE=" + std::to_string(ends[1])};
+    settings.insert(settings.end(), more.begin(), more.end());
+    for (const std::string& setting : settings) {
         const std::string name = setting.substr(0, setting.find('=') + 1);
         std::erase_if(environment, [&](const std::string& other) { return other.starts_with(name); });
         environment.push_back(setting);

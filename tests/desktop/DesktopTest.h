@@ -19,8 +19,8 @@ class DesktopTest : public testing::Test {
     ~DesktopTest() override;
 
     // Starts the program in a folder of its own, with settings of the defaults and no reminder due, and waits
-    // for the Lite window.
-    void Start();
+    // for the Lite window. More of its environment may be given.
+    void Start(const std::vector<std::string>& more = {});
     // Ends it as a crash does; Start may follow.
     void Kill();
     int Disconnect(); // as when the X server goes; gives how the program ended

@@ -5,6 +5,7 @@
 #include <X11/Xutil.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <ostream>
 #include <sstream>
 
@@ -147,8 +148,8 @@ class Panel {
 // Where windows stand, as the X server sees it.
 class Places : public DesktopTest {
   protected:
-    void Start() {
-        DesktopTest::Start();
+    void Start(const std::vector<std::string>& more = {}) {
+        DesktopTest::Start(more);
         AwaitThat("Lite has the keyboard", [] { return HasKeyboard(Find("Plenair Lite")); });
     }
     void OpenSolver() {
@@ -305,6 +306,23 @@ TEST_F(Places, WhatAsksStandsAboveTheSheetThatStandsAboveAllElse) {
         }
         AwaitThat("it has its answer", [&] { return Level(question) < 0; });
     }
+}
+
+TEST_F(Places, OfAWaylandDesktopTheXServerIsTaken) {
+    if (!std::filesystem::exists("/usr/bin/weston")) {
+        GTEST_SKIP() << "weston is not installed";
+    }
+    const std::string socket = File("wayland");
+    const Child weston(
+        {"weston", "--backend=x11-backend.so", "--use-pixman", "--no-config", "--socket=" + socket},
+        TheScreen().Environment(), -1, File("weston.log"));
+    AwaitThat("the desktop is there", [&] { return std::filesystem::exists(socket); });
+    Start({"XDG_SESSION_TYPE=wayland", "WAYLAND_DISPLAY=" + socket});
+    Await("enabled mnuViewOnTop", "true");
+    Kill();
+    DesktopTest::Start({"DISPLAY=", "WAYLAND_DISPLAY=" + socket});
+    Await("enabled mnuViewOnTop", "false");
+    Await("toolTip mnuViewOnTop", "A Wayland desktop lets no program hold its window above the others.");
 }
 
 } // namespace

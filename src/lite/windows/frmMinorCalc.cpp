@@ -189,6 +189,11 @@ void frmMinorCalc::CreateMenus() {
     QMenu* mnuView = menu("mnuView", "View");
     mnuViewOnTop = AddEntry(mnuView, "mnuViewOnTop", "Always On &Top", &frmMinorCalc::mnuViewOnTop_Click);
     mnuViewOnTop->setCheckable(true);
+    if (!CanStayOnTop()) {
+        mnuViewOnTop->setEnabled(false);
+        mnuViewOnTop->setToolTip("A Wayland desktop lets no program hold its window above the others.");
+        mnuView->setToolTipsVisible(true);
+    }
     QMenu* mnuHelp = menu("mnuHelp", "Help");
     AddEntry(mnuHelp, "mnuHelpManual", "&Help!", &frmMinorCalc::mnuHelpManual_Click)->setShortcut(Qt::Key_F1);
     mnuHelp->addSeparator()->setObjectName("mnuHelp1");

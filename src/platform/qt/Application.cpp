@@ -26,13 +26,30 @@ class QuitWatcher : public QObject {
     }
 };
 
+constexpr const char* kPlatform = "QT_QPA_PLATFORM";
+
+// A Wayland desktop places windows itself and holds none above the others; its X server, where one answers,
+// lets the program do so. False where somebody has named a platform, which then counts.
+bool PreferX11() {
+#if defined(Q_OS_UNIX) && !defined(Q_OS_DARWIN)
+    return qEnvironmentVariableIsEmpty(kPlatform) &&
+           qputenv(kPlatform, qEnvironmentVariableIsEmpty("DISPLAY") ? "wayland;xcb" : "xcb;wayland");
+#else
+    return false;
+#endif
+}
+
 } // namespace
 
 int RunProgram(int argc, char** argv, void (*start)(), void (*end)()) {
+    const bool isOurChoice = PreferX11();
     QApplication::setStyle(new ReadableStyle); // one look whose margins the layout in twips fits
     argc = 1;
     argv[1] = nullptr;
     QApplication application(argc, argv);
+    if (isOurChoice) {
+        qunsetenv(kPlatform); // programs that this one starts choose for themselves
+    }
     QApplication::setApplicationName("Plenair");
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setWindowIcon(WindowIcon());
