@@ -118,13 +118,23 @@ void NoteReminder() {
     RegWriteValue(HKEY_CURRENT_USER, kReminderSubKey, kReminderValueName, ReminderMonth(), REG_SZ);
 }
 
+// The first settings file of a folder. Where it can't be searched, `failure` takes the folder and the reason.
+std::optional<std::string> FirstSettingsFile(const std::string& folder, std::string& failure) {
+    try {
+        return FirstFileWithExtension(folder, ".cfg");
+    } catch (const FileFailure& reason) {
+        failure = reason.what();
+        throw;
+    }
+}
+
 // Takes the settings that an administrator put beside the executable as the first ones of this user. False if
 // there are none.
-bool TakeDeliveredSettings() {
+bool TakeDeliveredSettings(std::string& failure) {
     if (DeliveryFolder() == ProgramFolder()) {
         return false;
     }
-    const auto name = FirstFileWithExtension(DeliveryFolder(), ".cfg");
+    const auto name = FirstSettingsFile(DeliveryFolder(), failure);
     if (!name) {
         return false;
     }
@@ -139,7 +149,7 @@ bool TakeDeliveredSettings() {
     return true;
 }
 
-void TakeDefaults() {
+void TakeDefaults(const std::string& unsearched) {
     SetDefaults();
     try {
         WriteSettings(kDefaultFile);
@@ -154,6 +164,10 @@ void TakeDefaults() {
     }
     Settings.ConfigFile = kDefaultFile;
     NoteReminder();
+    if (!unsearched.empty()) {
+        ShowMessage({"The settings file can't be looked for.\n\n" + unsearched, "Defaults Set",
+                     MessageButtons::Ok, MessageIcon::Exclamation});
+    }
     ShowMessage({"Configuration File Missing.  Default Values Set and Saved as User.cfg.", "Defaults Set",
                  MessageButtons::Ok, MessageIcon::Information});
 }
@@ -165,20 +179,21 @@ void LoadSettings() {
         Settings = Held()->Record;
         return;
     }
+    std::string unsearched; // a folder, and why
     try {
         Settings.ConfigFile.clear();
-        Settings.ConfigFile = FirstFileWithExtension(ProgramFolder(), ".cfg").value_or("");
+        Settings.ConfigFile = FirstSettingsFile(ProgramFolder(), unsearched).value_or("");
         if (!Settings.ConfigFile.empty()) {
             ReadSettings(PathOf(Settings.ConfigFile));
             return;
         }
-        if (TakeDeliveredSettings()) {
+        if (TakeDeliveredSettings(unsearched)) {
             return;
         }
     } catch (const FileFailure&) {
         // A file that can't be read is answered like one that is missing.
     }
-    TakeDefaults();
+    TakeDefaults(unsearched);
 }
 
 void SaveSettings() {

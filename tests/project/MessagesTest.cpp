@@ -157,6 +157,8 @@ TEST_F(Messages, AndWhatEachAnswerDoes) {
          [&] { fs::create_directory(File("manual")), WriteFile(manual, ""), ShowManual("sheet"); }},
         {"Defaults Set: Configuration File Missing.  Default Values Set and Saved as User.cfg. [Ok Information]",
          [] { LoadSettings(); }},
+        {"Defaults Set: The settings file can't be looked for.\n\n" + settings + ": Not a directory [Ok Exclamation]",
+         [&] { WriteFile(settings, ""), ChooseProgramFolder(settings, File("users"), ""), LoadSettings(); }},
         {"Defaults Set: The default settings can't be saved.\n\n" + settings +
          ": Is a directory\n\nThe defaults hold for this run. [Ok Exclamation]",
          [&] { fs::create_directory(settings), LoadSettings(); }},
