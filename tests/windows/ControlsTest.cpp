@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QProgressDialog>
 
 namespace {
@@ -130,6 +131,7 @@ TEST_F(Controls, LongWorkShowsItselfAndCanBeCancelled) {
     int done = 0;
     EXPECT_TRUE(QTest::qWaitFor([&] { return progress.GoOn(++done) && dialog()->isVisible(); }));
     EXPECT_EQ(dialog()->labelText(), "Working...");
+    EXPECT_EQ(dialog()->findChild<QLabel*>()->textFormat(), Qt::PlainText);
     QTest::mouseClick(dialog()->findChild<QPushButton*>(), Qt::LeftButton);
     EXPECT_FALSE(progress.GoOn(done));
 }

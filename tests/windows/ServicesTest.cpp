@@ -6,6 +6,7 @@
 #include "platform/text/DateText.h"
 #include "windows/WindowTest.h"
 
+#include <QDir>
 #include <QLineEdit>
 #include <QLocale>
 #include <QMessageBox>
@@ -26,6 +27,7 @@ class Services : public WindowTest {
             all.emplace_back([&](QWidget& dialog) {
                 if (auto* const box = qobject_cast<QMessageBox*>(&dialog)) {
                     EXPECT_EQ(box->text().toStdString(), m_environment.Folder().Path() + step.first);
+                    EXPECT_EQ(box->textFormat(), Qt::PlainText);
                     QTest::mouseClick(box->button(step.second), Qt::LeftButton);
                 } else {
                     auto* const name = dialog.findChild<QLineEdit*>();
@@ -66,6 +68,16 @@ TEST_F(Services, FileDialogs) {
     EXPECT_EQ(Settings.DefPath, other);
     EXPECT_EQ(NameFilters("Plenair Logs (*.pnl)|*.pnl|Both|*.gsp;*.*|rest").join('|'),
               "Plenair Logs (*.pnl) (*.pnl)|Both (*.gsp *)");
+}
+
+TEST(FolderOfUser, IsTheSameWhateverTheCurrentFolder) {
+    const std::string home = QDir::homePath().toStdString() + "/.local/share";
+    const std::pair<const char*, std::string> rows[] = {
+        {"", home}, {"a/b", home}, {"/my data/ü/", "/my data/ü"}};
+    for (const auto& [value, folder] : rows) {
+        qputenv("PLENAIR_FOLDER", value);
+        EXPECT_EQ(FolderOfUser("PLENAIR_FOLDER", ".local/share"), folder);
+    }
 }
 
 TEST_F(Services, MessageBoxes) {

@@ -17,15 +17,23 @@ namespace plenair {
 
 namespace {
 
+// Names of files are no markup.
+QMessageBox::StandardButton Ask(const QString& title, const QString& text,
+                                QMessageBox::StandardButtons buttons) {
+    QMessageBox box(QMessageBox::Warning, title, QString(), buttons, WindowInUse());
+    box.setTextFormat(Qt::PlainText);
+    box.setText(text);
+    box.setDefaultButton(QMessageBox::No);
+    return static_cast<QMessageBox::StandardButton>(box.exec());
+}
+
 void Warn(const QString& title, const QString& file, const QString& reason) {
-    QMessageBox::warning(WindowInUse(), title, QDir::toNativeSeparators(file) + "\n" + reason);
+    Ask(title, QDir::toNativeSeparators(file) + "\n" + reason, QMessageBox::Ok);
 }
 
 bool UserReplaces(const QString& title, const QString& file) {
-    return QMessageBox::warning(WindowInUse(), title,
-                                QDir::toNativeSeparators(file) +
-                                    " already exists.\nDo you want to replace it?",
-                                QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+    return Ask(title, QDir::toNativeSeparators(file) + " already exists.\nDo you want to replace it?",
+               QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
 }
 
 // False if the user has to name another file. One to be opened need not be there: the caller deals with that.

@@ -5,6 +5,7 @@
 #include "platform/qt/QtText.h"
 
 #include <QElapsedTimer>
+#include <QLabel>
 #include <QProgressDialog>
 
 #include <memory>
@@ -19,7 +20,11 @@ constexpr int kShownAnewAfter = 20; // ms; the dialog costs more than a step
 class ShownProgress {
   public:
     explicit ShownProgress(const ProgressRequest& request)
-        : m_dialog(ToQt(request.Text), QProgressDialog::tr("Cancel"), 0, request.Steps, WindowInUse()) {
+        : m_dialog(QString(), QProgressDialog::tr("Cancel"), 0, request.Steps, WindowInUse()) {
+        auto* const text = new QLabel(ToQt(request.Text));
+        text->setTextFormat(Qt::PlainText); // it may name a file
+        text->setAlignment(Qt::AlignCenter);
+        m_dialog.setLabel(text);
         m_dialog.setFont(FormFont());
         m_dialog.setWindowTitle(ToQt(request.Title));
         m_dialog.setWindowModality(Qt::ApplicationModal);

@@ -16,6 +16,7 @@
 #include <QSize>
 #include <QStyle>
 #include <QStyleOptionFrame>
+#include <QTextDocument>
 #include <QToolTip>
 #include <utility>
 
@@ -99,8 +100,9 @@ bool TextBox::event(QEvent* event) {
         return true; // not taken: the window's action runs, and not what the line edit would do
     }
     if (event->type() == QEvent::ToolTip) {
-        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), IsTextTooWide() ? text() : QString(),
-                           this);
+        const QString shown = IsTextTooWide() ? text() : QString();
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
+                           Qt::mightBeRichText(shown) ? Qt::convertFromPlainText(shown) : shown, this);
         return true;
     }
     return QLineEdit::event(event);
