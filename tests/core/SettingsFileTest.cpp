@@ -126,6 +126,8 @@ TEST_F(SettingsFile, AnInstalledProgramKeepsItsFileWithTheUser) {
     WriteFile(installed + "/manual/manual.html", "");
     ShowManual("sheet");
     EXPECT_EQ(opened, installed + "/manual/manual.html#sheet");
+    ChooseProgramFolder(File("data"), users, "/documents"); // where it may write
+    EXPECT_EQ(ProgramFolder() + FirstFolderForFiles(), File("data") + File("data"));
 }
 
 TEST_F(SettingsFile, IsWrittenToTheByte) {

@@ -5,14 +5,14 @@
 
 namespace {
 
-void Fill(int ducts, const std::function<double(int)>& flow) {
+void Fill(int ducts, double flow) {
     DuctCount = static_cast<std::int16_t>(ducts);
     FitDucts();
     for (int number = 1; number <= ducts; ++number) {
         Duct(number) = {.Colour = number % 3 == 0 ? kConnectionColour : kRigidColour,
                         .StartX = (number % 41) / 40.0,
                         .EndY = (number % 31) / 30.0,
-                        .Flow = number % 3 == 0 ? 0 : flow(number)};
+                        .Flow = number % 3 == 0 ? 0 : number * flow};
     }
 }
 
@@ -20,34 +20,31 @@ void Fill(int ducts, const std::function<double(int)>& flow) {
 TEST(History, EveryStateComesBackBitForBit) {
     std::mt19937 random(1);
     const auto below = [&](int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); };
-    const std::function<void()> actions[] = {
-        [&] {
-            AddDuct({below(40) * 1.0, below(30) * 1.0}, {below(40) * 1.0, 1}, {40, 30});
-        },
-        [&] { // a value, and what follows it
-            const auto duct = static_cast<std::int16_t>(below(DuctCount + 1));
-            Duct(duct).Flow = below(3) / 3.0;
-            FollowOn(duct, SheetBox::Flow);
-        },
-        [&] { // the last one removed
-            DuctCount = static_cast<std::int16_t>(std::max(DuctCount - 1, 0));
-            FitDucts();
-        },
-        ClearProject,
-        [&] { // a load, with an element 0 of its own
-            Fill(below(70), [&](int number) { return number * 1.1; });
-            Ducts[0].Spare = -0.0F;
-            ProjectName = std::to_string(below(3));
-            Solved = kFlagClear;
-        },
-        [&] { // a solution
-            for (int number = 1; number <= DuctCount; ++number) {
-                Duct(number).Velocity = number / 7.0;
-                Duct(number).EquivRound = 375;
-            }
-            Solved = kFlagSet;
-        },
-        [] {}};
+    const auto changeAValue = [&] {
+        const auto duct = static_cast<std::int16_t>(below(DuctCount + 1));
+        Duct(duct).Flow = below(3) / 3.0;
+        FollowOn(duct, SheetBox::Flow);
+    };
+    const auto load = [&] { // with an element 0 of its own
+        Fill(below(70), 1.1);
+        Ducts[0].Spare = -0.0F;
+        ProjectName = std::to_string(below(3));
+        Solved = kFlagClear;
+    };
+    const auto solve = [] {
+        for (int number = 1; number <= DuctCount; ++number) {
+            Duct(number).Velocity = number / 7.0;
+            Duct(number).EquivRound = 375;
+        }
+        Solved = kFlagSet;
+    };
+    const auto removeTheLast = [] {
+        DuctCount = static_cast<std::int16_t>(std::max(DuctCount - 1, 0));
+        FitDucts();
+    };
+    const auto draw = [&] { AddDuct({below(40) * 1.0, below(30) * 1.0}, {below(40) * 1.0, 1}, {40, 30}); };
+    const std::function<void()> actions[] = {draw, changeAValue, removeTheLast, ClearProject,
+                                             load, solve,        [] {}};
     StartProject();
     StartHistory();
     std::vector<ProjectState> states{NotedState()};
@@ -60,7 +57,7 @@ TEST(History, EveryStateComesBackBitForBit) {
             EXPECT_EQ(RedoStep().has_value(), at + 1 < states.size());
             at += at + 1 < states.size() ? 1U : 0U;
         } else {
-            actions[static_cast<std::size_t>(below(7))]();
+            actions[below(7)]();
             const bool changed = NoteStep(false);
             EXPECT_EQ(changed, NotedState() != states[at]);
             if (changed) {
@@ -76,25 +73,24 @@ TEST(History, EveryStateComesBackBitForBit) {
 // A thousand steps of the largest project stay within their bounds, and so does what can't be packed.
 TEST(History, TheLargestProject) {
     std::mt19937_64 random(1);
-    const auto fill = [] { Fill(kMostDucts, [](int number) { return number / 9.0; }); };
+    const auto changeAllFrom = [](int step) {
+        Duct(1 + step % 7).Flow = step;
+        FollowOn(static_cast<std::int16_t>(1 + step % 7), SheetBox::Flow);
+    };
+    const auto clearOrLoad = [](int step) { Fill(step % 2 * kMostDucts, 1 / 9.0); };
+    const auto scramble = [&](int) {
+        for (DuctRecord& duct : Ducts) {
+            DuctBits bits;
+            std::generate(bits.begin(), bits.end(), [&] { return random(); });
+            duct = DuctOf(bits);
+        }
+    };
     const std::pair<bool, std::function<void(int)>> rows[] = {
-        {true,
-         [](int step) {
-             Duct(1 + step % 7).Flow = step;
-             FollowOn(static_cast<std::int16_t>(1 + step % 7), SheetBox::Flow);
-         }},
-        {true, [fill](int step) { step % 2 == 1 ? fill() : ClearProject(); }},
-        {false, [&](int) {
-             for (DuctRecord& duct : Ducts) {
-                 DuctBits bits;
-                 std::generate(bits.begin(), bits.end(), [&] { return random(); });
-                 duct = DuctOf(bits);
-             }
-         }}};
+        {true, changeAllFrom}, {true, clearOrLoad}, {false, scramble}};
     constexpr int kSteps = 13;
     for (const auto& [packs, act] : rows) {
         StartProject();
-        fill();
+        Fill(kMostDucts, 1 / 9.0);
         StartHistory();
         const ProjectState start = NotedState();
         std::size_t bytesOfFirst = 0;
