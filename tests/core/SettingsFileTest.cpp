@@ -38,7 +38,7 @@ class SettingsFile : public ProgramTest {
 
     // Loads the file, which must lead to the defaults, saved and told.
     void ExpectDefaultsTaken() {
-        desktop.ExpectMessage(MessageAnswer::Ok);
+        desktop.Expect("?Ok");
         EXPECT_EQ(Loaded(), Defaults(ProgramFolder()));
         EXPECT_EQ(Settings.ConfigFile, "User.cfg");
         EXPECT_EQ(ReadFile(File("User.cfg")),
@@ -67,7 +67,7 @@ TEST_F(SettingsFile, WhatCannotBeReadIsReplacedByTheDefaults) {
 TEST_F(SettingsFile, WhatCannotBeSavedHoldsForTheRun) {
     fs::create_directory(File("User.cfg"));
     for (const char* reason : {"directory", "Not a directory"}) {
-        desktop.ExpectMessage(MessageAnswer::Ok);
+        desktop.Expect("?Ok");
         EXPECT_EQ(Loaded(), Defaults(ProgramFolder()));
         EXPECT_EQ(Reminder(), RegistryValue());
         const std::string text = desktop.LastText();
@@ -76,7 +76,7 @@ TEST_F(SettingsFile, WhatCannotBeSavedHoldsForTheRun) {
         SetProgramFolder(File("file/folder")); // nobody can make a folder below a file
     }
     LoadSettings(); // tells nothing a second time
-    desktop.ExpectMessage(MessageAnswer::Ok);
+    desktop.Expect("?Ok");
     for (const double loss : {1.5, 2.5}) {
         Settings.MaxLPM = loss;
         SaveSettings(); // tells it once
@@ -98,7 +98,7 @@ TEST_F(SettingsFile, AnInstalledProgramKeepsItsFileWithTheUser) {
             fs::permissions(installed, fs::perms::owner_all);
             WriteFile(installed + "/Site.cfg", OtherItems);
         } else {
-            desktop.ExpectMessage(MessageAnswer::Ok);
+            desktop.Expect("?Ok");
         }
         fs::permissions(installed, fs::perms(0555));
         ASSERT_TRUE(before != 0 || seteuid(65534) == 0);

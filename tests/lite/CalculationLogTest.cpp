@@ -19,8 +19,7 @@ class Log : public ProgramTest {
     ~Log() override { SetDateLocale({}); }
 
     std::string Save() {
-        desktop.ExpectFile(File("log.pnl"));
-        desktop.ExpectMessage(MessageAnswer::Ok);
+        Play("?=log.pnl ?Ok");
         RecordLog(window);
         EXPECT_TRUE(LogCount == 0 && !window.canRecordLog);
         return ReadFile(File("log.pnl"));
@@ -104,15 +103,14 @@ TEST_F(Log, WhatCannotBeSavedOrOpenedChangesNothing) {
     RecordRow(window, 2);
     Settings.DefPath = "/where it was";
     fs::create_directory(File("folder.pnl"));
-    for (const std::string& path : {std::string(), File("missing/log.pnl"), File("folder.pnl")}) {
-        desktop.ExpectFile(path);
+    for (const char* answer : {"?-", "?=missing/log.pnl", "?=folder.pnl"}) {
+        Play(answer);
         RecordLog(window);
         EXPECT_TRUE(LogCount == 1 && window.canRecordLog);
     }
-    desktop.ExpectCancel();
-    OpenLog(window);
     Desktop().StartEditor = [](const std::string&) { return false; };
-    desktop.ExpectFile(File("log.pnl"));
+    Play("?- ?=log.pnl");
+    OpenLog(window);
     OpenLog(window);
     EXPECT_EQ(Settings.DefPath, "/where it was") << "no file, no editor";
 }

@@ -11,7 +11,7 @@ TEST(CommonDialogTest, AcceptedFile) {
     CommonDialog dialog;
     dialog.DefaultExt = "gsp";
     const std::string bare = folder.File("Lüftung");
-    desktop.ExpectFile(bare);
+    desktop.Expect("?=" + bare);
     dialog.ShowSave();
     EXPECT_EQ(dialog.FileName + " " + dialog.FileTitle, bare + ".gsp Lüftung.gsp");
     EXPECT_EQ(InCurrentFolder("x.Gus"), folder.File("x.Gus"));
@@ -24,7 +24,7 @@ TEST(CommonDialogTest, AcceptedFile) {
     }
     WriteFile(bare, ""); // then it is meant
     for (const std::string& path : {bare, folder.File("missing/plant.d")}) {
-        desktop.ExpectFile(path);
+        desktop.Expect("?=" + path);
         dialog.ShowOpen();
         EXPECT_EQ(dialog.FileName, path);
     }

@@ -15,7 +15,7 @@ class PathTest : public ProjectTest {
 
     // Works a path out, answers the messages that come, and gives the text of the last.
     std::string Told(const std::string& path, const std::string& answers) {
-        desktop.ExpectInput(path);
+        desktop.Expect("?<" + path);
         Play(answers + " Path");
         return desktop.LastText();
     }

@@ -48,7 +48,9 @@ class RecoveryTest : public ProjectTest {
         }
     }
     std::string Ask(const std::string& question) override {
-        return question == "files" ? std::to_string(Files().size()) : ProjectTest::Ask(question);
+        return question == "files" ? std::to_string(Files().size())
+               : question == "due" ? std::to_string(m_due.size())
+                                   : ProjectTest::Ask(question);
     }
 
     static std::vector<std::string> Files() {
@@ -102,7 +104,8 @@ TEST_F(RecoveryTest, BringsBackEveryBit) {
 
 // Each second at most, and only from one whole state to the next.
 TEST_F(RecoveryTest, WritesAtMostOnceASecond) {
-    Play(R"(#0,0 #2,0 Wait #4,0 #6,0 Wait Crash ?Yes Open | state: 1, sheet
+    Play(R"(#0,0 #2,0 Wait #4,0 #6,0 | due: 0
+            Wait Crash ?Yes Open | state: 1, sheet
             #2,0 #4,0 ?Yes)");
     // A cancelled load empties the project, but only at its end.
     Desktop().ShowDialog = [this](DialogKind, CommonDialog&) {

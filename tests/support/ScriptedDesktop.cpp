@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <map>
 
 namespace plenair {
@@ -22,13 +23,20 @@ std::string InWords(const MessageRequest& request) {
 
 ScriptedDesktop::ScriptedDesktop() : m_folder(CurrentFolder()) {
     Desktop().AskByMessageBox = [this](const MessageRequest& request) {
+        static const std::map<std::string, MessageAnswer> s_answers = {{"Ok", MessageAnswer::Ok},
+                                                                       {"Cancel", MessageAnswer::Cancel},
+                                                                       {"Retry", MessageAnswer::Retry},
+                                                                       {"Yes", MessageAnswer::Yes},
+                                                                       {"No", MessageAnswer::No}};
         m_messages.push_back(request);
         Log.push_back("message: " + request.Text);
-        return Next(m_answers, AnswerWhenClosed(request.Buttons));
+        const auto answer = s_answers.find(Next("OCRYN"));
+        return answer != s_answers.end() ? answer->second : AnswerWhenClosed(request.Buttons);
     };
     Desktop().AskByInputBox = [this](const InputRequest& request) {
         Log.push_back("input: " + request.Prompt);
-        return Next(m_inputs, std::string());
+        const std::string answer = Next("<");
+        return answer.substr(std::min(answer.size(), std::size_t{1}));
     };
     Desktop().ShowDialog = [this](DialogKind kind, CommonDialog& dialog) { return Show(kind, dialog); };
     Desktop().PlaySound = [this](const std::string&, unsigned) { Log.emplace_back("call"); };
@@ -43,29 +51,17 @@ ScriptedDesktop::ScriptedDesktop() : m_folder(CurrentFolder()) {
 }
 
 ScriptedDesktop::~ScriptedDesktop() {
-    EXPECT_TRUE(m_answers.empty() && m_inputs.empty() && m_dialogs.empty()) << "something didn't come";
+    EXPECT_EQ(m_script, std::deque<std::string>()) << "something didn't come";
     EnterFolder(m_folder);
 }
 
-bool ScriptedDesktop::Expect(const std::string& step, const TemporaryFolder& folder) {
-    static const std::map<std::string, MessageAnswer> s_answers = {{"?Ok", MessageAnswer::Ok},
-                                                                   {"?Cancel", MessageAnswer::Cancel},
-                                                                   {"?Retry", MessageAnswer::Retry},
-                                                                   {"?Yes", MessageAnswer::Yes},
-                                                                   {"?No", MessageAnswer::No}};
-    if (s_answers.contains(step)) {
-        ExpectMessage(s_answers.at(step));
-    } else if (step == "?-") {
-        ExpectCancel();
-    } else if (step.starts_with("?=")) {
-        ExpectFile(folder.File(step.substr(2)));
-    } else if (step.starts_with("?*")) {
-        ExpectPrinter(std::stoi(step.substr(2)));
-    } else if (step.starts_with("?<")) {
-        ExpectInput(step.substr(2));
-    } else {
+bool ScriptedDesktop::Expect(const std::string& step, const std::string& folder) {
+    if (!step.starts_with('?')) {
         return false;
     }
+    const bool isFile = step.starts_with("?=");
+    m_script.push_back(isFile ? "=" + (std::filesystem::path(folder) / step.substr(2)).string()
+                              : step.substr(1));
     return true;
 }
 
@@ -77,27 +73,27 @@ std::string ScriptedDesktop::LogInOneLine() const {
     return line;
 }
 
-template <typename Item>
-Item ScriptedDesktop::Next(std::deque<Item>& script, Item otherwise) {
-    if (script.empty()) {
+std::string ScriptedDesktop::Next(const std::string& starts) {
+    if (m_script.empty() || m_script.front().find_first_of(starts) != 0) {
         ADD_FAILURE() << "unexpected " << Log.back();
-        return otherwise;
+        return {};
     }
-    const Item next = script.front();
-    script.pop_front();
+    const std::string next = m_script.front();
+    m_script.pop_front();
     return next;
 }
 
 bool ScriptedDesktop::Show(DialogKind kind, CommonDialog& dialog) {
     m_lastDialog = dialog;
     Log.emplace_back("dialog");
-    const std::string answer = Next(m_dialogs, std::string());
-    if (kind == DialogKind::Printer) {
-        dialog.Copies = answer.empty() ? 0 : std::stoi(answer);
-    } else if (!answer.empty()) {
-        dialog.FileName = answer;
+    const bool isPrinter = kind == DialogKind::Printer;
+    const std::string answer = Next(isPrinter ? "*-" : "=-");
+    if (answer.starts_with('*')) {
+        dialog.Copies = std::stoi(answer.substr(1));
+    } else if (answer.starts_with('=')) {
+        dialog.FileName = answer.substr(1);
     }
-    return !answer.empty();
+    return answer.size() > 1;
 }
 
 ProgramEnvironment::ProgramEnvironment() {

@@ -12,7 +12,7 @@ namespace plenair {
 // "Title: Text [Buttons Icon]".
 std::string InWords(const MessageRequest& request);
 
-// Stands in for the desktop: answers messages, dialogs and input boxes from scripts, and notes all that
+// Stands in for the desktop: answers messages, dialogs and input boxes from a script, and notes all that
 // reaches it in one log. What the script doesn't expect fails the test and is cancelled; a leftover fails it
 // too. At the end the desktop, and the current folder, are what they were.
 class ScriptedDesktop {
@@ -20,16 +20,10 @@ class ScriptedDesktop {
     ScriptedDesktop();
     ~ScriptedDesktop();
 
-    void ExpectMessage(MessageAnswer answer) { m_answers.push_back(answer); }
-    void ExpectInput(const std::string& text) { m_inputs.push_back(text); }
-    void ExpectFile(const std::string& path) { m_dialogs.push_back(path); }
-    void ExpectPrinter(int copies) { m_dialogs.push_back(std::to_string(copies)); }
-    void ExpectCancel() { m_dialogs.emplace_back(); } // of a dialog
-
-    // The same as a step of a script: "?Ok" answers a message, "?=name" a file dialog with a file of that
-    // folder, "?*2" the print dialog with two copies, "?-" cancels a dialog, "?<text" is for an input box.
-    // False for any other step.
-    bool Expect(const std::string& step, const TemporaryFolder& folder);
+    // What comes next, as a step of a script: "?Ok" answers a message, "?=name" a file dialog with a file of
+    // that folder, "?*2" the print dialog with two copies, "?-" cancels a dialog, "?<text" is for an input
+    // box. False for any other step.
+    bool Expect(const std::string& step, const std::string& folder = {});
 
     const std::vector<MessageRequest>& Messages() const { return m_messages; }
     std::string LastText() const { return m_messages.empty() ? "" : m_messages.back().Text; }
@@ -41,15 +35,13 @@ class ScriptedDesktop {
     std::string LogInOneLine() const; // with ", " between
 
   private:
-    template <typename Item>
-    Item Next(std::deque<Item>& script, Item otherwise);
+    // The next answer, without its question mark, if it begins with one of these; else it is empty.
+    std::string Next(const std::string& starts);
     bool Show(DialogKind kind, CommonDialog& dialog);
 
     const ScopedDesktop m_before;
     const std::string m_folder;
-    std::deque<MessageAnswer> m_answers;
-    std::deque<std::string> m_inputs;
-    std::deque<std::string> m_dialogs;
+    std::deque<std::string> m_script;
     std::vector<MessageRequest> m_messages;
     CommonDialog m_lastDialog;
 };

@@ -49,7 +49,7 @@ class ProgramTest : public testing::Test {
             });
     }
     virtual void Do(const std::string& step) {
-        EXPECT_TRUE(desktop.Expect(step, environment.Folder())) << "unknown step: " << step;
+        EXPECT_TRUE(desktop.Expect(step, environment.Folder().Path())) << "unknown step: " << step;
     }
     virtual std::string Ask(const std::string& question) {
         return question == "log" ? desktop.LogInOneLine() : "unknown question";

@@ -145,7 +145,7 @@ void WindowTest::Do(const std::string& step) {
     const std::string rest = step.substr(1);
     const std::size_t equals = step.find('=');
     const std::size_t angle = step.find('>');
-    if (desktop.Expect(step, m_environment.Folder())) {
+    if (desktop.Expect(step, m_environment.Folder().Path())) {
         return;
     }
     if (step == "@next" || step == "@back") {
