@@ -139,6 +139,9 @@ bool TakeDeliveredSettings(std::string& failure) {
         return false;
     }
     ReadSettings(DeliveryFolder() + "/" + *name);
+    if (Settings.DefPath == DeliveryFolder()) {
+        Settings.DefPath = FirstFolderForFiles(); // the default of somebody who may write there
+    }
     Settings.ConfigFile = *name;
     NoteReminder();
     try {

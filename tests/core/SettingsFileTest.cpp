@@ -93,10 +93,16 @@ TEST_F(SettingsFile, AnInstalledProgramKeepsItsFileWithTheUser) {
     fs::create_directory(installed);
     fs::permissions(environment.Folder().Path(), fs::perms::all);
     fs::permissions(environment.RegistryFolder(), fs::perms::all);
-    for (const bool byAdministrator : {false, true}) {
+    const std::string ofRoot =
+        "\"" + installed + "\"" + OtherItems.substr(OtherItems.find('\r')); // who ran it once
+    const std::pair<std::string, std::string> rows[] = {{"", Defaults("/documents")},
+                                                        {ofRoot, "/documents" + OtherLoaded.substr(12)},
+                                                        {OtherItems, OtherLoaded}};
+    for (const auto& [delivered, loaded] : rows) {
+        const bool byAdministrator = !delivered.empty();
         if (byAdministrator) {
             fs::permissions(installed, fs::perms::owner_all);
-            WriteFile(installed + "/Site.cfg", OtherItems);
+            WriteFile(installed + "/Site.cfg", delivered);
         } else {
             desktop.Expect("?Ok");
         }
@@ -104,7 +110,7 @@ TEST_F(SettingsFile, AnInstalledProgramKeepsItsFileWithTheUser) {
         ASSERT_TRUE(before != 0 || seteuid(65534) == 0);
         fs::remove_all(File("data"));
         ChooseProgramFolder(installed, users, "/documents");
-        EXPECT_EQ(Loaded(), byAdministrator ? OtherLoaded : Defaults("/documents"));
+        EXPECT_EQ(Loaded(), loaded);
         EXPECT_EQ(Settings.ConfigFile, byAdministrator ? "Site.cfg" : "User.cfg");
         EXPECT_EQ(Reminder(), RegistryValue("112026"));
         EXPECT_EQ(fs::status(users).permissions(), fs::perms::owner_all);
