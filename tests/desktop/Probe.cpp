@@ -233,11 +233,24 @@ class Probe : public QObject, public QAbstractNativeEventFilter {
         return Words(seen.isEmpty() ? QRect() : Place(owner, seen)) + " " + NameOf(object);
     }
 
+    // Whether the window manager knows of a window below this one.
+    static bool HasParent(const QWindow* window) {
+        auto* server = qApp->nativeInterface<QNativeInterface::QX11Application>()->connection();
+        auto* parent =
+            xcb_get_property_reply(server,
+                                   xcb_get_property(server, 0, static_cast<xcb_window_t>(window->winId()),
+                                                    XCB_ATOM_WM_TRANSIENT_FOR, XCB_ATOM_WINDOW, 0, 1),
+                                   nullptr);
+        const bool isThere = parent != nullptr && parent->value_len > 0;
+        std::free(parent);
+        return isThere;
+    }
+
     // What must not be, whatever a user does; empty if nothing of it is.
     QString Wrong() {
         for (const QWidget* window : QApplication::topLevelWidgets()) {
             const bool isDialog = window->windowType() == Qt::Dialog || window->windowType() == Qt::Sheet;
-            if (window->isVisible() && isDialog && window->windowHandle()->transientParent() == nullptr) {
+            if (window->isVisible() && isDialog && !HasParent(window->windowHandle())) {
                 return "a dialog without a parent: " + NameOf(window);
             }
         }
