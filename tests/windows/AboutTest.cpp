@@ -45,7 +45,7 @@ TEST_F(About, ControlsAndCallComeAfterTheShowWhichPlaysOnce) {
             EXPECT_EQ(label.sizeHint().expandedTo(label.size()), label.size()) << name << " holds its text";
         }
         const std::string where = Ask("text lblStuff") + Ask("toolTip lblStuff"); // if it doesn't fit
-        EXPECT_TRUE(where.ends_with(m_environment.Folder().Path())) << where;
+        EXPECT_TRUE(where.ends_with(environment.Folder().Path())) << where;
 
         Play("@picGus @picGus");
         QWidget other;
@@ -64,7 +64,7 @@ TEST_F(About, ControlsAndCallComeAfterTheShowWhichPlaysOnce) {
 }
 
 TEST_F(About, AfterAReminderItStandsBesideTheWindow) {
-    SetRegistryFile(m_environment.Folder().File("no store yet"));
+    SetRegistryFile(environment.Folder().File("no store yet"));
     Play("?Yes !fill"); // the show is over then
     QWidget* const about = FindWindow<frmAbout>();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&Window()));

@@ -63,7 +63,7 @@ TEST_F(Looks, WindowsStandAsInTheTable) {
     frmInputs options;
     frmAbout about;
     all += Described(options) + Described(about);
-    const std::string& folder = m_environment.Folder().Path();
+    const std::string& folder = environment.Folder().Path();
     all.replace(all.find(folder), folder.size(), "FOLDER");
     const std::string table = PLENAIR_SOURCES "/windows/layout.txt";
     if (qEnvironmentVariableIsSet("PLENAIR_WRITE_LAYOUT")) {

@@ -135,7 +135,7 @@ TEST_F(Paper, TheDialogRefusesWhatIsNoFile) {
         PrintDialog dialog(&printer, kPrinterNoPageNumbers);
         EXPECT_FALSE(dialog.findChild<QWidget*>("gbPrintRange")->isEnabled());
         const bool refused = name != "link.pdf";
-        desktop.Expect(refused ? "?Ok" : "", m_environment.Folder().Path());
+        desktop.Expect(refused ? "?Ok" : "", environment.Folder().Path());
         dialog.show();
         emit dialog.findChild<QDialogButtonBox*>()->accepted();
         EXPECT_EQ(dialog.result() == QDialog::Rejected, refused) << name;

@@ -26,7 +26,7 @@ class Services : public WindowTest {
         for (const auto& step : steps) {
             all.emplace_back([&](QWidget& dialog) {
                 if (auto* const box = qobject_cast<QMessageBox*>(&dialog)) {
-                    EXPECT_EQ(box->text().toStdString(), m_environment.Folder().Path() + step.first);
+                    EXPECT_EQ(box->text().toStdString(), environment.Folder().Path() + step.first);
                     EXPECT_EQ(box->textFormat(), Qt::PlainText);
                     QTest::mouseClick(box->button(step.second), Qt::LeftButton);
                 } else {
@@ -52,7 +52,7 @@ TEST_F(Services, FileDialogs) {
     Choose("mnuFileLog", {{"old", {}}, {question, QMessageBox::No}, {"my \"new\"", {}}});
     EXPECT_EQ(ReadFile(File("old.pnl")), "old");
     EXPECT_TRUE(ReadFile(File("my \"new\".pnl")).ends_with("500\t375\t300\t1.3\t4.68\t0.69\t0\r\n"));
-    EXPECT_EQ(CurrentFolder(), m_environment.Folder().Path());
+    EXPECT_EQ(CurrentFolder(), environment.Folder().Path());
     Play("@cmdLog(2) ?Ok");
     Choose("mnuFileLog", {{"old.pnl", {}}, {question, QMessageBox::Yes}});
     EXPECT_EQ(ReadFile(File("old.pnl")), ReadFile(File("my \"new\".pnl"))) << "replaced, nothing is appended";
@@ -131,7 +131,7 @@ TEST_F(Services, TheEditorAndThePlayerAreThoseOfTheDesktop) {
     for (const char* name : {"PATH", "XDG_DATA_HOME", "XDG_DATA_DIRS", "XDG_CONFIG_HOME", "XDG_CONFIG_DIRS",
                              "XDG_CURRENT_DESKTOP"}) {
         before[name] = qgetenv(name);
-        qputenv(name, m_environment.Folder().Path().c_str());
+        qputenv(name, environment.Folder().Path().c_str());
     }
     qputenv("XDG_CURRENT_DESKTOP", "Some:Desk");
     const auto add = [&](const std::string& name, const std::string& does) {

@@ -202,19 +202,10 @@ TEST_F(SolverWindows, TheSheetStoresBeforeTheClickThatTakesTheFocus) {
         EXPECT_NE(ReadFile(File("plant.gsp")).find("\r\n222\r\n"), std::string::npos);
         EndProgram();
     }
-    OpenSheet("R");
-    Play("@txtParam(1) 250 | flows: 0\n?Cancel !end | flows: 250; visible picGrid: true");
-}
-
-// The loss of focus copies before the next duct is shown; Escape brings back what was stored.
-TEST_F(SolverWindows, FollowOnCopiesToLaterDucts) {
-    OpenSheet("RCRF");
-    Play(R"(txtParam(1)=250 Return @next @next txtParam(1)=40
-        @next | flows: 250 0 40 40
-        Alt+F)");
-    EXPECT_TRUE(QTest::qWaitFor([this] { return !Find<CheckBox>("chkFollowOn").isChecked(); }));
-    Play(R"(@back txtParam(1)=99 Return | flows: 250 0 99 40
-        txtParam(3)=12,5x Escape | flows: 250 0 99 40; sheet: 99 0 0 0 0 0 0 0)");
+    OpenSheet("RCRF"); // Escape brings back what was stored
+    Play(R"(@txtParam(1) 250 | flows: 0 0 0 0
+        ?Cancel !end | flows: 250 0 250 250; visible picGrid: true
+        txtParam(3)=12,5x Escape | sheet: 250 0 0 0 0 0 0 0)");
 }
 
 TEST_F(SolverWindows, AWholeProjectByMouseAndKeys) {

@@ -1,13 +1,14 @@
 #include "windows/WindowTest.h"
 #include "core/SettingsFile.h"
 #include "core/start/Main.h"
-#include "support/Script.h"
 
 #include <QKeySequence>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTimer>
 #include <QWindow>
+
+#include <span>
 
 namespace plenair {
 
@@ -18,36 +19,19 @@ QWindow* ActiveWindow() {
     return (popup != nullptr ? popup : QApplication::activeWindow())->windowHandle();
 }
 
-std::string Indexed(const char* name, int index) {
-    return name + ("(" + std::to_string(index)) + ")";
-}
-
-std::string Joined(const MSFlexGrid& grid, int row) {
-    std::string joined;
-    for (int column = 0; column < grid.Columns(); ++column) {
-        const std::string& text = grid.TextMatrix(row, column);
-        joined += (joined.empty() || text.empty() ? "" : " ") + text;
-    }
-    return joined;
-}
-
 std::string FlowsOfDucts() {
-    std::string flows;
-    for (int number = 1; number <= DuctCount; ++number) {
-        flows += (number == 1 ? "" : " ") + ShortestText(Duct(number).Flow);
-    }
-    return flows;
+    return Joined(std::span(Ducts).subspan(1),
+                  [](const DuctRecord& duct) { return ShortestText(duct.Flow); });
 }
 
 std::string Network() {
-    std::ostringstream all;
-    for (int number = 1; number <= DuctCount; ++number) {
-        const DuctRecord& duct = Duct(number);
-        all << (number == 1 ? "" : " ") << TypeLetter(duct.Colour) << ' '
-            << std::lround(duct.StartX * kCellsAcross) << ',' << std::lround(duct.StartY * kCellsDown) << '-'
-            << std::lround(duct.EndX * kCellsAcross) << ',' << std::lround(duct.EndY * kCellsDown);
-    }
-    return all.str();
+    return Joined(std::span(Ducts).subspan(1), [](const DuctRecord& duct) {
+        std::ostringstream text;
+        text << TypeLetter(duct.Colour) << ' ' << std::lround(duct.StartX * kCellsAcross) << ','
+             << std::lround(duct.StartY * kCellsDown) << '-' << std::lround(duct.EndX * kCellsAcross) << ','
+             << std::lround(duct.EndY * kCellsDown);
+        return text.str();
+    });
 }
 
 void ChooseFromMenu(Form& window, const QMenu& menu, QAction& entry) {
@@ -101,7 +85,7 @@ std::string Focused() {
 
 WindowTest::WindowTest() {
     dialogsExpected = false;
-    m_environment.NoteReminder();
+    environment.NoteReminder();
     WriteSettingsFile(Settings);
     actions["fill"] = [this] { Play("txtInputB=300 txtInputA=500 Return | table: filled"); };
     questions["focus"] = Focused;
@@ -132,20 +116,11 @@ void WindowTest::EndProgram() {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-void WindowTest::Play(const std::string& script) {
-    const testing::ScopedTrace trace(__FILE__, __LINE__, script);
-    PlayScript(
-        script, [this](const std::string& step) { Do(step); },
-        [this](const std::string& question, const std::string& answer) {
-            EXPECT_EQ(Ask(question), answer) << question;
-        });
-}
-
 void WindowTest::Do(const std::string& step) {
     const std::string rest = step.substr(1);
     const std::size_t equals = step.find('=');
     const std::size_t angle = step.find('>');
-    if (desktop.Expect(step, m_environment.Folder().Path())) {
+    if (desktop.Expect(step, environment.Folder().Path())) {
         return;
     }
     if (step == "@next" || step == "@back") {
@@ -182,7 +157,7 @@ void WindowTest::Do(const std::string& step) {
     }
 }
 
-std::string WindowTest::Ask(const std::string& question) const {
+std::string WindowTest::Ask(const std::string& question) {
     const std::size_t blank = question.find(' ');
     return questions.contains(question) ? questions.at(question)()
                                         : Find<QObject>(question.substr(blank + 1))
@@ -192,15 +167,18 @@ std::string WindowTest::Ask(const std::string& question) const {
 }
 
 std::string WindowTest::Table() const {
-    std::string table;
-    for (int row = 0; row < 5; ++row) {
-        const auto& lamp = Find<Label>(Indexed("lblRatio", row));
-        const std::string duct = Joined(Find<MSFlexGrid>("grdMinorCalc"), row) +
-                                 (lamp.IsOpaque() ? " " + lamp.BackColour().name().toStdString() : "");
-        table += (table.empty() || duct.empty() ? "" : ", ") + duct;
-    }
-    const std::string round = Joined(Find<MSFlexGrid>("grdOtherShapes"), 0);
-    table += round.empty() ? "" : ", round " + round;
+    const auto cells = [this](const char* grid, int row) {
+        return Joined(std::array{0, 1, 2, 3},
+                      [&](int column) { return Find<MSFlexGrid>(grid).TextMatrix(row, column); });
+    };
+    const auto duct = [&](int row) {
+        const auto& lamp = Find<Label>("lblRatio(" + std::to_string(row) + ")");
+        return cells("grdMinorCalc", row) +
+               (lamp.IsOpaque() ? " " + lamp.BackColour().name().toStdString() : "");
+    };
+    const std::string round = cells("grdOtherShapes", 0);
+    const std::string table =
+        Joined(std::array{0, 1, 2, 3, 4}, duct, ", ") + (round.empty() ? "" : ", round " + round);
     return table.empty() ? "blank"
            : table == "450 250 4.74 0.72 #00ff00, 400 275 4.80 0.74 #00ff00, 375 300 4.68 0.69 #00ff00, "
                       "350 325 4.61 0.67 #00ff00, 325 350 4.61 0.67 #00ff00, round 375 4.53 0.69"
@@ -216,16 +194,12 @@ SolverTest::SolverTest() {
         return (label.text() + " " + label.palette().color(QPalette::WindowText).name()).toStdString();
     };
     questions["sheet"] = [this] {
-        std::string texts;
-        for (int number = 1; number <= 8; ++number) {
-            texts += (number == 1 ? "" : " ") + Box(Indexed("txtParam", number)).Text();
-        }
-        return texts;
+        return Joined(kSheetRows, [this](const SheetRow& row) { return SheetBoxOf(row).Text(); });
     };
     questions["looks"] = [this] {
         std::string looks;
-        for (int number = 1; number <= 8; ++number) {
-            const TextBox& box = Box(Indexed("txtParam", number));
+        for (const SheetRow& row : kSheetRows) {
+            const TextBox& box = SheetBoxOf(row);
             const bool white = box.palette().color(QPalette::Base) == Qt::white;
             looks += box.isReadOnly() ? (white ? "L" : "l") : (white ? "o" : "!");
         }

@@ -37,9 +37,20 @@ inline std::string ColourAt(const QImage& image, int x, int y) {
     return image.pixelColor(x, y).name().toStdString();
 }
 
+// What `textOf` gives of each item, unless that is empty, with `between` between them.
+template <typename Items, typename TextOf>
+std::string Joined(const Items& items, const TextOf& textOf, const char* between = " ") {
+    std::string joined;
+    for (const auto& item : items) {
+        const std::string text = textOf(item);
+        joined += (joined.empty() || text.empty() ? "" : between) + text;
+    }
+    return joined;
+}
+
 // The Lite window, started as the program starts it. This month's reminder is done, and a settings file of
 // the defaults is there, unless a test does otherwise before Start.
-class WindowTest : public testing::Test {
+class WindowTest : public ProgramTest {
   protected:
     WindowTest();
     ~WindowTest() override { EndProgram(); }
@@ -48,7 +59,7 @@ class WindowTest : public testing::Test {
     void Start();
     static void EndProgram();
 
-    // Plays a script (see Script.h). Keys and clicks go to the active window, as a user's. A step is
+    // Keys and clicks of a script go to the active window, as a user's. A step is
     //   a text or a key ("Tab", "Alt+H");
     //   @name, a click on a control, @next or @back on the arrows of the sheet's scroll bar;
     //   #2,3, a click on a crossing of the grid, #m2,3 by the middle button, #r by the right one;
@@ -58,8 +69,8 @@ class WindowTest : public testing::Test {
     // A question is one of `questions` or a property of a control ("text txtInputA"):
     //   focus, selected (the box that has the focus, and what is selected in it), basis, log (what reached
     //   the desktop); table: its cells and lamps and the round duct, or "filled", as by !fill, or "blank".
-    void Play(const std::string& script);
-    std::string Ask(const std::string& question) const;
+    void Do(const std::string& step) override;
+    std::string Ask(const std::string& question) override;
     std::map<std::string, std::function<void()>> actions;
     std::map<std::string, std::function<std::string()>> questions;
 
@@ -88,13 +99,8 @@ class WindowTest : public testing::Test {
 
     frmMinorCalc& Window() const { return *FindWindow<frmMinorCalc>(); }
     TextBox& Box(const std::string& name) const { return Find<TextBox>(name); }
-    std::string File(const std::string& name) const { return m_environment.Folder().File(name); }
-
-    ProgramEnvironment m_environment;
-    ScriptedDesktop desktop;
 
   private:
-    void Do(const std::string& step);
     std::string Table() const;
 };
 
@@ -122,6 +128,10 @@ class SolverTest : public WindowTest {
     QImage Grid() const { return Find("picGrid").grab().toImage(); }
 
   private:
+    TextBox& SheetBoxOf(const SheetRow& row) const {
+        return Box("txtParam(" + std::to_string(static_cast<int>(row.Box)) + ")");
+    }
+
     QPointer<frmMajorCalc> m_solver;
 };
 
