@@ -123,7 +123,9 @@ void frmMajorCalc::Form_Load(const std::function<void()>& loadSheet) {
 
 void frmMajorCalc::LayOut() {
     FillScreen();
-    Place(cmdClose, ScreenWidth() - kCloseWidth - 100, kButtonTop, kCloseWidth, kButtonHeight);
+    // A desktop's frame may be wider than the room that is left for it.
+    const double closeRight = std::min(ScreenWidth() - 100, Client()->width() * TwipsPerPixelX());
+    Place(cmdClose, closeRight - kCloseWidth, kButtonTop, kCloseWidth, kButtonHeight);
     m_picture.SetSize({ScreenWidth() - 200, ScreenHeight() - 1050});
     Place(picGrid, kGridLeft, kGridTop, m_picture.Size().Width, m_picture.Size().Height);
     ShowCross(PlaceOf(Cross, m_picture.Size()));
