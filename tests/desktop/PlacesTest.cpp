@@ -209,24 +209,67 @@ class Places : public DesktopTest {
     }
 };
 
-// A panel of that many pixels along an edge; none if 0.
-class PlacesByAPanel : public Places, public testing::WithParamInterface<std::pair<Edge, int>> {};
+// A desktop of 1280 by 1024: a panel of so many pixels along an edge, none if 0, and the primary monitor from
+// one x to another; another monitor has the rest.
+struct Desk {
+    Edge PanelEdge = Edge::Top;
+    int PanelSize = 0;
+    int Left = 0;
+    int Right = 1280;
+};
 
-INSTANTIATE_TEST_SUITE_P(Edges, PlacesByAPanel,
-                         testing::Values(std::pair(Edge::Top, 0), std::pair(Edge::Top, 40),
-                                         std::pair(Edge::Left, 60), std::pair(Edge::Bottom, 50),
-                                         std::pair(Edge::Right, 60)));
+class PlacesOnADesk : public Places, public testing::WithParamInterface<Desk> {
+  protected:
+    PlacesOnADesk() {
+        const auto monitor = [](const char* name, int left, int right, const char* output) {
+            const std::string width = std::to_string(right - left);
+            Run({"xrandr", "--setmonitor", name, width + "/300x1024/300+" + std::to_string(left) + "+0",
+                 output});
+        };
+        const auto [edge, size, left, right] = GetParam();
+        if (right - left < 1280) {
+            monitor("*bench", left, right, "screen");
+            monitor("other", left > 0 ? 0 : right, left > 0 ? left : 1280, "none");
+        }
+        m_panel = size > 0 ? std::make_unique<Panel>(edge, size) : nullptr;
+    }
+    ~PlacesOnADesk() override {
+        if (GetParam().Right - GetParam().Left < 1280) {
+            Run({"xrandr", "--delmonitor", "bench", "--delmonitor", "other"});
+        }
+    }
 
-TEST_P(PlacesByAPanel, TheSheetComesUpAtTheGridsCornerAndStaysWhereItIsLeft) {
-    const auto [edge, thickness] = GetParam();
-    const auto panel = thickness > 0 ? std::make_unique<Panel>(edge, thickness) : nullptr;
+  private:
+    static void Run(const std::vector<std::string>& words) {
+        Child program(words, TheScreen().Environment());
+        Until([&program] { return program.HasEnded(); });
+    }
+
+    std::unique_ptr<Panel> m_panel;
+};
+
+INSTANTIATE_TEST_SUITE_P(Desks, PlacesOnADesk,
+                         testing::Values(Desk{}, Desk{Edge::Top, 40}, Desk{Edge::Left, 60},
+                                         Desk{Edge::Bottom, 50}, Desk{Edge::Right, 60},
+                                         Desk{Edge::Top, 0, 0, 800}, Desk{Edge::Top, 40, 480, 1280},
+                                         Desk{Edge::Right, 60, 480, 1280}));
+
+TEST_P(PlacesOnADesk, TheSheetComesUpAtTheGridsCornerAndStaysWhereItIsLeft) {
+    const Desk desk = GetParam();
     Start();
+    EXPECT_GE(Frame("Plenair Lite").Left, desk.Left);
+    EXPECT_LE(Frame("Plenair Lite").Right(), desk.Right);
     OpenSolver();
+    if (desk.PanelSize == 0) {
+        AwaitPlace("Plenair", {desk.Left, 0, desk.Right - desk.Left, 1024});
+    }
     ShowSheet();
-    AwaitThat("the sheet is at the grid's corner", [this, edge = edge, thickness = thickness] {
+    EXPECT_GE(Frame("Plenair").Top, desk.PanelEdge == Edge::Top ? desk.PanelSize : 0);
+    AwaitThat("the sheet is at the grid's corner", [&] {
         const Place sheet = Frame("Duct Parameters");
         const Place grid = Control("picGrid");
-        const int right = std::min(grid.Right(), edge == Edge::Right ? 1280 - thickness : 1280);
+        const int right =
+            std::min(grid.Right(), desk.Right - (desk.PanelEdge == Edge::Right ? desk.PanelSize : 0));
         return sheet.Top >= grid.Top && sheet.Top < grid.Top + 15 && sheet.Right() <= right &&
                sheet.Right() > right - 15;
     });
@@ -235,7 +278,7 @@ TEST_P(PlacesByAPanel, TheSheetComesUpAtTheGridsCornerAndStaysWhereItIsLeft) {
         HideSheet();
         ShowSheet();
         AwaitPlace("Duct Parameters", left);
-        left = Move("Duct Parameters", "chkFollowOn", -300, 150);
+        left = Move("Duct Parameters", "chkFollowOn", -150, 150);
     }
     HideSheet();
     ShowSheet();

@@ -2,6 +2,7 @@
 
 #include "platform/qt/FocusEvents.h"
 #include "platform/qt/FormFont.h"
+#include "platform/qt/Panels.h"
 #include "platform/qt/Stacking.h"
 #include "platform/qt/Twips.h"
 
@@ -157,9 +158,16 @@ void Form::PutOn(const Spot& spot) {
     PutInPlace();
 }
 
+// Where the frame may stand. A window as large as the screen only keeps its title bar clear of panels.
+QRect Form::Room() const {
+    const QRect room = FreeArea(*QGuiApplication::primaryScreen());
+    const QRect whole = PrimaryScreen();
+    return m_fillsScreen ? QRect(QPoint(whole.left(), room.top()), whole.bottomRight()) : room;
+}
+
 void Form::PutInPlace() {
     winId(); // makes the native window, which knows whether a place is that of the frame
-    m_askedFor = m_spot ? FrameCorner(*m_spot, size().grownBy(Frame()), PrimaryScreen()) : *m_left;
+    m_askedFor = m_spot ? FrameCorner(*m_spot, size().grownBy(Frame()), Room()) : *m_left;
     if (!windowHandle()->isVisible()) {
         // Else the toolkit would, when it shows the window, make this a place of the client area.
         setGeometry(QRect(m_askedFor, size()));

@@ -56,9 +56,9 @@ class Form : public QWidget {
     double Height() const;
 
     // Puts the frame's top left corner, its top right one or its centre at a place in twips from the primary
-    // screen's top left corner, but not beyond that screen. What depends on the frame is put right when the
-    // desktop has made it. From then on the window stays where the user leaves it, also when it is hidden and
-    // shown again. A desktop that places windows itself takes no notice.
+    // screen's top left corner, but not beyond what panels leave of that screen. What depends on the frame is
+    // put right when the desktop has made it. From then on the window stays where the user leaves it, also
+    // when it is hidden and shown again. A desktop that places windows itself takes no notice.
     void MoveTo(double left, double top);
     void MoveRightEdgeTo(double right, double top);
     void MoveToCentre();
@@ -117,6 +117,7 @@ class Form : public QWidget {
   private:
     void LayOut();
     QMargins Frame() const;
+    QRect Room() const;
     void PutInPlace();
     void FrameIsKnown(const QMargins& frame);
     void SeePlace();

@@ -9,12 +9,7 @@
 #include <utility>
 
 #ifdef PLENAIR_XCB
-#include <QtGui/qguiapplication_platform.h>
-
-#include <cstdlib>
-#include <cstring>
-
-#include <xcb/xcb.h>
+#include "platform/qt/XServer.h"
 #endif
 
 namespace plenair {
@@ -30,21 +25,6 @@ QWindow* HighestOn(QWindow* window) {
     }
     return window;
 }
-
-#ifdef PLENAIR_XCB
-xcb_connection_t* Server() {
-    auto* x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
-    return x11 != nullptr ? x11->connection() : nullptr;
-}
-
-xcb_atom_t AtomOf(xcb_connection_t* connection, const char* name) {
-    const auto length = static_cast<std::uint16_t>(std::strlen(name));
-    auto* reply = xcb_intern_atom_reply(connection, xcb_intern_atom(connection, 0, length, name), nullptr);
-    const xcb_atom_t atom = reply != nullptr ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
-    std::free(reply);
-    return atom;
-}
-#endif
 
 // Window managers give the keyboard of a window that goes to the one for which it was transient. The toolkit
 // tells them which that is only when the window comes.

@@ -4,6 +4,7 @@
 #include "platform/qt/FocusEvents.h"
 #include "platform/qt/FormFont.h"
 #include "platform/qt/Labels.h"
+#include "platform/qt/Panels.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/SurfacePainter.h"
 #include "platform/qt/Twips.h"
@@ -141,7 +142,7 @@ void frmMajorParam::PlaceOnGrid() {
     // panels cover or push it, and its title bar may be higher than the room left for it.
     const auto* solver = qobject_cast<const Form*>(m_grid->window());
     const QRect grid(solver->geometry().topLeft() + m_grid->mapTo(solver, QPoint()), m_grid->size());
-    PutOn(OnGrid(solver->Corner(), grid, solver->screen()->availableGeometry()));
+    PutOn(OnGrid(solver->Corner(), grid, FreeArea(*solver->screen())));
 }
 
 void frmMajorParam::Show() {
