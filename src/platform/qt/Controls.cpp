@@ -146,7 +146,9 @@ void Button::keyPressEvent(QKeyEvent* event) {
         KeyPress(event->text().front().unicode());
     }
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        click();
+        if (!event->isAutoRepeat()) { // a key held down clicks once
+            click();
+        }
         return;
     }
     QPushButton::keyPressEvent(event);

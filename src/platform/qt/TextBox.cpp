@@ -13,6 +13,7 @@
 #include <QFontMetrics>
 #include <QPainter>
 #include <QPalette>
+#include <QSet>
 #include <QSize>
 #include <QStyle>
 #include <QStyleOptionFrame>
@@ -25,6 +26,12 @@ namespace plenair {
 namespace {
 
 constexpr int kTextMargin = 2; // the line edit's own, on both sides of a text
+
+// The keys that went down in any box, and aren't up yet as far as boxes know.
+QSet<int>& KeysDown() {
+    static QSet<int> s_keys;
+    return s_keys;
+}
 
 // The characters that a key gives; none for a key that only moves or edits.
 QString CharactersOf(const QKeyEvent* event) {
@@ -142,6 +149,7 @@ void TextBox::paintEvent(QPaintEvent* event) {
 }
 
 void TextBox::keyPressEvent(QKeyEvent* event) {
+    KeysDown().insert(event->key());
     if (KeyDown) {
         KeyDown(KeyCodeOf(event));
     }
@@ -161,7 +169,8 @@ void TextBox::keyPressEvent(QKeyEvent* event) {
 }
 
 void TextBox::keyReleaseEvent(QKeyEvent* event) {
-    if (KeyUp && !event->isAutoRepeat()) {
+    // A key that went down in a menu or a dialog may come up here.
+    if (!event->isAutoRepeat() && KeysDown().remove(event->key()) && KeyUp) {
         KeyUp(KeyCodeOf(event));
     }
     QLineEdit::keyReleaseEvent(event);

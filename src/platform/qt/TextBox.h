@@ -43,8 +43,8 @@ class TextBox : public QLineEdit, public FocusEvents {
     // End, and nothing typed with Alt. Auto-repeat repeats it.
     std::function<void(int character)> KeyPress;
 
-    // Any key going down (repeated by auto-repeat) or really released, with its code: those of KeyCodes.h,
-    // letters and digits by their character, 0 for one without a code.
+    // Any key going down (repeated by auto-repeat) or, after it went down in a box, really released, with its
+    // code: those of KeyCodes.h, letters and digits by their character, 0 for one without a code.
     std::function<void(int keyCode)> KeyDown;
     std::function<void(int keyCode)> KeyUp;
 
