@@ -85,11 +85,14 @@ void MakeProgramFolder() {
 }
 
 bool ProgramFolderTakesFiles() {
+    std::error_code unknown;
     fs::path folder = ProgramFolder();
-    while (!folder.empty() && !IsThere(folder) && folder != folder.parent_path()) {
+    // A link that leads nowhere is there: no folder can be made in its place.
+    while (!folder.empty() && !fs::exists(fs::symlink_status(folder, unknown)) &&
+           folder != folder.parent_path()) {
         folder = folder.parent_path();
     }
-    return MayWriteInto(folder.string());
+    return fs::is_directory(folder, unknown) && MayWriteInto(folder.string());
 }
 
 } // namespace plenair
