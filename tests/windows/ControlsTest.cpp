@@ -79,7 +79,8 @@ TEST_F(Controls, KeysOfATextBox) {
     const std::pair<QEvent::Type, bool> repeating[] = {{QEvent::KeyPress, false},
                                                        {QEvent::KeyRelease, true},
                                                        {QEvent::KeyPress, true},
-                                                       {QEvent::KeyRelease, false}};
+                                                       {QEvent::KeyRelease, false},
+                                                       {QEvent::KeyRelease, false}}; // of a press elsewhere
     for (const auto& [type, repeated] : repeating) {
         QKeyEvent event(type, Qt::Key_X, Qt::NoModifier, "x", repeated);
         QApplication::sendEvent(m_first, &event);
