@@ -155,6 +155,9 @@ class Places : public DesktopTest {
     void OpenSolver() {
         Play("mnuFile>mnuFileMajor | active: frmMajorCalc");
         AwaitThat("the solver has the keyboard", [] { return HasKeyboard(Find("Plenair")); });
+        // It takes its place when it has its frame.
+        AwaitThat("the solver fills the screen", [] { return Frame("Plenair").Height == 1024; });
+        TheScreen().AwaitManager();
     }
     void ShowSheet() {
         Click("chkParam");
@@ -180,6 +183,7 @@ class Places : public DesktopTest {
     // Moves a window, in which `control` is, as a user does by the window manager's keys; gives the place of
     // its frame then.
     Place Move(const std::string& title, const std::string& control, int right, int down) {
+        AwaitThat("the program sees " + title, [&] { return Control(control) != Place(); });
         const Place before = Control(control);
         constexpr long kNorthWest = 1 | 3 << 8; // that is the frame's corner; left and top are given
         Place place = Frame(title);
@@ -257,8 +261,10 @@ INSTANTIATE_TEST_SUITE_P(Desks, PlacesOnADesk,
 TEST_P(PlacesOnADesk, TheSheetComesUpAtTheGridsCornerAndStaysWhereItIsLeft) {
     const Desk desk = GetParam();
     Start();
-    EXPECT_GE(Frame("Plenair Lite").Left, desk.Left);
-    EXPECT_LE(Frame("Plenair Lite").Right(), desk.Right);
+    AwaitThat("Lite is on the primary monitor", [&desk] {
+        const Place lite = Frame("Plenair Lite");
+        return lite.Left >= desk.Left && lite.Right() <= desk.Right;
+    });
     OpenSolver();
     if (desk.PanelSize == 0) {
         AwaitPlace("Plenair", {desk.Left, 0, desk.Right - desk.Left, 1024});
@@ -287,9 +293,11 @@ TEST_P(PlacesOnADesk, TheSheetComesUpAtTheGridsCornerAndStaysWhereItIsLeft) {
 
 TEST_F(Places, LiteKeepsItsPlace) {
     Start();
-    Place place = Frame("Plenair Lite");
-    EXPECT_EQ(place.Right(), 1280);
-    EXPECT_EQ(place.Top, 20);
+    Place place;
+    AwaitThat("Lite is at the screen's corner", [&place] {
+        place = Frame("Plenair Lite");
+        return place.Right() == 1280 && place.Top == 20;
+    });
     for (const int down : {0, 300}) {
         place = down == 0 ? place : Move("Plenair Lite", "txtInputA", -400, down);
         Click("cmdMoreInfo");

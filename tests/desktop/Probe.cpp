@@ -101,7 +101,8 @@ class Probe : public QObject, public QAbstractNativeEventFilter {
         return nullptr;
     }
 
-    // Whether a window is on the screen, and the window manager done with it; sets where the server has it.
+    // Whether a window is on the screen, the window manager done with it, and the program told so; sets where
+    // the server has it.
     static bool IsThere(const QWidget* window, QPoint& origin) {
         auto* server = qApp->nativeInterface<QNativeInterface::QX11Application>()->connection();
         const auto id =
@@ -114,8 +115,8 @@ class Probe : public QObject, public QAbstractNativeEventFilter {
             xcb_get_window_attributes_reply(server, xcb_get_window_attributes(server, id), nullptr);
         const auto place = xcb_translate_coordinates_reply(
             server, xcb_translate_coordinates(server, id, root, 0, 0), nullptr);
-        const bool isThere = state != nullptr && look != nullptr && place != nullptr &&
-                             look->map_state == XCB_MAP_STATE_VIEWABLE &&
+        const bool isThere = window->windowHandle()->isExposed() && state != nullptr && look != nullptr &&
+                             place != nullptr && look->map_state == XCB_MAP_STATE_VIEWABLE &&
                              (look->override_redirect || state->value_len > 0);
         origin = place != nullptr ? QPoint(place->dst_x, place->dst_y) : QPoint();
         for (void* reply : {static_cast<void*>(atom), static_cast<void*>(state), static_cast<void*>(look),
