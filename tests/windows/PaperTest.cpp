@@ -140,7 +140,8 @@ TEST_F(Paper, TheDialogRefusesWhatIsNoFile) {
         emit dialog.findChild<QDialogButtonBox*>()->accepted();
         EXPECT_EQ(dialog.result() == QDialog::Rejected, refused) << name;
     }
-    EXPECT_EQ(desktop.LastText(), File("no/such/folder.pdf") + ": No such file or directory");
+    EXPECT_EQ(InWords(desktop.Messages().back()),
+              "Print: " + File("no/such/folder.pdf") + ": No such file or directory [Ok Exclamation]");
     EXPECT_EQ(printer.outputFileName().toStdString(), File("behind.pdf"));
     EXPECT_TRUE(fs::is_symlink(File("link.pdf")));
 }
