@@ -110,6 +110,10 @@ class Monkey : public DesktopTest {
         } catch (const std::exception& failure) {
             outcome.Wrong = failure.what();
         }
+        if (!outcome.Wrong.empty() && !HasEnded()) {
+            outcome.Wrong += "\nthe windows, by the program: " + Ask("windows") +
+                             "\nand by the server, lowest first: " + TheScreen().Windows();
+        }
         outcome.Steps = m_steps;
         std::cout << outcome.Done.size() << " actions, at most " << m_mostMemory << " MB and "
                   << m_longestWork << " ms. " << outcome.Wrong << std::endl;

@@ -164,13 +164,16 @@ def check_solver(lite):
     until("connections", lambda: connection.getState().contains(pyatspi.STATE_CHECKED))
     click(grid, 0.2, 0.2)
     until("a second duct", lambda: grid.childCount == 2)
-    expect([duct.name for duct in grid],
-           ["R1 rigid, from 4, 3 to 8, 3", "C2 connection, from 8, 3 to 8, 6"], "the ducts")
+    expect([f"{duct.getRoleName()} {duct.name}" for duct in grid],
+           ["list item R1 rigid, from 4, 3 to 8, 3", "list item C2 connection, from 8, 3 to 8, 6"], "the ducts")
     press(find(solver, "check box", "View/Set Duct Parameters"))
     sheet = window("Duct Parameters")
     expect(sheet.getRoleName(), "frame", "role of the sheet")
     scroll_bar = find(sheet, "scroll bar", "Duct number")
     expect(scroll_bar.queryValue().maximumValue, 2, "the scroll bar's maximum")
+    in_use(sheet)
+    scroll_bar.queryComponent().grabFocus()
+    until("the scroll bar's focus", lambda: scroll_bar.getState().contains(pyatspi.STATE_FOCUSED))
     find(sheet, "text", "Equiv. Round Duct (mm)")
     find(sheet, "check box", "Follow On")
 
