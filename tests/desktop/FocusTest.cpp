@@ -178,5 +178,16 @@ TEST_F(Focus, TheSheetsKeysAndTheSolversToolTips) {
     Play("| text QTipLabel: Save Plenair Project; active: frmMajorParam");
 }
 
+TEST_F(Focus, ASheetThatIsHiddenBeforeItCameNeverHadTheKeyboard) {
+    OpenProject("100");
+    Play("@chkParam | active: frmMajorCalc");
+    for (int times = 0; times < 20; ++times) {
+        for (const bool down : {true, false, true, false}) {
+            TheScreen().Button(1, down);
+        }
+        Play("Tab"); // as soon as the program has the keyboard where the server has it
+    }
+}
+
 } // namespace
 } // namespace plenair

@@ -255,6 +255,9 @@ class Probe : public QObject, public QAbstractNativeEventFilter {
                 return "a dialog without a parent: " + NameOf(window);
             }
         }
+        if (const QWidget* active = QApplication::activeWindow(); active != nullptr && !active->isVisible()) {
+            return "a hidden window has the keyboard: " + NameOf(active);
+        }
         const auto* grid = qobject_cast<QWidget*>(Find("picGrid"));
         auto* sheet = qobject_cast<QWidget*>(Find("frmMajorParam"));
         if (QApplication::activeModalWidget() != nullptr || grid == nullptr || sheet == nullptr) {

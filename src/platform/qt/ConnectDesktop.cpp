@@ -113,6 +113,7 @@ void ConnectDesktop() {
     InstallAccessibility();
     WatchFocus();
     KeepDialogsAbove();
+    AwaitKeyboard();
 }
 
 } // namespace plenair

@@ -10,6 +10,8 @@
 
 #ifdef PLENAIR_XCB
 #include "platform/qt/XServer.h"
+
+#include <QAbstractNativeEventFilter>
 #endif
 
 namespace plenair {
@@ -25,6 +27,22 @@ QWindow* HighestOn(QWindow* window) {
     }
     return window;
 }
+
+#ifdef PLENAIR_XCB
+// The toolkit takes its own request for the keyboard as the grant, when the server brings it back. Of one
+// that isn't granted, as for a window that is hidden meanwhile, no other word would come: the keyboard has
+// stayed where it was.
+class RequestFilter : public QAbstractNativeEventFilter {
+  public:
+    bool nativeEventFilter(const QByteArray&, void* message, qintptr*) override {
+        const auto* event = static_cast<const xcb_client_message_event_t*>(message);
+        return (event->response_type & 0x7f) == XCB_CLIENT_MESSAGE && event->type == m_request;
+    }
+
+  private:
+    xcb_atom_t m_request = AtomOf(Server(), "_NET_ACTIVE_WINDOW");
+};
+#endif
 
 // Window managers give the keyboard of a window that goes to the one for which it was transient. The toolkit
 // tells them which that is only when the window comes.
@@ -86,6 +104,15 @@ class DialogWatcher : public QObject {
 
 void KeepDialogsAbove() {
     qApp->installEventFilter(new DialogWatcher(qApp));
+}
+
+void AwaitKeyboard() {
+#ifdef PLENAIR_XCB
+    if (Server() != nullptr) {
+        static RequestFilter s_filter;
+        qApp->installNativeEventFilter(&s_filter);
+    }
+#endif
 }
 
 void KeepOffTaskBar(QWindow& window) {
