@@ -105,9 +105,8 @@ TEST_F(Focus, TheFirstClickAfterWakingKeepsTheWholeTextSelected) {
 TEST_F(Focus, MenusAndBoxesLeaveSelectionAndCaret) {
     Calculate();
     const std::tuple<std::string, std::string, std::string> ways[] = {
-        {"Alt_L", "QMenuBar", "Escape"},       {"Alt_L", "QMenuBar", "Alt_L"},
-        {"Alt+f", "mnuFile", "Escape Escape"}, {"F10", "mnuFile", "Escape Escape"},
-        {"F1", "QPushButton", "Return"},       {"Alt+e o", "txtDefPath", "Alt+c"}};
+        {"Alt_L", "QMenuBar", "Escape"}, {"Alt_L", "QMenuBar", "Alt_L"},  {"Alt+f", "mnuFile", "Escape"},
+        {"F10", "mnuFile", "Escape"},    {"F1", "QPushButton", "Return"}, {"Alt+e o", "txtDefPath", "Alt+c"}};
     for (const auto& [out, focus, back] : ways) {
         for (const bool all : {true, false}) {
             Play((all ? "Control+a " : "Home Right ") + out + " | focus: " + focus + "\n" + back +

@@ -6,10 +6,13 @@
 #include "platform/qt/Stacking.h"
 #include "platform/qt/Twips.h"
 
+#include <QActionEvent>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QEventLoop>
 #include <QGuiApplication>
+#include <QKeyEvent>
+#include <QMenu>
 #include <QMenuBar>
 #include <QRect>
 #include <QScreen>
@@ -46,6 +49,32 @@ QRect PrimaryScreen() {
     return QGuiApplication::primaryScreen()->geometry();
 }
 
+// From an open menu one Escape leads back to where the keyboard was. The toolkit's own would stop at the bar,
+// which then takes what is typed for a box.
+class FormMenuBar : public QMenuBar {
+  public:
+    using QMenuBar::QMenuBar;
+
+  protected:
+    void actionEvent(QActionEvent* event) override {
+        QMenuBar::actionEvent(event);
+        if (event->type() == QEvent::ActionAdded && event->action()->menu() != nullptr) {
+            event->action()->menu()->installEventFilter(this);
+        }
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        auto* const menu = qobject_cast<QMenu*>(watched);
+        if (menu == nullptr || event->type() != QEvent::KeyPress ||
+            !static_cast<QKeyEvent*>(event)->matches(QKeySequence::Cancel)) {
+            return QMenuBar::eventFilter(watched, event);
+        }
+        menu->close();
+        QMenuBar::keyPressEvent(static_cast<QKeyEvent*>(event));
+        return true;
+    }
+};
+
 } // namespace
 
 Form::Form(const QString& name, const QString& caption, Qt::WindowFlags flags)
@@ -67,7 +96,7 @@ QShortcut* Form::AddKeys(const QList<QKeySequence>& keys, const std::function<vo
 
 QMenuBar* Form::MenuBar() {
     if (m_menuBar == nullptr) {
-        m_menuBar = new QMenuBar(this);
+        m_menuBar = new FormMenuBar(this);
         m_menuBar->setNativeMenuBar(false);
         connect(new QShortcut(Qt::Key_F10, this), &QShortcut::activated, m_menuBar,
                 [this] { m_menuBar->setActiveAction(m_menuBar->actions().constFirst()); });
