@@ -86,6 +86,10 @@ class DialogWatcher : public QObject {
                 if (owner != nullptr) {
                     GoesBackTo(*owner, *window);
                     window->setTransientParent(owner);
+                    // A manager that reads this only when the dialog is gone takes the sheet instead.
+                    if (owner->isVisible() && HighestOn(owner) != owner) {
+                        owner->requestActivate();
+                    }
                 }
             }
         };
