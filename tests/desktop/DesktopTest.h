@@ -53,6 +53,9 @@ class DesktopTest : public testing::Test {
     // Opens a menu of the Lite window by the mouse and clicks an entry.
     void Choose(const std::string& menu, const std::string& entry);
 
+    // Whether the window manager knows by now what windows there are and which of them has the keyboard.
+    bool IsSettled();
+
     // How many keys and buttons going down the program has heard of.
     int Presses();
 
@@ -60,8 +63,6 @@ class DesktopTest : public testing::Test {
 
   private:
     void Note(const std::string& step) { m_steps += step + "\n  "; }
-    // Whether the window manager knows by now what windows there are and which of them has the keyboard.
-    bool IsSettled();
     void AwaitPresses(int count);
     [[noreturn]] void GiveUp(const std::string& missed);
 
