@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <filesystem>
 #include <sstream>
 #include <stdexcept>
 #include <thread>
@@ -117,8 +118,16 @@ Screen::Screen(const std::string& windowManager, const std::string& size) {
     XSetErrorHandler(PassOver);
     StartServer(size);
     XkbSetAutoRepeatRate(m_display, XkbUseCoreKbd, 150, 10);
+    // xfwm4 reads its settings over a session's bus, and only a desktop has one.
+    const std::string bus = "unix:path=" + m_home.File("bus");
+    m_bus = std::make_unique<Child>(
+        std::vector<std::string>{"dbus-daemon", "--session", "--nofork", "--nopidfile", "--address=" + bus},
+        Environment(), -1, m_home.File("bus.log"));
+    Until([this] { return m_bus->HasEnded() || std::filesystem::exists(m_home.File("bus")); });
+    std::vector<std::string> environment = Environment();
+    environment.push_back("DBUS_SESSION_BUS_ADDRESS=" + bus);
     m_manager =
-        std::make_unique<Child>(Split(windowManager, ' '), Environment(), -1, m_home.File("manager.log"));
+        std::make_unique<Child>(Split(windowManager, ' '), environment, -1, m_home.File("manager.log"));
     const bool isManaged = Until([this] {
         const auto window = Numbers(Root(), "_NET_SUPPORTING_WM_CHECK");
         return !window.empty() && window == Numbers(window[0], "_NET_SUPPORTING_WM_CHECK");

@@ -99,6 +99,7 @@ class Screen {
     TemporaryFolder m_home;
     std::string m_name;
     std::unique_ptr<Child> m_server;
+    std::unique_ptr<Child> m_bus;
     std::unique_ptr<Child> m_manager;
     Display* m_display = nullptr;
     unsigned long m_other = 0;
