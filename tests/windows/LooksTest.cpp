@@ -22,7 +22,8 @@ std::string Described(QWidget& window) {
         const std::string words = text.toString().replace('\n', '/').toStdString();
         all << (words.empty() ? "" : " ") << words;
     };
-    all << window.objectName().toStdString() << std::hex << ' ' << int(window.windowFlags()) << std::dec;
+    all << window.objectName().toStdString() << ' ' << window.width() << 'x' << window.height() << std::hex
+        << ' ' << int(window.windowFlags()) << std::dec;
     write(window.windowTitle());
     all << '\n';
     for (const QWidget* control :
@@ -38,9 +39,6 @@ std::string Described(QWidget& window) {
             write(control->property(text));
         }
         all << '\n';
-    }
-    for (const QMenu* menu : window.findChildren<QMenu*>()) {
-        EXPECT_TRUE(menu->font() == window.font()) << menu->objectName().toStdString();
     }
     for (const QAction* action : window.findChildren<QAction*>(QRegularExpression("^mnu"))) {
         all << action->objectName().toStdString() << (action->isEnabled() ? "" : "-")
@@ -58,11 +56,21 @@ class Looks : public SolverTest {
 };
 
 TEST_F(Looks, WindowsStandAsInTheTable) {
+    SetFormScale(15); // a pixel is a twip then
     OpenSolver();
     std::string all = Described(Window()) + Described(Solver()) + Described(Sheet());
-    frmInputs options;
-    frmAbout about;
-    all += Described(options) + Described(about);
+    {
+        frmInputs options;
+        frmAbout about;
+        all += Described(options) + Described(about);
+    }
+    EndProgram();
+    SetFormScale(1); // the solver fits itself to the screen
+    OpenSolver();
+    all += Described(Solver());
+    for (const QMenu* menu : Window().findChildren<QMenu*>()) {
+        EXPECT_TRUE(menu->font() == Window().font()) << menu->objectName().toStdString();
+    }
     const std::string& folder = environment.Folder().Path();
     all.replace(all.find(folder), folder.size(), "FOLDER");
     const std::string table = PLENAIR_SOURCES "/windows/layout.txt";
