@@ -17,6 +17,7 @@ class Controls : public WindowTest {
         Add(m_form, m_second, 500);
         Add(m_form, m_button, 1000);
         Add(m_other, m_box, 500);
+        m_foreign.setFocusPolicy(Qt::StrongFocus);
         m_first->KeyPress = [this](int code) { m_events += " press " + std::to_string(code); };
         m_first->KeyDown = [this](int code) { m_events += " down " + std::to_string(code); };
         m_first->KeyUp = [this](int code) { m_events += " up " + std::to_string(code); };
@@ -49,6 +50,12 @@ class Controls : public WindowTest {
         Play("| events: \n!first | events:  got first |"); // being shown enters no box
     }
 
+    static void Activate(QWidget& window) {
+        window.show();
+        window.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+
     static void Add(Form& form, QWidget* control, double top) {
         form.SetClientSize(6000, 3000);
         Form::Place(control, 100, top, 1500, 300);
@@ -60,6 +67,7 @@ class Controls : public WindowTest {
     TextBox* m_second = new TextBox("second", m_form.Client());
     TextBox* m_box = new TextBox("box", m_other.Client());
     Button* m_button = new Button("button", "&Go", m_form.Client());
+    QWidget m_foreign; // of the desktop, none of the program's forms
     std::string m_events;
 };
 
@@ -104,23 +112,35 @@ TEST_F(Controls, FocusIsLostBeforeItIsGained) {
 }
 
 TEST_F(Controls, OtherWindowsOfTheProgramCount) {
-    const auto activate = [](QWidget& window) {
-        window.show();
-        window.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
-    };
-    activate(m_other);
+    Activate(m_other);
     GiveFocus(m_first);
     ASSERT_TRUE(QTest::qWaitForWindowActive(&m_form));
     m_events.clear();
     GiveFocus(m_box);
     ASSERT_TRUE(QTest::qWaitForWindowActive(&m_other));
     Play("| events:  lost first got box");
-    QWidget foreign; // of the desktop, none of the program's forms
-    foreign.setFocusPolicy(Qt::StrongFocus);
-    activate(foreign);
-    activate(m_other);
+    Activate(m_foreign);
+    Activate(m_other);
     Play("| events: ");
+    Activate(m_form);
+    for (const Qt::Key modifier : {Qt::Key_Shift, Qt::Key_Control, Qt::Key_Alt, Qt::Key_ScrollLock,
+                                   Qt::Key_AltGr, Qt::Key_Super_L, Qt::Key_Hyper_R}) {
+        QKeyEvent press(QEvent::KeyPress, modifier, Qt::NoModifier);
+        QApplication::sendEvent(m_first, &press);
+        Play("| events:  down 0");
+    }
+    Play("Delete | events:  lost box got first down 46 up 46");
+}
+
+TEST_F(Controls, TheClickThatWakesLeavesTheWholeTextSelected) {
+    m_first->SetText("55");
+    m_first->SelectAll();
+    for (const bool byTheClick : {true, false}) {
+        Activate(m_foreign);
+        byTheClick ? void() : Activate(m_form);
+        Play("@first | selected: first 55");
+    }
+    Play("@first | selected: first ");
 }
 
 // It appears by itself where the work lasts, and its button ends the work.

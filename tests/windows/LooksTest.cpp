@@ -178,7 +178,31 @@ TEST_F(Looks, ButtonsOnAndOffAndTheFocusOnEachAreToldApart) {
             looks.push_back(button.grab().toImage());
         }
         EXPECT_GT(Apart(looks[1], ground, 1.5), Apart(looks[0], ground, 1.5)) << "on is the stronger one";
+        ScrollBar bar("bar", &window);
+        bar.resize(60, 20);
+        bar.show();
+        for (const bool hasFocus : {false, true}) {
+            hasFocus ? bar.setFocus() : bar.clearFocus();
+            EXPECT_EQ(bar.grab().toImage().pixelColor(1, 1) == bar.palette().color(QPalette::Highlight),
+                      hasFocus);
+        }
     }
+}
+
+TEST_F(Looks, CellsStandAsTheirColumnSays) {
+    MSFlexGrid grid("grid", 1, 3, nullptr);
+    grid.resize(192, 20);
+    std::string stands;
+    for (const int column : {0, 1, 2}) {
+        grid.SetColAlignment(column, 1 + 3 * column);
+        grid.SetTextMatrix(0, column, "l");
+        const QImage picture = grid.grab(grid.CellPlace(0, column).adjusted(1, 5, -1, -5)).toImage();
+        for (int x = 0; x < picture.width(); ++x) {
+            const bool isInk = picture.pixelColor(x, 4).lightness() < 128;
+            stands += isInk ? std::to_string(4 * x / picture.width()) : "";
+        }
+    }
+    EXPECT_EQ(stands, "013");
 }
 
 // Role, name and description of what a screen reader finds below a control, and where it says it is.

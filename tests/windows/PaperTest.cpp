@@ -1,10 +1,10 @@
+#include "platform/desktop/CommonDialog.h"
 #include "platform/qt/DesktopPrinter.h"
-#include "platform/qt/PrintDialog.h"
 #include "windows/WindowTest.h"
 
 #include <QDialogButtonBox>
-#include <QPrinter>
 #include <QProcess>
+#include <QSpinBox>
 
 #include <sys/stat.h>
 
@@ -83,6 +83,7 @@ TEST_F(Paper, NetworkDataAndPlot) {
     Duct(3).LossPerMetre = 1;
     Print("plant.pdf", "?Yes ?*1");
     ASSERT_EQ(Pages("plant.pdf"), "LPP");
+    EXPECT_TRUE(Output("pdfinfo %1", "plant.pdf").simplified().startsWith("Title: Plenair Creator: Plenair"));
     EXPECT_EQ(Text("plant.pdf", 1), "F5|F4|F3|C2|R1");
     EXPECT_EQ(Text("plant.pdf", 3),
               "---|Duct Number F5|---|Duct Type: Flexible|Flow Rate (L/s): 0|Width (mm): 0|"
@@ -128,21 +129,31 @@ TEST_F(Paper, TheDialogRefusesWhatIsNoFile) {
     fs::create_symlink("behind.pdf", File("link.pdf"));
     fs::create_directory(File("folder.pdf"));
     ASSERT_EQ(::mkfifo(File("pipe.pdf").c_str(), 0600), 0);
-    QPrinter printer;
     dialogsExpected = true;
-    for (const std::string name : {"pipe.pdf", "folder.pdf", "no/such/folder.pdf", "link.pdf"}) {
-        printer.setOutputFileName(QString::fromStdString(File(name)));
-        PrintDialog dialog(&printer, kPrinterNoPageNumbers);
-        EXPECT_FALSE(dialog.findChild<QWidget*>("gbPrintRange")->isEnabled());
+    CommonDialog options;
+    options.Flags = kPrinterNoPageNumbers;
+    for (const std::string name : {"pipe.pdf", "folder.pdf", "no/such/folder.pdf", "link.pdf", "link.pdf"}) {
         const bool refused = name != "link.pdf";
+        const auto print = [&](QWidget& dialog) {
+            auto* const copies = dialog.findChild<QSpinBox*>("copies");
+            EXPECT_EQ(copies->value(), 1) << "whatever was wanted last time";
+            EXPECT_FALSE(dialog.findChild<QWidget*>("gbPrintRange")->isEnabled());
+            copies->setValue(3);
+            emit dialog.findChild<QDialogButtonBox*>()->accepted();
+        };
         desktop.Expect(refused ? "?Ok" : "", environment.Folder().Path());
-        dialog.show();
-        emit dialog.findChild<QDialogButtonBox*>()->accepted();
-        EXPECT_EQ(dialog.result() == QDialog::Rejected, refused) << name;
+        PrintToFile(File(name));
+        bool isAccepted = false;
+        WorkOn([&] { isAccepted = ShowPrintDialog(options); }, {print});
+        EXPECT_EQ(isAccepted, !refused) << name;
     }
+    EXPECT_EQ(options.Copies, 3);
+    const std::unique_ptr<Printer> printer = MakeDesktopPrinter();
+    printer->Box({0, 0}, {1000, 1000}, 0);
+    printer->EndDoc();
+    EXPECT_EQ(Pages("behind.pdf"), "P");
     EXPECT_EQ(InWords(desktop.Messages().back()),
               "Print: " + File("no/such/folder.pdf") + ": No such file or directory [Ok Exclamation]");
-    EXPECT_EQ(printer.outputFileName().toStdString(), File("behind.pdf"));
     EXPECT_TRUE(fs::is_symlink(File("link.pdf")));
 }
 

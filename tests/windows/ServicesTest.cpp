@@ -93,6 +93,8 @@ TEST_F(Services, MessageBoxes) {
         {MessageButtons::YesNoCancel, QMessageBox::No, MessageAnswer::No},
         {MessageButtons::YesNoCancel, kEscape, MessageAnswer::Cancel},
         {MessageButtons::RetryCancel, QMessageBox::Retry, MessageAnswer::Retry}};
+    const QString title = "What a window asks, at some length, in its title";
+    QFont bold("Liberation Sans", 11, QFont::Bold);
     int row = 0;
     for (const auto& press : presses) {
         const int icon = row++ % 5; // none, critical, question, exclamation, information
@@ -100,13 +102,15 @@ TEST_F(Services, MessageBoxes) {
                                            QMessageBox::Warning, QMessageBox::Information};
         const auto answer = [&](QWidget& dialog) {
             auto& box = dynamic_cast<QMessageBox&>(dialog);
-            EXPECT_EQ(box.windowTitle() + "|" + box.text(), "T|a <b>\nc");
+            EXPECT_EQ(box.windowTitle() + "|" + box.text(), title + "|a <b>\nc");
+            EXPECT_GT(box.width(), QFontMetrics(bold).horizontalAdvance(title) + 100)
+                << "with buttons beside";
             EXPECT_EQ(box.textFormat(), Qt::PlainText);
             EXPECT_EQ(box.icon(), shown[icon]);
             std::get<1>(press) == kEscape ? QTest::keyClick(&box, Qt::Key_Escape)
                                           : QTest::mouseClick(box.button(std::get<1>(press)), Qt::LeftButton);
         };
-        const MessageRequest request{"a <b>\nc", "T", std::get<0>(press),
+        const MessageRequest request{"a <b>\nc", title.toStdString(), std::get<0>(press),
                                      static_cast<MessageIcon>(16 * icon)};
         MessageAnswer given = {};
         WorkOn([&] { given = ShowMessage(request); }, {answer});
@@ -126,7 +130,7 @@ TEST_F(Services, DatesOfLocales) {
 
 // Scripts stand in for all programs of the desktop, whose own can't be found. Each notes its name and its
 // arguments.
-TEST_F(Services, TheEditorAndThePlayerAreThoseOfTheDesktop) {
+TEST_F(Services, EditorBrowserAndPlayerAreThoseOfTheDesktop) {
     std::map<const char*, QByteArray> before;
     for (const char* name : {"PATH", "XDG_DATA_HOME", "XDG_DATA_DIRS", "XDG_CONFIG_HOME", "XDG_CONFIG_DIRS",
                              "XDG_CURRENT_DESKTOP"}) {
@@ -139,10 +143,10 @@ TEST_F(Services, TheEditorAndThePlayerAreThoseOfTheDesktop) {
         fs::permissions(File(name), fs::perms::owner_all);
     };
     const std::string part = "'" + File("part") + "'";
-    for (const char* name : {"gnome-text-editor", "notes", "x-terminal-emulator", "aplay"}) {
+    const auto noteOf = [&](const std::string& name) {
         add(name, "(printf '%s' \"${0##*/}\"; for a; do printf '[%s]' \"$a\"; done) > " + part +
                       "; /bin/mv " + part + " '" + File("note") + "'");
-    }
+    };
     questions["noted"] = [&] {
         EXPECT_TRUE(QTest::qWaitFor([&] { return fs::exists(File("note")); }));
         const std::string text = ReadFile(File("note"));
@@ -150,13 +154,34 @@ TEST_F(Services, TheEditorAndThePlayerAreThoseOfTheDesktop) {
         return text;
     };
     const std::string log = "/logs/my $log; \"1\".pnl";
-    EXPECT_TRUE(EditByOtherProgram(log));
-    EXPECT_EQ(Ask("noted"), "gnome-text-editor[" + log + "]"); // the desktop names none
+    const auto edit = [&] { return EditByOtherProgram(log); };
+    // Where the desktop names none, the first that is there.
+    const std::tuple<std::vector<std::string>, std::function<bool()>, std::string> rows[] = {
+        {{"gnome-text-editor", "gedit", "kate", "kwrite", "mousepad", "xed", "pluma", "featherpad", "leafpad",
+          "geany", "gvim", "emacs"},
+         edit,
+         log},
+        {{"x-www-browser", "firefox", "firefox-esr", "chromium", "google-chrome", "epiphany", "konqueror",
+          "falkon", "xdg-open"},
+         [] { return OpenManualByOtherProgram("/my manual.html", "sheet"); },
+         "file:///my%20manual.html#sheet"}};
+    for (const auto& [names, open, argument] : rows) {
+        std::for_each(names.begin(), names.end(), noteOf);
+        for (const std::string& name : names) {
+            EXPECT_TRUE(open());
+            EXPECT_EQ(Ask("noted"), name + "[" + argument + "]");
+            fs::remove(File(name));
+        }
+        EXPECT_FALSE(open());
+    }
+    for (const char* name : {"notes", "x-terminal-emulator", "aplay"}) {
+        noteOf(name);
+    }
     add("xdg-mime", "exec /bin/sleep 60"); // nothing of the desktop's that may hang is asked
     fs::create_directory(File("applications"));
     WriteFile(File("applications/notes.desktop"), "[Desktop Entry]\nExec=notes --new %f\nTerminal=true\n");
     WriteFile(File("desk-mimeapps.list"), "[Default Applications]\ntext/plain=gone.desktop;notes.desktop\n");
-    EXPECT_TRUE(EditByOtherProgram(log));
+    EXPECT_TRUE(edit());
     EXPECT_EQ(Ask("noted"), "x-terminal-emulator[-e][notes][--new][" + log + "]");
     add("Gus \"1\".psg", "");
     add("paplay", "exit 1"); // and pw-play isn't there
@@ -165,7 +190,7 @@ TEST_F(Services, TheEditorAndThePlayerAreThoseOfTheDesktop) {
     PlayByOtherProgram(File("missing.psg"));
     qputenv("PATH", File("applications").c_str());
     PlayByOtherProgram(File("Gus \"1\".psg")); // silence
-    EXPECT_FALSE(EditByOtherProgram(log));
+    EXPECT_FALSE(edit());
     Play("| log: beep");
     for (const auto& [name, value] : before) {
         value.isNull() ? qunsetenv(name) : qputenv(name, value);
