@@ -73,7 +73,7 @@ TEST_F(Misc, EachQuestionHasTheSameChance) {
 
 TEST(AboutShow, ScribblesAndWipes) {
     const ScopedDesktop desktop;
-    std::set<double> firstEnds;
+    std::set<std::int64_t> firstEnds;
     for (const int second : {1, 2}) {
         Desktop().Clock = [=] { return LocalTime{2026, 11, 24, 10, 20, second, 0}; };
         RecordedSurface surface;
@@ -99,9 +99,9 @@ TEST(AboutShow, ScribblesAndWipes) {
             }
         }
         EXPECT_EQ(colours.size(), 16U);
-        firstEnds.insert(surface.Items()[0].End.X);
+        firstEnds.insert(std::llround(surface.Items()[0].End.X));
     }
-    EXPECT_EQ(firstEnds.size(), 2U) << "other lines at each opening";
+    EXPECT_EQ(firstEnds, (std::set<std::int64_t>{1290, 2478})) << "other lines at each opening";
 }
 
 } // namespace

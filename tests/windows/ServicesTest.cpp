@@ -63,7 +63,7 @@ TEST_F(Services, FileDialogs) {
     WriteFile(other + "/plain", "");
     desktop.Log.clear();
     Choose("mnuFileLogOpen", {{other + "/my log", {}}});
-    Choose("mnuFileLogOpen", {{"plain", {}}}); // the dialog opens in the last folder
+    Choose("mnuFileLogOpen", {{"\"plain\"", {}}}); // the dialog opens in the last folder
     Play("| log: editor " + other + "/my log.pnl, editor " + other + "/plain");
     EXPECT_EQ(Settings.DefPath, other);
     EXPECT_EQ(NameFilters("Plenair Logs (*.pnl)|*.pnl|Both|*.gsp;*.*|rest").join('|'),

@@ -172,6 +172,10 @@ TEST_F(SolverWindows, TheSheetShowsEachTypeAndStaysWhereTheUserPutsIt) {
     Duct(1).Colour = 7;                        // as a damaged file may have it: no letter
     Play("@back | duct: 1 #070000\n@chkParam @chkParam");
     EXPECT_EQ(Sheet().pos(), dragged);
+    for (const std::string caption : {"R99", "R100"}) {
+        Sheet().SetDuctNoCaption(caption);
+        Play(std::string("| visible lblDuct: ") + (caption == "R99" ? "true" : "false"));
+    }
 }
 
 TEST_F(SolverWindows, TabsArrowsAndEnterOnTheSheet) {
