@@ -104,12 +104,13 @@ class NotedPrinter : public Printer {
   public:
     Extent Size() const override { return m_isPortrait ? Extent{12000, 16000} : Extent{16000, 12000}; }
     void SetLineWidth(int width) override { Note("width ") << width; }
-    void SetLineStyle(LineStyle) override {}
+    void SetLineStyle(LineStyle style) override { Note("style ") << static_cast<int>(style); }
     void Line(Point start, Point end, ColourNumber colour) override {
         Note("line ") << start.X << ',' << start.Y << ' ' << end.X << ',' << end.Y << ' ' << colour;
     }
-    void Box(Point corner, Point opposite, ColourNumber) override {
-        Note("box ") << corner.X << ',' << corner.Y << ' ' << opposite.X << ',' << opposite.Y;
+    void Box(Point corner, Point opposite, ColourNumber colour) override {
+        Note("box ") << corner.X << ',' << corner.Y << ' ' << opposite.X << ',' << opposite.Y << ' '
+                     << colour;
     }
     void SetPosition(Point place) override { Note("at ") << place.X << ',' << place.Y; }
     void SetColourMode(ColourMode mode) override { Note("colour mode ") << static_cast<int>(mode); }

@@ -105,6 +105,15 @@ TEST_F(PathTest, PlotOnTheGrid) {
                            "text 5: 550,2550", "text 14: 550,7050", "text 18: 550,9300",
                            "text 5.0: 4950,9500", "text 5.0: 4950,9500", "text 10.0: 9450,9500",
                            "text R1: 2750,0", "text C2: 5000,0", "text R3: 7250,0"}));
+    Play("?*1 Print"); // the same on paper
+    EXPECT_EQ(printer.Log(),
+              "|colour mode 2|landscape|Arial 9|style 0|width 1|box 2000,1500 14000,10500 0|style 1"
+              "|line 8000,1500 8000,10500 0|line 2000,3750 14000,3750 0|line 8000,1500 8000,10500 0"
+              "|line 2000,8250 14000,8250 0|line 14000,1500 14000,10500 0|line 2000,10500 14000,10500 0"
+              "|style 0|width 5|line 2000,1500 8000,3750 255|line 8000,3750 8000,8250 65535"
+              "|line 8000,8250 14000,10500 255|at 2000,3750|'5|at 2000,8250|'14|at 2000,10500|'18"
+              "|at 8000,10500|'5.0|at 8000,10500|'5.0|at 14000,10500|'10.0|at 5000,1500|'R1|at 8000,1500|'C2"
+              "|at 11000,1500|'R3|end");
     // The picture and its path stay together when another path can't take their place.
     Play("+R:0,0,0,1E-310,0,1E308");
     for (const std::string path : {"2", "0", "4"}) {

@@ -39,7 +39,7 @@ TEST_F(PrintoutTest, NetworkAndDataInThisOrder) {
     Play("?Yes ?*1 Print");
     EXPECT_EQ(
         printer.Log(),
-        "|colour mode 2|landscape|Arial 9|width 3|box 3950,-50 4050,50|box 7950,5950 8050,6050"
+        "|colour mode 2|landscape|Arial 9|style 0|width 3|box 3950,-50 4050,50 0|box 7950,5950 8050,6050 0"
         "|line 4000,0 8000,6000 65535|at 6000,3000|'C1|page|portrait|Arial 12 bold|'---"
         "|'Duct Number C1|'---|Arial 9|'|'Duct Type: Flexible|'Flow Rate (L/s): \t0|'Width (mm): \t\t0.3"
         "|'Height (mm): \t0|'Length (mm): \t1E+15|'Velocity (m/s): \t2.5|'Pressure Loss (Pa/m): 0"

@@ -229,9 +229,10 @@ std::string Spoken(QWidget& control) {
 
 TEST_F(Looks, WhatAScreenReaderFinds) {
     OpenSolver();
-    DrawRow("RC");
+    DrawRow("RFC");
     EXPECT_EQ(Spoken(Find("picGrid")),
-              "R1 rigid, from 1, 3 to 2, 3||0,0 787x730; C2 connection, from 2, 3 to 3, 3||0,0 787x730; .");
+              "R1 rigid, from 1, 3 to 2, 3||0,0 787x730; F2 flexible, from 2, 3 to 3, 3||0,0 787x730; "
+              "C3 connection, from 3, 3 to 4, 3||0,0 787x730; .");
     EXPECT_EQ(Spoken(Find("grdOtherShapes")),
               "|Diameter in mm|0,0 50x17 hidden; ||50,0 51x17 hidden; |Velocity in m/s|101,0 50x17 hidden; "
               "|Loss in Pa/m|151,0 50x17 hidden; .");
