@@ -1,5 +1,6 @@
 #include "platform/desktop/Clipboard.h"
 #include "project/ProjectGrid.h"
+#include "project/model/History.h"
 #include "windows/WindowTest.h"
 
 #include <QElapsedTimer>
@@ -155,6 +156,7 @@ TEST_F(SolverWindows, ClearingAndClosingAsk) {
     EXPECT_FALSE(closes("?Cancel Alt+C"));
     EXPECT_TRUE(closes("?Yes ?- Alt+C")) << "whatever comes of the save";
     Play("| visible cmdMoreInfo: true");
+    EXPECT_EQ(HistoryBytes(), 0U);
     EndProgram();
     OpenSolver();
     EXPECT_EQ(DuctCount, 0) << "opening clears the project";
