@@ -166,7 +166,7 @@ TEST_F(Looks, ButtonsOnAndOffAndTheFocusOnEachAreToldApart) {
         window.show();
         window.activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-        QImage ground(button.size(), QImage::Format_RGB32);
+        QImage ground = button.grab().toImage();
         ground.fill(QColor(theme.Window));
         std::vector<QImage> looks;
         for (const int look : {0, 1, 2, 3}) {

@@ -12,17 +12,17 @@ class SolverWindows : public SolverTest, public QObject {
     SolverWindows() {
         questions["holds"] = [] { return DrawPending == kFlagClear ? "nothing" : "a point"; };
         questions["colours"] = [this] { // of the first three ducts of a row
-            const QImage grid = Grid();
+            const QSize grid = Find("picGrid").size();
             std::string colours;
             for (const int column : {1, 2, 3}) {
                 const int x = grid.width() * (4 * column + 1) / (4 * kCellsAcross);
-                colours += ColourAt(grid, x, grid.height() / 10);
+                colours += ColourAt(Grid(), x, grid.height() / 10);
             }
             return colours;
         };
         questions["cross"] = [this] { // what shows of the keyboard's cross at 3,2
-            const QImage grid = Grid();
-            return ColourAt(grid, grid.width() * 3 / kCellsAcross, grid.height() * 2 / kCellsDown);
+            const QSize grid = Find("picGrid").size();
+            return ColourAt(Grid(), grid.width() * 3 / kCellsAcross, grid.height() * 2 / kCellsDown);
         };
         actions["new"] = [this] { // an empty project, as the solver is opened with
             for (const char* toggle : {"chkLabels", "chkParam", "optDuct(0)"}) {

@@ -32,9 +32,9 @@ void WorkOn(const std::function<void()>& open, const std::vector<DialogStep>& st
 // Object name of what has the focus; "nothing" if nothing has it.
 std::string Focused();
 
-// The colour of a pixel as #rrggbb.
+// The colour at a place, in pixels of the window that it is a picture of, as #rrggbb.
 inline std::string ColourAt(const QImage& image, int x, int y) {
-    return image.pixelColor(x, y).name().toStdString();
+    return image.pixelColor((QPointF(x, y) * image.devicePixelRatio()).toPoint()).name().toStdString();
 }
 
 // What `textOf` gives of each item, unless that is empty, with `between` between them.

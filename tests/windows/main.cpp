@@ -40,7 +40,8 @@ void Report(QtMsgType, const QMessageLogContext&, const QString& message) {
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     qInstallMessageHandler(Report);
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QByteArray screens = qgetenv("PLENAIR_SCREENS"); // a file that describes them
+    qputenv("QT_QPA_PLATFORM", screens.isEmpty() ? "offscreen" : "offscreen:configfile=" + screens);
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
     QApplication::setStyle(new plenair::ReadableStyle);
     QApplication application(argc, argv);
