@@ -79,6 +79,8 @@ TEST(AboutShow, ScribblesAndWipes) {
         RecordedSurface surface;
         surface.SetSize({5370, 4890});
         std::size_t refreshed = 0;
+        std::size_t told = 0; // of changes, so that what shows it is painted
+        surface.WhenChanged([&] { ++told; });
         PlayShow(surface, [&] { EXPECT_EQ(++refreshed, surface.Items().size()) << "each stroke is seen"; });
         ASSERT_EQ(refreshed, 2000U + 512U);
         std::set<ColourNumber> colours;
@@ -99,6 +101,7 @@ TEST(AboutShow, ScribblesAndWipes) {
             }
         }
         EXPECT_EQ(colours.size(), 16U);
+        EXPECT_EQ(told, refreshed);
         firstEnds.insert(std::llround(surface.Items()[0].End.X));
     }
     EXPECT_EQ(firstEnds, (std::set<std::int64_t>{1290, 2478})) << "other lines at each opening";
