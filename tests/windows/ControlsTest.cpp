@@ -141,6 +141,17 @@ TEST_F(Controls, TheClickThatWakesLeavesTheWholeTextSelected) {
         Play("@first | selected: first 55");
     }
     Play("@first | selected: first ");
+    // Backwards, and none.
+    const std::pair<const char*, std::string> rows[] = {{"End Shift+Home", "first 55"},
+                                                        {"Home Right", "first "}};
+    for (const auto& [keys, selected] : rows) {
+        Play(keys);
+        const int caret = m_first->cursorPosition();
+        Activate(m_foreign);
+        Activate(m_form);
+        Play("| selected: " + selected);
+        EXPECT_EQ(m_first->cursorPosition(), caret) << keys;
+    }
 }
 
 // It appears by itself where the work lasts, and its button ends the work.

@@ -1,7 +1,10 @@
 #include "core/windows/frmInputs.h"
 #include "extras/windows/frmAbout.h"
 #include "platform/qt/FormFont.h"
+#include "platform/qt/Icons.h"
+#include "platform/qt/Pictures.h"
 #include "platform/qt/ReadableStyle.h"
+#include "platform/qt/TextFit.h"
 #include "platform/qt/Twips.h"
 #include "windows/WindowTest.h"
 
@@ -189,6 +192,21 @@ TEST_F(Looks, ButtonsOnAndOffAndTheFocusOnEachAreToldApart) {
     }
 }
 
+TEST_F(Looks, IconsOfWindowsAndButtonsOfRows) {
+    EXPECT_EQ(Joined(WindowIcon().availableSizes(), [](QSize size) { return std::to_string(size.width()); }),
+              "16 24 32 48 64 128");
+    InsetButton button("button", "", nullptr);
+    button.resize(15, 16);
+    const QImage picture = button.grab().toImage();
+    for (int pixel = 0; pixel < 4; ++pixel) { // its frame
+        EXPECT_EQ(ColourAt(picture, pixel, 8), ColourAt(picture, 14 - pixel, 8));
+        EXPECT_EQ(ColourAt(picture, 7, pixel), ColourAt(picture, 7, 15 - pixel));
+    }
+    SetFormScale(2);
+    TakeDesktopFont();
+    EXPECT_EQ(FormScale(), 1);
+}
+
 TEST_F(Looks, CellsStandAsTheirColumnSays) {
     MSFlexGrid grid("grid", 1, 3, nullptr);
     grid.resize(192, 20);
@@ -203,6 +221,8 @@ TEST_F(Looks, CellsStandAsTheirColumnSays) {
         }
     }
     EXPECT_EQ(stands, "013");
+    EXPECT_ANY_THROW(grid.TextMatrix(1, 0));
+    EXPECT_ANY_THROW(grid.TextMatrix(0, 3));
 }
 
 // Role, name and description of what a screen reader finds below a control, and where it says it is.
@@ -275,13 +295,32 @@ TEST_F(Looks, DisabledTextsAndLinesInEveryTheme) {
         }
     }
     TextBox box("box", nullptr);
-    const auto look = [&box](const char* number) {
+    const auto look = [&box](const char* number, bool atStart) {
         box.SetText(number);
+        box.setCursorPosition(atStart ? 0 : 14);
         return box.grab().toImage();
     };
+    box.show();
+    box.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&box));
     for (int width = 44; width < 60; ++width) {
         box.resize(width, 20);
-        EXPECT_EQ(look("12345671111111"), look("12345678888888")) << "nothing behind the ellipsis";
+        for (const bool isTyped : {false, true}) {
+            isTyped ? box.setFocus() : box.clearFocus();
+            EXPECT_EQ(look("12345671111111", true), look("12345678888888", true))
+                << "nothing behind the ellipsis";
+        }
+        EXPECT_EQ(look("11111117654321", false), look("88888887654321", false)) << "nor before it";
+    }
+    for (double width = 20; width < 60; width += 1.7) {
+        const QFont fitting = FontThatFits(box.font(), "1234567", width);
+        const auto advance = [](QFont font, double more) {
+            font.setPointSizeF(font.pointSizeF() + more);
+            return QFontMetricsF(font).horizontalAdvance("1234567");
+        };
+        EXPECT_TRUE(advance(fitting, 0) <= width ||
+                    fitting.pointSizeF() <= box.font().pointSizeF() * 2 / 3 + 0.25);
+        EXPECT_TRUE(advance(fitting, 0.25) > width || fitting == box.font()) << width;
     }
     EXPECT_NEAR(Contrast(Qt::black, Qt::white), 21, 1e-9);
     EXPECT_NEAR(Contrast(QColor("#767676"), Qt::white), 4.54, 0.01);

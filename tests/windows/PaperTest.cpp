@@ -89,6 +89,15 @@ TEST_F(Paper, NetworkDataAndPlot) {
               "---|Duct Number F5|---|Duct Type: Flexible|Flow Rate (L/s): 0|Width (mm): 0|"
               "Height (mm): 0|Length (mm): 0|Velocity (m/s): 0|Pressure Loss (Pa/m): 0|"
               "Equivalent Circular Diameter (mm): 0|Fitting Coefficient at Start: 0");
+    // The letters of a label stand as high as their 9 points ask, and at their place.
+    const QByteArray words = Output("pdftotext -bbox -l 1 %1 -", "plant.pdf");
+    double left = 0, top = 0, right = 0, bottom = 0;
+    std::sscanf(words.constData() + words.indexOf("<word"),
+                "<word xMin=\"%lf\" yMin=\"%lf\" xMax=\"%lf\" yMax=\"%lf\"", &left, &top, &right, &bottom);
+    EXPECT_NEAR(left, 315.7, 0.3);
+    EXPECT_NEAR(top, 59.5, 0.3);
+    EXPECT_NEAR(bottom - top, 9, 3);
+    EXPECT_NEAR(right - left, 10, 3);
     Find("cmdCalcPressure").show();
     Play("?<1,2,3 ?Yes @cmdCalcPressure");
     Print("plot.pdf", "?*1"); // without a question
@@ -120,6 +129,8 @@ TEST_F(Paper, CopiesAreFilesOfTheirOwn) {
     EXPECT_EQ(Pages("plant.pdf"), "LP") << "no blank page after four ducts";
     EXPECT_EQ(ReadFile(File("plant-2.pdf")), "mine");
     EXPECT_EQ(Text("plant.pdf", 2), Text("plant-3.pdf", 2));
+    Print("plain", "?Yes ?*2");
+    EXPECT_EQ(Pages("plain-2.pdf"), "LP");
     Print("no/such/folder.pdf", "?Yes ?*2"); // ends without a word
     Print("plant.pdf", "?Cancel ?*1");
     EXPECT_EQ(Pages("plant.pdf"), "L") << "a closed question is a No; a file chosen again is replaced";

@@ -7,6 +7,7 @@
 #include "windows/WindowTest.h"
 
 #include <QDir>
+#include <QInputDialog>
 #include <QLineEdit>
 #include <QLocale>
 #include <QMessageBox>
@@ -115,6 +116,20 @@ TEST_F(Services, MessageBoxes) {
         MessageAnswer given = {};
         WorkOn([&] { given = ShowMessage(request); }, {answer});
         EXPECT_EQ(given, std::get<2>(press)) << row;
+    }
+}
+
+TEST_F(Services, InputBoxes) {
+    for (const auto key : {Qt::Key_Return, Qt::Key_Escape}) {
+        const auto type = [key](QWidget& dialog) {
+            EXPECT_EQ(dialog.windowTitle() + "|" + dynamic_cast<QInputDialog&>(dialog).labelText(),
+                      "T|Path?");
+            QTest::keyClicks(dialog.focusWidget(), "1,2");
+            QTest::keyClick(dialog.focusWidget(), key);
+        };
+        std::string given;
+        WorkOn([&] { given = AskByInputBox({"Path?", "T"}); }, {type});
+        EXPECT_EQ(given, key == Qt::Key_Return ? "1,2" : "");
     }
 }
 

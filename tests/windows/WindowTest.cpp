@@ -5,6 +5,7 @@
 #include <QKeySequence>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScreen>
 #include <QTimer>
 #include <QWindow>
 
@@ -219,6 +220,18 @@ void SolverTest::OpenSolver() {
     ASSERT_TRUE(QTest::qWaitForWindowActive(m_solver));
     QCoreApplication::processEvents();
     desktop.Log.clear();
+}
+
+QImage SolverTest::Grid() const {
+    QCoreApplication::processEvents();
+    QWidget& grid = Find("picGrid");
+    if (grid.devicePixelRatio() != 1) { // its edge may lie within a pixel of the screen
+        return grid.grab().toImage();
+    }
+    const QRect place(grid.mapTo(m_solver, QPoint()), grid.size());
+    return grid.screen()
+        ->grabWindow(m_solver->winId(), place.x(), place.y(), place.width(), place.height())
+        .toImage();
 }
 
 void SolverTest::DrawRow(const std::string& types) {
