@@ -42,6 +42,9 @@ TEST_F(Registry, ServesTextAndNumbersAlone) {
     EXPECT_EQ(untouched, RegistryValue(5));
     RegSetValueExA(m_key, "value", REG_DWORD, reinterpret_cast<const unsigned char*>("too long"), 8);
     EXPECT_EQ(RegQueryValue(m_key, "value", untouched), ERROR_MORE_DATA);
+    EXPECT_EQ(RegCloseKey(m_key), ERROR_SUCCESS);
+    EXPECT_EQ(RegCloseKey(m_key), ERROR_INVALID_HANDLE);
+    EXPECT_EQ(RegCloseKey(HKEY_CURRENT_USER), ERROR_SUCCESS);
 }
 
 TEST_F(Registry, KeysComeWithThoseAboveThem) {

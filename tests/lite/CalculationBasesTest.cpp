@@ -206,6 +206,9 @@ TEST_F(CalculationBases, LampsGoByTheRatio) {
         FillGrids(m_view, {100, width, 5, 1, 0.3, 0.5}, 4);
         EXPECT_TRUE(m_view.lamps[1] == lamp && m_view.lamps[4] == lamp) << width;
     }
+    EXPECT_EQ(MeaningOf(Lamp::Green) + "; " + MeaningOf(Lamp::Yellow) + "; " + MeaningOf(Lamp::Orange) +
+                  "; " + MeaningOf(Lamp::Red),
+              "compact, up to 4; slightly slender, 4 to 5; slender, 5 to 8; very slender, above 8");
     FillGrids(m_view, {800, 99.5F, 5, 1, 0.3, 0.5}, 0);
     EXPECT_EQ(m_view.lamps[0], Lamp::Orange);
     EXPECT_THROW(FillGrids(m_view, {300, 0.4F, 5, 1, 0.3, 0.5}, 2), CalcFailure);

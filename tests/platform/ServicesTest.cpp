@@ -16,8 +16,11 @@ TEST(CommonDialogTest, AcceptedFile) {
     EXPECT_EQ(dialog.FileName + " " + dialog.FileTitle, bare + ".gsp Lüftung.gsp");
     EXPECT_EQ(InCurrentFolder("x.Gus"), folder.File("x.Gus"));
     const std::pair<const char*, const char*> names[] = {
-        {"Level 1.5", "Level 1.5.gsp"}, {"plant.d", "plant.d"},  {"plant.7z", "plant.7z.gsp"},
-        {"plant.über", "plant.über"},   {"plant.", "plant.gsp"}, {".gsp", ".gsp.gsp"}};
+        {"Level 1.5", "Level 1.5.gsp"}, {"plant.d", "plant.d"},
+        {"plant.7z", "plant.7z.gsp"},   {"plant.über", "plant.über"},
+        {"plant.Z", "plant.Z"},         {"plant.A", "plant.A"},
+        {"plant.z", "plant.z"},         {"plant.a", "plant.a"},
+        {"plant.", "plant.gsp"},        {".gsp", ".gsp.gsp"}};
     for (const auto& [typed, saved] : names) {
         dialog.FileName = typed;
         EXPECT_EQ(WithDefaultExt(dialog), saved);

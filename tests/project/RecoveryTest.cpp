@@ -77,7 +77,7 @@ TEST_F(RecoveryTest, BringsBackEveryBit) {
     Play("#2,0");
     Duct(1).Flow = 100.0 / 3;
     Duct(1).Spare = -0.0F;
-    ProjectName = "plänt.gsp";
+    ProjectName = "plän.gsp";
     Settings.DefPath = File("");
     Solved = kFlagSet;
     solver.pressureVisible = true;
@@ -92,7 +92,7 @@ TEST_F(RecoveryTest, BringsBackEveryBit) {
     EXPECT_TRUE(solver.pressureVisible);
     EXPECT_EQ(Settings.DefPath + sheet.caption, File("R1"));
     // What was before the crash is no step. The project is this process's now, kept from the first moment on.
-    Play("Undo | state: 1 of plänt.gsp, solved, sheet; files: 1");
+    Play("Undo | state: 1 of plän.gsp, solved, sheet; files: 1");
     Solved = kFlagClear;
     NoteStep(windows);
     // A close by the user leaves nothing, unless the save that he wants before it fails, which no message
