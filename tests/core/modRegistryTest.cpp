@@ -73,6 +73,7 @@ TEST_F(Registry, ADamagedFileIsAnEmptyStoreThatCanBeWritten) {
     for (const std::string value : {"1,1", "1,0x", "1,+1", "-1,00", "4294967296,00", ""}) {
         contents.push_back("\"key\",\"Key\"\r\n\"value\",\"name\"," + value + "\r\n\"end\"\r\n");
     }
+    contents.push_back("\"key\",\"Key\"\r\n\"other\",\"name\",1,00\r\n\"end\"\r\n");
     for (std::size_t length = 0; length < whole.find("end") + 3; length += 3) {
         contents.push_back(whole.substr(0, length));
     }

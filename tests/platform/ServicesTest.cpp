@@ -1,7 +1,10 @@
+#include "platform/desktop/Clock.h"
 #include "platform/desktop/CommonDialog.h"
 #include "platform/desktop/DesktopEntry.h"
 #include "platform/files/Folders.h"
 #include "support/Test.h"
+
+#include <ctime>
 
 namespace {
 
@@ -62,6 +65,24 @@ TEST(DesktopEntry, PathIsOneArgumentOfTheApplicationThatComesFirst) {
         "[Added Associations]\ntext/plain=c;\n[Default Applications]\ntext/html=x\ntext/plain = a ; b;;\r\n",
         "[MIME Cache]\ntext/plain=d;a\n[Default Applications]\n#text/plain=x\ntext/plain=b\n", "no list"};
     EXPECT_EQ(ApplicationsFor("text/plain", lists), (std::vector<std::string>{"a", "b", "c", "d"}));
+}
+
+TEST(Clock, IsTheMachines) {
+    const ScopedDesktop before;
+    Desktop().Clock = {};
+    const auto machines = [] {
+        const std::time_t seconds = std::time(nullptr);
+        char text[20];
+        std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", std::localtime(&seconds));
+        return std::string(text);
+    };
+    const std::string earliest = machines();
+    const LocalTime now = Now();
+    char text[80];
+    std::snprintf(text, sizeof text, "%04d-%02d-%02d %02d:%02d:%02d", now.Year, now.Month, now.Day, now.Hour,
+                  now.Minute, now.Second);
+    EXPECT_TRUE(earliest <= text && text <= machines()) << text;
+    EXPECT_TRUE(now.Millisecond >= 0 && now.Millisecond < 1000);
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include "platform/text/DateText.h"
 #include "platform/text/Utf8.h"
 #include "support/Test.h"
 
@@ -100,6 +101,14 @@ TEST(Utf8, MessagesQuoteTextsShortened) {
     for (const auto& [text, quoted] : rows) {
         EXPECT_EQ(Shortened(text), quoted);
     }
+}
+
+TEST(DateText, MonthsInEnglish) {
+    std::string months;
+    for (int month = 1; month <= 12; ++month) {
+        months += MediumDate({2026, month, 8, 0, 0, 0, 0}).substr(3, 3);
+    }
+    EXPECT_EQ(months, "JanFebMarAprMayJunJulAugSepOctNovDec");
 }
 
 } // namespace

@@ -93,6 +93,7 @@ TEST(History, TheLargestProject) {
         Fill(kMostDucts, 1 / 9.0);
         StartHistory();
         const ProjectState start = NotedState();
+        EXPECT_TRUE(ReadKept(KeptContent(start, "")).State == start);
         std::size_t bytesOfFirst = 0;
         for (int step = 0; step < kSteps; ++step) {
             act(step);

@@ -146,6 +146,8 @@ TEST_F(Messages, AndWhatEachAnswerDoes) {
         {"Total Pressure Drop: \"7\" is no duct.  This project has duct 1 only. [Ok Exclamation]", [&] { ask("7"); }},
         {"Total Pressure Drop: There is nothing to plot, since the ducts of this path have no length. [Ok Exclamation]",
          [&] { ask("0"); }},
+        {"Total Pressure Drop: There is nothing to plot, since the pressure does not drop along this path. [Ok Exclamation]",
+         [&] { Duct(1).LossPerMetre = 0, ask("1"); }},
         {"Plenair: Error in Calculation.  Calculation basis not yet available. [Ok]",
          [&] { CalculateBasis(lite, 500, 300, 1, 5); }},
         {"Record Log: Plenair Minor Calculation Log Saved.\nThe Log has been reset [Ok Exclamation]",

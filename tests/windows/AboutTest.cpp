@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QPaintEvent>
+#include <QScreen>
 
 namespace {
 
@@ -29,6 +30,8 @@ TEST_F(About, ControlsAndCallComeAfterTheShowWhichPlaysOnce) {
         EXPECT_TRUE(QTest::qWaitFor([this] { return !desktop.Log.empty(); }, 60'000));
         const int strokes = m_strokes;
         EXPECT_GE(strokes, 2000 + 512) << "each stroke is seen";
+        const QPoint off = about.frameGeometry().center() - about.screen()->geometry().center();
+        EXPECT_LE(off.manhattanLength(), 2);
 
         // The panel is black but for its border, in which the scribble is left.
         const QImage shown = Find("canvas").grab().toImage();

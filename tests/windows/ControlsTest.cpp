@@ -140,7 +140,9 @@ TEST_F(Controls, TheClickThatWakesLeavesTheWholeTextSelected) {
         byTheClick ? void() : Activate(m_form);
         Play("@first | selected: first 55");
     }
-    Play("@first | selected: first ");
+    Play("@first | selected: first \n!second");
+    m_first->SelectAll();
+    Play("!first @first | selected: first "); // it had the keyboard before the click
     // Backwards, and none.
     const std::pair<const char*, std::string> rows[] = {{"End Shift+Home", "first 55"},
                                                         {"Home Right", "first "}};

@@ -129,7 +129,7 @@ TEST_F(Lite, EnteringABoxSelectsItsText) {
 
 TEST_F(Lite, EnterCalculatesFromEveryBox) {
     Play(R"(@cmdMoreInfo txtInputA=500 txtInputB=300
-        @txtInputA Return | selected: txtInputA 500; table: filled
+        @txtInputA End Return | selected: txtInputA 500; table: filled
         @txtInputB Return | selected: txtInputA 500; table: filled
         @optCalcBasis(1) @txtCalcBasis(1) Return | selected: txtInputA 500; table: filled
         @optCalcBasis(2) @txtCalcBasis(2) Return | selected: txtInputA 500; table: filled
@@ -200,7 +200,7 @@ TEST_F(Lite, FoldingShowsAndHidesThePanel) {
 
 TEST_F(Lite, ResultsArePainted) {
     const auto pictures = [this] {
-        return std::vector{Find("grdMinorCalc").grab().toImage(), Find("grdOtherShapes").grab().toImage()};
+        return std::vector{OnScreen("grdMinorCalc"), OnScreen("grdOtherShapes")};
     };
     const auto& lamp = Find<Label>("lblRatio(4)");
     const QPoint edge = lamp.mapTo(&Window(), QPoint(lamp.width() - 2, lamp.height() / 2));

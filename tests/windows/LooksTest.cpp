@@ -203,7 +203,9 @@ TEST_F(Looks, IconsOfWindowsAndButtonsOfRows) {
         EXPECT_EQ(ColourAt(picture, 7, pixel), ColourAt(picture, 7, 15 - pixel));
     }
     SetFormScale(2);
+    const int indicator = ReadableStyle().pixelMetric(QStyle::PM_IndicatorWidth, nullptr, nullptr);
     TakeDesktopFont();
+    EXPECT_EQ(indicator, 2 * ReadableStyle().pixelMetric(QStyle::PM_IndicatorWidth, nullptr, nullptr));
     EXPECT_EQ(FormScale(), 1);
 }
 

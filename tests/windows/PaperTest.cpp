@@ -1,8 +1,10 @@
 #include "platform/desktop/CommonDialog.h"
 #include "platform/qt/DesktopPrinter.h"
+#include "platform/qt/PrintDialog.h"
 #include "windows/WindowTest.h"
 
 #include <QDialogButtonBox>
+#include <QPrinter>
 #include <QProcess>
 #include <QSpinBox>
 
@@ -141,6 +143,8 @@ TEST_F(Paper, TheDialogRefusesWhatIsNoFile) {
     fs::create_directory(File("folder.pdf"));
     ASSERT_EQ(::mkfifo(File("pipe.pdf").c_str(), 0600), 0);
     dialogsExpected = true;
+    QPrinter any;
+    EXPECT_TRUE(PrintDialog(&any, 0).findChild<QWidget*>("gbPrintRange")->isEnabled());
     CommonDialog options;
     options.Flags = kPrinterNoPageNumbers;
     for (const std::string name : {"pipe.pdf", "folder.pdf", "no/such/folder.pdf", "link.pdf", "link.pdf"}) {

@@ -202,6 +202,9 @@ TEST_F(Services, EditorBrowserAndPlayerAreThoseOfTheDesktop) {
     add("paplay", "exit 1"); // and pw-play isn't there
     PlayByOtherProgram(File("Gus \"1\".psg"));
     EXPECT_EQ(Ask("noted"), "aplay[--quiet][--nonblock][" + File("Gus \"1\".psg") + "]");
+    noteOf("pw-play");
+    PlayByOtherProgram(File("Gus \"1\".psg"));
+    EXPECT_EQ(Ask("noted"), "pw-play[" + File("Gus \"1\".psg") + "]");
     PlayByOtherProgram(File("missing.psg"));
     qputenv("PATH", File("applications").c_str());
     PlayByOtherProgram(File("Gus \"1\".psg")); // silence

@@ -187,6 +187,18 @@ std::string WindowTest::Table() const {
                : table;
 }
 
+QImage WindowTest::OnScreen(const std::string& name) const {
+    QCoreApplication::processEvents();
+    QWidget& control = Find(name);
+    if (control.devicePixelRatio() != 1) { // its edge may lie within a pixel of the screen
+        return control.grab().toImage();
+    }
+    const QRect place(control.mapTo(control.window(), QPoint()), control.size());
+    return control.screen()
+        ->grabWindow(control.window()->winId(), place.x(), place.y(), place.width(), place.height())
+        .toImage();
+}
+
 SolverTest::SolverTest() {
     questions["flows"] = FlowsOfDucts;
     questions["network"] = Network;
@@ -220,18 +232,6 @@ void SolverTest::OpenSolver() {
     ASSERT_TRUE(QTest::qWaitForWindowActive(m_solver));
     QCoreApplication::processEvents();
     desktop.Log.clear();
-}
-
-QImage SolverTest::Grid() const {
-    QCoreApplication::processEvents();
-    QWidget& grid = Find("picGrid");
-    if (grid.devicePixelRatio() != 1) { // its edge may lie within a pixel of the screen
-        return grid.grab().toImage();
-    }
-    const QRect place(grid.mapTo(m_solver, QPoint()), grid.size());
-    return grid.screen()
-        ->grabWindow(m_solver->winId(), place.x(), place.y(), place.width(), place.height())
-        .toImage();
 }
 
 void SolverTest::DrawRow(const std::string& types) {

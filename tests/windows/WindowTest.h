@@ -97,6 +97,9 @@ class WindowTest : public ProgramTest {
         return nullptr;
     }
 
+    // What a control shows on the screen, where only what was told to have changed is painted anew.
+    QImage OnScreen(const std::string& name) const;
+
     frmMinorCalc& Window() const { return *FindWindow<frmMinorCalc>(); }
     TextBox& Box(const std::string& name) const { return Find<TextBox>(name); }
 
@@ -124,8 +127,8 @@ class SolverTest : public WindowTest {
     // The solver with such a row of ducts and the sheet on the first of them.
     void OpenSheet(const std::string& types);
 
-    // What picGrid shows on the screen, where only what was told to have changed is painted anew.
-    QImage Grid() const;
+    // What picGrid shows.
+    QImage Grid() const { return OnScreen("picGrid"); }
 
   private:
     TextBox& SheetBoxOf(const SheetRow& row) const {
