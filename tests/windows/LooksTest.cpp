@@ -14,6 +14,7 @@
 #include <QRadioButton>
 #include <QRegularExpression>
 #include <QStyle>
+#include <QToolTip>
 
 namespace {
 
@@ -207,6 +208,8 @@ TEST_F(Looks, IconsOfWindowsAndButtonsOfRows) {
     TakeDesktopFont();
     EXPECT_EQ(indicator, 2 * ReadableStyle().pixelMetric(QStyle::PM_IndicatorWidth, nullptr, nullptr));
     EXPECT_EQ(FormScale(), 1);
+    EXPECT_EQ(QToolTip::font(), FormFont());
+    EXPECT_EQ(QApplication::font("QMessageBox"), FormFont());
 }
 
 TEST_F(Looks, CellsStandAsTheirColumnSays) {
@@ -237,7 +240,8 @@ std::string Spoken(QWidget& control) {
             all << (index < 0 ? "" : ".");
             continue;
         }
-        EXPECT_TRUE(item == owner->child(index) && item->parent() == owner && item->isValid());
+        EXPECT_TRUE(item == owner->child(index) && item->parent() == owner && item->isValid() &&
+                    item->childCount() == 0);
         EXPECT_TRUE(item->state().readOnly);
         EXPECT_EQ(owner->indexOfChild(item), index);
         const QPoint place = control.mapFromGlobal(item->rect().topLeft());

@@ -1,12 +1,9 @@
 #include "platform/qt/Panels.h"
 
-#include <QMargins>
 #include <QScreen>
 
 #ifdef PLENAIR_XCB
 #include "platform/qt/XServer.h"
-
-#include <vector>
 #endif
 
 namespace plenair {
@@ -35,8 +32,9 @@ QSize SizeOf(xcb_connection_t* server, xcb_window_t window) {
     return size;
 }
 
-// What a panel takes of a screen. It says how far it reaches from each edge of all screens together (left,
-// right, top, bottom) and from where to where along that edge; it takes of that screen on which it ends.
+} // namespace
+#endif
+
 QMargins TakenBy(const std::vector<std::uint32_t>& panel, const QRect& screen, QSize all) {
     const auto taken = [&panel](std::size_t edge, int reach, int size, int from, int to) {
         const int first = static_cast<int>(panel[4 + 2 * edge]);
@@ -51,9 +49,6 @@ QMargins TakenBy(const std::vector<std::uint32_t>& panel, const QRect& screen, Q
             taken(3, depth(3) - (all.height() - 1 - screen.bottom()), screen.height(), screen.left(),
                   screen.right())};
 }
-
-} // namespace
-#endif
 
 QRect FreeArea(const QScreen& screen) {
 #ifdef PLENAIR_XCB
