@@ -124,6 +124,7 @@ TEST_F(Lite, EnteringABoxSelectsItsText) {
         End @txtInputB | selected: txtInputB 
         Tab | selected: txtInputA 500
         Alt+H | selected: txtInputB 300; table: filled
+        Alt+E Escape | selected: txtInputB 300; table: filled
         @cmdMoreInfo @txtCalcBasis(0) | selected: txtCalcBasis(0) 0.8; table: blank)");
 }
 

@@ -38,9 +38,16 @@ std::string Described(QWidget& window) {
             << place.width() << 'x' << place.height() << ' ' << font.pointSizeF() << (font.bold() ? "b" : "")
             << (font.italic() ? "i" : "") << ' ' << control->focusPolicy()
             << (control->isEnabled() ? "" : "-") << (control->isVisibleTo(&window) ? "" : " hidden");
-        for (const char* text :
-             {"text", "toolTip", "accessibleName", "alignment", "maxLength", "minimum", "maximum"}) {
+        for (const char* text : {"text", "toolTip", "accessibleName", "alignment", "maxLength", "minimum",
+                                 "maximum", "pageStep"}) {
             write(control->property(text));
+        }
+        if (!control->property("icon").value<QIcon>().isNull()) {
+            write(control->property("iconSize").toSize().width());
+        }
+        for (const auto role : {QPalette::Window, QPalette::WindowText, QPalette::Base, QPalette::Text}) {
+            const QColor colour = control->palette().color(role);
+            write(colour != window.palette().color(role) ? colour.name() : QString());
         }
         all << '\n';
     }
