@@ -112,11 +112,11 @@ TEST_F(PrintoutTest, CopyOfDuctsOrPath) {
         "<tr><td align=\"right\">1250,5</td><td>C2</td></tr>\n</table></body></html>\n");
     const std::string spreadsheet = SpreadsheetDocument({{"a<b>&"}, {"1250,5", "C2"}});
     EXPECT_NE(spreadsheet.find("office:value=\"1250.5\"><text:p>1250,5</text:p>"), spreadsheet.npos);
-    std::uint32_t sum = 0; // of the bytes that office programs were seen to open
+    std::uint32_t sum = 0; // of the very bytes that Gnumeric was seen to open
     for (const char byte : spreadsheet) {
         sum = sum * 16777619 + static_cast<unsigned char>(byte);
     }
-    EXPECT_EQ(sum, 707156387U) << "look whether office programs take it still";
+    EXPECT_EQ(sum, 707156387U) << "see whether office programs still open it";
     Play("?<1,0,2 ?Yes Path ?<2 ?No Path"); // the plot on the grid is still that of the first path
     CopyShown(windows);
     EXPECT_EQ(TabSeparated(copied.Table),

@@ -77,7 +77,7 @@ TEST_F(RecoveryTest, BringsBackEveryBit) {
     Play("#2,0");
     Duct(1).Flow = 100.0 / 3;
     Duct(1).Spare = -0.0F;
-    ProjectName = "plän.gsp";
+    ProjectName = "plän.gsp"; // one byte more than a word of the file
     Settings.DefPath = File("");
     Solved = kFlagSet;
     solver.pressureVisible = true;

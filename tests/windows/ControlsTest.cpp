@@ -123,6 +123,7 @@ TEST_F(Controls, OtherWindowsOfTheProgramCount) {
     Activate(m_other);
     Play("| events: ");
     Activate(m_form);
+    // No modifier enters a box that got the keyboard by waking; the first other key does.
     for (const Qt::Key modifier : {Qt::Key_Shift, Qt::Key_Control, Qt::Key_Alt, Qt::Key_ScrollLock,
                                    Qt::Key_AltGr, Qt::Key_Super_L, Qt::Key_Hyper_R}) {
         QKeyEvent press(QEvent::KeyPress, modifier, Qt::NoModifier);

@@ -95,7 +95,7 @@ TEST_F(Services, MessageBoxes) {
         {MessageButtons::YesNoCancel, kEscape, MessageAnswer::Cancel},
         {MessageButtons::RetryCancel, QMessageBox::Retry, MessageAnswer::Retry}};
     const QString title = "What a window asks, at some length, in its title";
-    QFont bold("Liberation Sans", 11, QFont::Bold);
+    const QFont bold("Liberation Sans", 11, QFont::Bold);
     int row = 0;
     for (const auto& press : presses) {
         const int icon = row++ % 5; // none, critical, question, exclamation, information
@@ -172,12 +172,8 @@ TEST_F(Services, EditorBrowserAndPlayerAreThoseOfTheDesktop) {
     const auto edit = [&] { return EditByOtherProgram(log); };
     // Where the desktop names none, the first that is there.
     const std::tuple<std::vector<std::string>, std::function<bool()>, std::string> rows[] = {
-        {{"gnome-text-editor", "gedit", "kate", "kwrite", "mousepad", "xed", "pluma", "featherpad", "leafpad",
-          "geany", "gvim", "emacs"},
-         edit,
-         log},
-        {{"x-www-browser", "firefox", "firefox-esr", "chromium", "google-chrome", "epiphany", "konqueror",
-          "falkon", "xdg-open"},
+        {{"gnome-text-editor", "kate", "emacs"}, edit, log},
+        {{"x-www-browser", "firefox", "xdg-open"},
          [] { return OpenManualByOtherProgram("/my manual.html", "sheet"); },
          "file:///my%20manual.html#sheet"}};
     for (const auto& [names, open, argument] : rows) {
