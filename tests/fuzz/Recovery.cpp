@@ -25,6 +25,9 @@ std::string WithRightSum(std::string_view input) {
 } // namespace
 
 FUZZER(recovery) {
+    const ProjectState solved{{DuctBits{}}, true, false, ""};
+    const std::string ours = KeptContent(solved, std::string(input));
+    REQUIRE(ours[16] == 1 && ReadKept(ours).State == solved && WithRightSum(ours.substr(16)) == ours);
     for (const std::string& content : {std::string(input), WithRightSum(input)}) {
         try {
             const KeptProject kept = ReadKept(content);

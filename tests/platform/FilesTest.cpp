@@ -22,10 +22,13 @@ TEST_F(TextFiles, EndlessItemsAndWhatIsNoFileAreNotRead) {
     ASSERT_EQ(mkfifo(File("pipe").c_str(), 0600), 0);
     std::vector<std::pair<std::string, const char*>> rows = {{File("missing"), "No such file or directory"},
                                                              {m_folder.Path(), "Is a directory"},
-                                                             {File("pipe"), "Not a regular file"}};
+                                                             {File("pipe"), "Not a regular file"},
+                                                             {File("empty"), "Unexpected end of file"}};
+    WriteFile(File("empty"), "");
     for (const std::string start : {"", "\"", " "}) {
         rows.emplace_back(File("endless" + start), "Item too long");
-        WriteFile(rows.back().first, start + std::string(131073, start == " " ? ' ' : '\0'));
+        WriteFile(rows.back().first,
+                  start == " " ? std::string(131073, ' ') : start + std::string(131073, '\0'));
     }
     for (const auto& [path, reason] : rows) {
         for (const auto& read : {&ItemReader::ReadText, &ItemReader::ReadNumberText}) {
@@ -38,7 +41,7 @@ TEST_F(TextFiles, EndlessItemsAndWhatIsNoFileAreNotRead) {
         }
     }
     for (const std::size_t length : {131072U, 8191U}) { // the longest; CR LF over two pieces that are read
-        WriteFile(File("items"), std::string(length, 'x') + "\r\nb");
+        WriteFile(File("items"), std::string(length, 'x') + "\r\n" + std::string(131072, ' ') + "b");
         ItemReader reader(File("items"));
         EXPECT_EQ(reader.ReadText().size(), length);
         EXPECT_EQ(reader.ReadText(), "b");

@@ -121,4 +121,41 @@ TEST(Strokes, SlantingLinesCoverTheirArea) {
     }
 }
 
+// A buffer is a window into a larger one, whose other pixels stay. Each byte of a pixel is mixed on its own.
+TEST(PixelInk, MixesOnItsOwnPixelsAlone) {
+    constexpr int kRow = 24, kWidth = 20, kHeight = 13;
+    std::vector<std::uint32_t> pixels(kRow * (kHeight + 2), 0xFFFFFFFF);
+    PixelInk ink({&pixels[kRow], kWidth, kHeight, kRow});
+    std::mt19937 random(3);
+    const auto below = [&](int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); };
+    for (int trial = 0; trial < 150; ++trial) {
+        const std::vector<std::uint32_t> before = pixels;
+        const ColourNumber colour = random() & 0xFFFFFF;
+        CoverageMask mask{below(9) - 4, below(9) - 4, below(30), below(20), {}};
+        const bool fills = trial % 4 == 0;
+        for (int at = 0; at < mask.Width * mask.Height; ++at) {
+            mask.Coverage.push_back(static_cast<std::uint8_t>(fills || below(4) == 0 ? 255 : below(256)));
+        }
+        const int left = below(40) - 15, top = below(30) - 12;
+        const int x = left + mask.Left, y = top + mask.Top;
+        fills ? ink.Fill({x, y, x + mask.Width, y + mask.Height}, colour)
+              : ink.Stamp(mask, left, top, colour);
+        for (int at = 0; at < kRow * (kHeight + 2); ++at) {
+            const int column = at % kRow - x, row = at / kRow - 1 - y;
+            const bool isInside = at % kRow < kWidth && at / kRow >= 1 && at / kRow <= kHeight &&
+                                  column >= 0 && column < mask.Width && row >= 0 && row < mask.Height;
+            const int part =
+                isInside ? mask.Coverage[static_cast<std::size_t>(row * mask.Width + column)] : 0;
+            const int inks[] = {static_cast<int>(colour >> 16U), static_cast<int>(colour >> 8U & 255U),
+                                static_cast<int>(colour & 255U), 255};
+            for (unsigned byte = 0; byte < 4; ++byte) {
+                const auto old = static_cast<int>(before[static_cast<std::size_t>(at)] >> 8 * byte & 255U);
+                const auto mixed = static_cast<int>(pixels[static_cast<std::size_t>(at)] >> 8 * byte & 255U);
+                ASSERT_NEAR(mixed, (inks[byte] * part + old * (255 - part)) / 255.0,
+                            part % 255 == 0 ? 0 : 1.01);
+            }
+        }
+    }
+}
+
 } // namespace

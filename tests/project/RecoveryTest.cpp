@@ -4,6 +4,8 @@
 #include "project/ProjectKeeper.h"
 #include "project/model/History.h"
 
+#include <pthread.h>
+
 namespace {
 
 // The commands Open and Crash, Wait, where the program waits for its user, and Second, where a second passes
@@ -115,6 +117,29 @@ TEST_F(RecoveryTest, WritesAtMostOnceASecond) {
     Play(R"(Load Second | files: 0
             Undo Second Crash ?No Open | state: 0; files: 1
             Wait | files: 0)"); // until then the program may be on its way to its end
+}
+
+// Nobody waits for a write that runs while the solver closes, but the end of the program.
+TEST_F(RecoveryTest, NothingStaysBehindAWriteThatStillRuns) {
+    const auto closeAndEnd = [this] {
+        AddDucts(kMostDucts);
+        NoteStep(windows);
+        Play("Wait");
+        EndKeeping();
+        std::exit(0);
+    };
+    EXPECT_EXIT(closeAndEnd(), testing::ExitedWithCode(0), "");
+    Play("| files: 0");
+}
+
+TEST_F(RecoveryTest, WritesWhereNoThreadCanBeStarted) {
+    pthread_attr_t usual, endless;
+    pthread_getattr_default_np(&usual);
+    pthread_attr_init(&endless);
+    pthread_attr_setstacksize(&endless, std::size_t{1} << 46);
+    pthread_setattr_default_np(&endless);
+    Play("#0,0 #2,0 Second | files: 1");
+    pthread_setattr_default_np(&usual);
 }
 
 TEST_F(RecoveryTest, DiscardsWhatCantBeRead) {
