@@ -7,6 +7,7 @@
 #include "project/FakeWindows.h"
 #include "project/ProjectFiles.h"
 #include "project/ProjectKeeper.h"
+#include "project/Recovery.h"
 #include "project/model/History.h"
 #include "project/model/ProjectBlocks.h"
 #include "support/LiteArrays.h"
@@ -140,6 +141,9 @@ class FaultsTest : public FileWork {
     }
 
     void TryAgain(const Operation& operation) {
+        if (operation.Name == "restoring") {
+            StartOver(operation); // what can't be read is gone
+        }
         m_told.clear();
         EXPECT_TRUE(operation.Run());
         ExpectWhole(operation, true);
@@ -152,6 +156,7 @@ class FaultsTest : public FileWork {
         const bool done = operation.Run();
         const bool isReached = DisarmFault() >= call;
         const std::string struck = StruckCall();
+        m_calls += struck + ", ";
         const bool mustPass =
             !isReached || fault == kShortCount || (fault == EINTR && (struck == "read" || struck == "write"));
         const bool mustFail = !mustPass && (struck == "write" || struck == "fsync" || struck == "rename");
@@ -178,6 +183,7 @@ class FaultsTest : public FileWork {
     }
 
     std::string m_newer; // what the operation under attack leaves when all goes well
+    std::string m_calls; // of the operation, over and over
 };
 
 std::vector<Operation> FaultsTest::Operations() {
@@ -231,6 +237,13 @@ std::vector<Operation> FaultsTest::Operations() {
         StartHistory();
         return KeepAtOnce();
     };
+    const auto restore = [this] {
+        LeaveKept();
+        StartProject();
+        OfferRecovery(windows);
+        m_told.emplace_back(); // it isn't told where the file can't be opened
+        return DuctCount == 1;
+    };
     SetRegistryFile(File("registry"));
     store("first");
     const std::string registry = ReadFile(File("registry"));
@@ -255,6 +268,8 @@ std::vector<Operation> FaultsTest::Operations() {
         {"start", "User.cfg", settings, true, [=, this] { return start() && m_told.empty(); },
          [](const std::string& content) { return content.starts_with("\"" + ProgramFolder()); }},
         {"recovery", kept, recovery, false, keep},
+        {"restoring", kept, recovery, true, restore,
+         [](const std::string& content) { return content.empty(); }},
 #ifdef PLENAIR_WINDOWS
         {"PDF", "plant.pdf", "older document", false, print, // it tells its time, so that no two are the same
          [](const std::string& content) {
@@ -282,6 +297,10 @@ TEST_F(FaultsTest, AnyCallMayFail) {
                 TryAgain(operation);
             }
         }
+        // A new name is brought to the disk too.
+        const std::size_t renamed = m_calls.rfind("rename, ");
+        EXPECT_EQ(renamed == m_calls.npos, m_calls.find("fsync of a folder", renamed) == m_calls.npos);
+        m_calls.clear();
     }
     LeaveKept();
     SetStateFolder("");

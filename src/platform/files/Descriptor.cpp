@@ -55,6 +55,17 @@ void RequireRegularFile(const std::string& path, const struct stat& status) {
     }
 }
 
+std::size_t ReadPiece(const Descriptor& file, const std::string& path, char* bytes, std::size_t size) {
+    ssize_t count = -1;
+    do {
+        count = ::read(file.Number(), bytes, size);
+    } while (count < 0 && errno == EINTR);
+    if (count < 0) {
+        Fail(path, errno);
+    }
+    return static_cast<std::size_t>(count);
+}
+
 void WriteAll(const Descriptor& file, const std::string& path, std::string_view content,
               const FileProgress& progress) {
     const auto tell = [&](std::size_t done) {

@@ -2,6 +2,7 @@
 
 #include "platform/files/FileProgress.h"
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <sys/stat.h>
@@ -39,6 +40,10 @@ class Descriptor {
   private:
     int m_number;
 };
+
+// Reads what comes next, up to `size` bytes, and gives how many there were: none at the end. Throws a
+// FileFailure that names `path`.
+std::size_t ReadPiece(const Descriptor& file, const std::string& path, char* bytes, std::size_t size);
 
 // Writes all of `content`. Where the first piece of a large one shows that the disk is slow, each is waited
 // for: else that would only be felt at the end, all at once. Throws a FileFailure that names `path`.

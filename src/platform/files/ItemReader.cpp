@@ -11,7 +11,6 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace plenair {
 
@@ -102,15 +101,8 @@ void ItemReader::State::TellProgress() const {
 }
 
 void ItemReader::State::Fill() {
-    ssize_t count = -1;
-    do {
-        count = ::read(m_file.Number(), m_buffer.data(), m_buffer.size());
-    } while (count < 0 && errno == EINTR);
-    if (count < 0) {
-        Fail(Path, errno);
-    }
+    m_filled = ReadPiece(m_file, Path, m_buffer.data(), m_buffer.size());
     m_next = 0;
-    m_filled = static_cast<std::size_t>(count);
     m_readSoFar += m_filled;
     TellProgress();
 }

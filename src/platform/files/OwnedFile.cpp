@@ -82,11 +82,8 @@ std::string LeftFile::Read(std::size_t most) const {
     }
     std::string content(most + 1, '\0');
     std::size_t size = 0;
-    for (ssize_t count = 1; count != 0 && size <= most; size += static_cast<std::size_t>(count)) {
-        count = ::read(m_file.Number(), content.data() + size, content.size() - size);
-        if (count < 0) {
-            Fail(m_path, errno);
-        }
+    for (std::size_t count = 1; count != 0 && size <= most; size += count) {
+        count = ReadPiece(m_file, m_path, content.data() + size, content.size() - size);
     }
     if (size > most) {
         Fail(m_path, EFBIG);
