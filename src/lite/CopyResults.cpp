@@ -10,7 +10,7 @@ TableRows ResultTable(const LiteWindow& window) {
     TableRows table{{"Shape", "Width (mm)", "Height (mm)", "Diameter (mm)", "Velocity (m/s)", "Loss (Pa/m)"}};
     for (int row = 0; row < 5; ++row) {
         const auto cell = [&](int column) { return window.MinorCell(row, column); };
-        if (!cell(0).empty() || !cell(1).empty()) { // a flow that was worked out stands in the second one
+        if (!cell(1).empty()) { // a flow that was worked out has no cell before it
             table.push_back({cell(0).empty() ? "" : "Rectangular", cell(0), cell(1), "", cell(2), cell(3)});
         }
     }

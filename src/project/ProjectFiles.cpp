@@ -84,9 +84,8 @@ bool ReadChosenFile(const ProjectWindows& windows) {
     }
 }
 
-enum class SaveEnd { Saved, Cancelled, Failed };
-
-SaveEnd SaveAsChosen(const ProjectWindows& windows) {
+// False where the file that the user chose can't be written.
+bool SaveAsChosen(const ProjectWindows& windows) {
     try {
         CommonDialog& dialog = SetUpDialog(windows, kOverwritePrompt, ProjectName);
         ChooseFileToSave(dialog);
@@ -95,28 +94,28 @@ SaveEnd SaveAsChosen(const ProjectWindows& windows) {
         WriteWholeFile(dialog.FileName, ProjectText(),
                        ShowFileProgress("Saving " + Shortened(ProjectName), "Save"));
     } catch (const DialogCancelled&) {
-        return SaveEnd::Cancelled;
+        return true;
     } catch (const FileFailure&) {
-        return SaveEnd::Failed;
+        return false;
     }
     Settings.DefPath = CurrentFolder();
     ShowMessage({"Plenair Project Saved", "Save", MessageButtons::Ok, MessageIcon::Exclamation});
     RunFailed = kFlagClear;
-    return SaveEnd::Saved;
+    return true;
 }
 
 } // namespace
 
-bool SaveProject(const ProjectWindows& windows) {
-    return SaveAsChosen(windows) == SaveEnd::Saved;
+void SaveProject(const ProjectWindows& windows) {
+    SaveAsChosen(windows);
 }
 
-bool LoadProject(const ProjectWindows& windows) {
+void LoadProject(const ProjectWindows& windows) {
     if (DuctCount > 0) {
         const MessageAnswer answer = ShowMessage(
             {"Clear Existing Project?", "Load Project", MessageButtons::YesNo, MessageIcon::Question});
         if (answer != MessageAnswer::Yes) {
-            return false;
+            return;
         }
     }
     windows.Sheet.Hide();
@@ -125,12 +124,12 @@ bool LoadProject(const ProjectWindows& windows) {
     const bool readToTheEnd = ReadChosenFile(windows);
     if (DuctCount < 0) {
         EmptyGrid(windows);
-        return false;
+        return;
     }
     windows.Sheet.SetScrollMaximum(std::max<int>(DuctCount, 1));
     if (!readToTheEnd) {
         NoteStep(windows);
-        return false;
+        return;
     }
     Solved = kFlagClear;
     Settings.DefPath = CurrentFolder();
@@ -140,7 +139,6 @@ bool LoadProject(const ProjectWindows& windows) {
     if (windows.Solver.SheetTicked()) {
         windows.Sheet.Show();
     }
-    return true;
 }
 
 void WriteSolutionReport() {
@@ -180,7 +178,7 @@ bool AskBeforeClosing(const ProjectWindows& windows) {
     const MessageAnswer answer = ShowMessage(
         {"Do you wish to save the current project?", "Close Project Solver", MessageButtons::YesNoCancel});
     // The solver closes whatever comes of it.
-    if (answer == MessageAnswer::Yes && SaveAsChosen(windows) == SaveEnd::Failed) {
+    if (answer == MessageAnswer::Yes && !SaveAsChosen(windows)) {
         KeepAtOnce(); // where the disk is full, what was kept before has to do
         LeaveKept();  // the user believes it saved
     }

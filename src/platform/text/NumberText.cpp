@@ -301,6 +301,7 @@ std::string WhyNoNumber(std::string_view text) {
 }
 
 std::string Format(double value, std::string_view pattern, Mark mark) {
+    assert(pattern.find_first_not_of("0.") == std::string_view::npos);
     constexpr int kMostDigits = 15;
     const std::size_t point = pattern.find('.');
     const std::size_t decimals = point == std::string_view::npos ? 0 : pattern.size() - point - 1;
