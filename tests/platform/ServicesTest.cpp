@@ -56,6 +56,7 @@ TEST(DesktopEntry, PathIsOneArgumentOfTheApplicationThatComesFirst) {
         EXPECT_EQ(command->Arguments, arguments) << exec;
         EXPECT_FALSE(command->InTerminal);
     }
+    EXPECT_TRUE(CommandOn("[Desktop Entry]\nTerminal=true\nExec=vi", path)->InTerminal);
     for (const char* none :
          {"Exec=notes\n[Other]\nExec=notes\n[Desktop Entry]\n",                                // of no group
           "[Desktop Entry]\nExec=%f notes\n", "[Desktop Entry]\nExec=notes\nHidden=true\n"}) { // removed

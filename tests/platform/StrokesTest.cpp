@@ -5,10 +5,13 @@ namespace {
 
 struct NotedInk : Ink {
     void Fill(const PixelRect& pixels, ColourNumber) override { Fills.push_back(pixels); }
-    void Slant(Point, Point, double, ColourNumber) override { ++Slants; }
+    void Slant(Point start, Point end, double width, ColourNumber) override {
+        Slants.push_back({start.X, start.Y, end.X, end.Y, width});
+    }
+    std::size_t Count() const { return Fills.size() + Slants.size(); }
 
     std::vector<PixelRect> Fills;
-    int Slants = 0;
+    std::vector<std::array<double, 5>> Slants;
 };
 
 // A screen of 96 pixels to the inch at a scale factor.
@@ -69,10 +72,34 @@ TEST(Strokes, DashesAndNothing) {
     for (const auto kind : {DrawnItem::Shape::Line, DrawnItem::Shape::Box}) {
         PaintStroke({.Kind = kind, .LineWidth = 5, .Start = {70, 80}, .End = {70, 80}}, scale, ink);
     }
-    EXPECT_EQ(ink.Fills.size() + static_cast<std::size_t>(ink.Slants), 0U) << "no extent, no dot";
+    EXPECT_EQ(ink.Count(), 0U) << "no extent, no dot";
     PaintStroke({.Kind = DrawnItem::Shape::Box, .Start = {120, 120}, .End = {240, 360}}, scale, ink);
     EXPECT_EQ(ink.Fills, (std::vector<PixelRect>{
                              {10, 10, 21, 11}, {10, 30, 21, 31}, {10, 10, 11, 31}, {20, 10, 21, 31}}));
+    // A thick line begins before its start and ends behind its end, and its dashes come from the start.
+    const auto thick = [](LineStyle style, Point start, Point end) {
+        NotedInk noted;
+        PaintStroke({.Style = style, .LineWidth = 4, .Start = start, .End = end}, ScaleOf(1, {100, 100}),
+                    noted);
+        return noted.Fills;
+    };
+    using Fills = std::vector<PixelRect>;
+    EXPECT_EQ(thick(LineStyle::Solid, {150, 300}, {450, 300}), (Fills{{8, 18, 32, 22}}));
+    EXPECT_EQ(thick(LineStyle::Dashed, {300, 150}, {300, 450}),
+              (Fills{{18, 8, 22, 14}, {18, 18, 22, 24}, {18, 28, 22, 32}}));
+    EXPECT_EQ(thick(LineStyle::Dashed, {450, 300}, {150, 300}),
+              (Fills{{26, 18, 32, 22}, {16, 18, 22, 22}, {8, 18, 12, 22}}));
+    PaintStroke({.Style = LineStyle::Dashed, .LineWidth = 2, .Start = {150, 150}, .End = {600, 750}},
+                ScaleOf(1, {100, 100}), ink);
+    ASSERT_EQ(ink.Slants.size(), 6U);
+    for (std::size_t dash = 0; dash < 6;
+         ++dash) { // with what the ink adds to its ends 6 long; the last is cut
+        const double from = 10.0 * static_cast<double>(dash), to = dash == 5 ? 50 : from + 4;
+        const double expected[] = {10 + 0.6 * from, 10 + 0.8 * from, 10 + 0.6 * to, 10 + 0.8 * to, 2};
+        for (std::size_t part = 0; part < 5; ++part) {
+            EXPECT_NEAR(ink.Slants[dash][part], expected[part], 1E-9);
+        }
+    }
 }
 
 // A small surface shows what a large one shows there, however far off the ends of a line lie, and takes no
@@ -93,7 +120,9 @@ TEST(Strokes, FarOffLinesAreCutOffToTheSamePixels) {
                        .Start = {place(reach), place(900)},
                        .End = {place(reach), place(reach)}};
         if (trial % 7 == 0) {
-            item.End.Y = item.Start.Y;
+            item.End.Y = item.Start.Y + (trial % 2 == 0 ? 0 : 3); // so little that it is hardly slanting
+        } else if (trial % 3 == 0) {
+            item.End = {700 - item.Start.X, 500 - item.Start.Y}; // right through
         }
         const double factor = 1 + trial % 3 * 0.25;
         const std::vector<std::uint32_t> small = Painted({item}, factor, kSmall, kSmall);
@@ -103,7 +132,7 @@ TEST(Strokes, FarOffLinesAreCutOffToTheSamePixels) {
         }
         NotedInk ink;
         PaintStroke(item, ScaleOf(factor, {kSmall, kSmall}), ink);
-        EXPECT_LT(ink.Fills.size() + static_cast<std::size_t>(ink.Slants), 4U * kSmall);
+        EXPECT_LT(ink.Count(), 4U * kSmall);
     }
 }
 

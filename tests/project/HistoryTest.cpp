@@ -94,6 +94,9 @@ TEST(History, TheLargestProject) {
         StartHistory();
         const ProjectState start = NotedState();
         EXPECT_TRUE(ReadKept(KeptContent(start, "")).State == start);
+        ProjectState beyond = start;
+        beyond.Elements.emplace_back();
+        EXPECT_THROW(ReadKept(KeptContent(beyond, "")), std::runtime_error);
         std::size_t bytesOfFirst = 0;
         for (int step = 0; step < kSteps; ++step) {
             act(step);

@@ -49,7 +49,8 @@ TEST(ProjectGeometry, EndsAndLabelAreWholeHalvesToEven) {
     const DuctRecord damaged{.StartX = 1E308, .EndX = -1E308};
     EXPECT_EQ(StartOf(damaged, {15000, 10000}).X, 1E7);
     EXPECT_TRUE(std::isfinite(LabelPlace(damaged, {15000, 10000}).X));
-    EXPECT_EQ(DrawnColour(3E38F), kBlackColour);
+    EXPECT_EQ(DrawnColour(3E38F) + DrawnColour(16777216) + DrawnColour(-1), kBlackColour);
+    EXPECT_EQ(DrawnColour(16777215), 16777215U);
 }
 
 TEST_F(ProjectTest, ClicksDrawAndAdd) {
