@@ -75,6 +75,7 @@ TEST(Strokes, LinesDashesBoxesAndNothing) {
         {1.25, {.Style = Dashed, .Start = {120, 120}, .End = {480, 120}}, {{10, 10, 18, 11}, {23, 10, 31, 11}, {36, 10, 41, 11}}},
         // A thick line begins before its start and ends behind its end, and its dashes come from the start.
         {1, {.LineWidth = 4, .Start = {150, 300}, .End = {450, 300}}, {{8, 18, 32, 22}}},
+        {1, {.LineWidth = 4, .Start = {3000, 15}, .End = {4000, 15}}, {}},
         {1, {.LineWidth = 4, .Start = {150, 15}, .End = {450, 15}}, {{8, 0, 32, 3}}}, // at an edge
         {1, {.LineWidth = 4, .Start = {15, 450}, .End = {15, 150}}, {{0, 8, 3, 32}}},
         {1, {.Style = Dashed, .LineWidth = 4, .Start = {300, 150}, .End = {300, 450}}, {{18, 8, 22, 14}, {18, 18, 22, 24}, {18, 28, 22, 32}}},
@@ -135,14 +136,36 @@ TEST(Strokes, SlantingLinesCoverTheirArea) {
             const double dashes = std::floor(length / 10) * 6 + (rest > width ? std::min(rest, 6.0) : 0);
             for (const double drawn : {length, dashes}) {
                 item.Style = drawn == length ? LineStyle::Solid : LineStyle::Dashed;
-                double ink = 0;
-                for (const std::uint32_t pixel : Painted({item}, 1, 100, 100)) {
-                    ink += (pixel >> 24U) / 255.0;
+                double ink = 0, x = 0, y = 0;
+                const std::vector<std::uint32_t> pixels = Painted({item}, 1, 100, 100);
+                for (std::size_t at = 0; at < pixels.size(); ++at) {
+                    const double part = (pixels[at] >> 24U) / 255.0;
+                    ink += part;
+                    x += part * (static_cast<double>(at % 100) + (width == 1.0 ? 0 : 0.5));
+                    y += part * (static_cast<double>(at / 100) + (width == 1.0 ? 0 : 0.5));
                 }
                 EXPECT_NEAR(ink, drawn * width, 0.03 * length) << end.X << "," << end.Y;
+                if (item.Style == LineStyle::Solid) {
+                    EXPECT_NEAR(x / ink, (150 + end.X) / 30, 0.1);
+                    EXPECT_NEAR(y / ink, (150 + end.Y) / 30, 0.1);
+                }
             }
         }
     }
+}
+
+TEST(Strokes, ClippedLinesEndAtTheMargin) {
+    const std::pair<std::array<Point, 2>, std::array<Point, 2>> rows[] = {
+        {{{{10, -50}, {70, 150}}}, {{{24.4, -2}, {52, 90}}}},
+        {{{{60, 5}, {-40, 55}}}, {{{52, 9}, {-2, 36}}}},
+        {{{{5, 150}, {5, 20}}}, {{{5, 102}, {5, 20}}}},
+        {{{{-2, 5}, {-2, 6}}}, {{{-2, 5}, {-2, 6}}}}};
+    for (auto [line, clipped] : rows) {
+        EXPECT_TRUE(ClipLine(line[0], line[1], {50, 100}, 2));
+        EXPECT_EQ(line, clipped);
+    }
+    Point outside[] = {{-3, 5}, {-3, 6}};
+    EXPECT_FALSE(ClipLine(outside[0], outside[1], {50, 100}, 2));
 }
 
 // A buffer is a window into a larger one, whose other pixels stay. Each byte of a pixel is mixed on its own.

@@ -23,7 +23,7 @@ class FakeSolver : public SolverWindow {
     ColourNumber BackColour() const override { return 15790320; }
     void ShowCross(Point place) override { cross = place; }
     bool LabelsTicked() const override { return labels; }
-    bool SheetTicked() const override { return true; }
+    bool SheetTicked() const override { return sheetTicked; }
     bool IsPressureVisible() const override { return pressureVisible; }
     void SetPressureVisible(bool visible) override { pressureVisible = visible; }
     CommonDialog& Dialog() override { return dialog; }
@@ -32,6 +32,7 @@ class FakeSolver : public SolverWindow {
     double height = 10470; // a pitch of 349
     GridPicture picGrid;
     bool labels = true;
+    bool sheetTicked = true;
     bool pressureVisible = false;
     Point cross;
     CommonDialog dialog;
@@ -194,7 +195,8 @@ class ProjectTest : public ProgramTest {
         static const std::map<std::string, std::function<void(const ProjectWindows&)>> s_commands = {
             {"Save", SaveProject},     {"Load", LoadProject},    {"Clear", ClearGrid},
             {"Solve", SolveProject},   {"Path", AskForPath},     {"Undo", Undo},
-            {"Redraw", RedrawProject}, {"Less", RemoveLastDuct}, {"SolveDucts", SolveDucts}};
+            {"Redraw", RedrawProject}, {"Less", RemoveLastDuct}, {"SolveDucts", SolveDucts},
+            {"Sheet", ShowOrHideSheet}};
         int column = 0;
         int row = 0;
         if (std::sscanf(step.c_str(), "#%d,%d", &column, &row) == 2) {

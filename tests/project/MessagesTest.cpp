@@ -144,6 +144,8 @@ TEST_F(Messages, AndWhatEachAnswerDoes) {
         {"Total Pressure Drop: Total Pressure is 4 Pa.\n\nProceed with plot? [YesNo]",
          [&] { ask("1"); }, {{Yes, "1 plotted"}, {No, "1"}}},
         {"Total Pressure Drop: \"7\" is no duct.  This project has duct 1 only. [Ok Exclamation]", [&] { ask("7"); }},
+        {"Total Pressure Drop: \"7\" is no duct.  This project has no ducts. [Ok Exclamation]",
+         [&] { ClearProject(), ask("7"); }, {{Ok, "0"}}},
         {"Total Pressure Drop: There is nothing to plot, since the ducts of this path have no length. [Ok Exclamation]",
          [&] { ask("0"); }},
         {"Total Pressure Drop: There is nothing to plot, since the pressure does not drop along this path. [Ok Exclamation]",

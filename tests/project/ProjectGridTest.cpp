@@ -128,6 +128,15 @@ TEST_F(ProjectTest, NoDuctBeyondTheLast) {
 TEST_F(ProjectTest, RedrawShowsWhatIsThereNow) {
     const std::pair<const char*, std::function<void()>> changes[] = {
         {"clicks", [&] { Play("#0,0 #1,1 #2,2 #3,3 #4,4"); }},
+        {"the sheet, ticked and not",
+         [&] {
+             sheet.value = 4;
+             Play("Sheet | state: 4, sheet");
+             EXPECT_EQ(sheet.value, 1);
+             EXPECT_EQ(Drawn().at(Drawn().size() - 2), "4 line 65280: 0,0 379,349");
+             solver.sheetTicked = false;
+             Play("Sheet | state: 4");
+         }},
         {"a highlight", [&] { HighlightDuct(windows, 2); }},
         {"labels off", [&] { solver.labels = false; }},
         {"another picture",
