@@ -44,6 +44,7 @@ TEST(DesktopEntry, PathIsOneArgumentOfTheApplicationThatComesFirst) {
     const std::pair<std::string, std::vector<std::string>> rows[] = {
         {"notes", {"notes", path}},
         {"notes  --new %U --wait", {"notes", "--new", path, "--wait"}},
+        {"notes \\", {"notes", "\\", path}},
         {"notes --file=%u", {"notes", "--file=" + path}},
         {"env A=b notes %i %c %F", {"env", "A=b", "notes", path}},
         {"notes 100%% %f", {"notes", "100%", path}},

@@ -49,7 +49,7 @@ TEST_F(PrintoutTest, NetworkAndDataInThisOrder) {
 TEST_F(PrintoutTest, PagesCopiesAndEndings) {
     Play("?Ok Print | printed: 0|page0|end0|landscape"); // no ducts, and so nothing else is asked
     AddDucts(3);
-    Play("?Yes ?*1 Print | printed: 1|page1|end1|landscape");
+    Play("#1,1 ?Yes ?*1 Print | state: 3; printed: 1|page1|end1|landscape");
     AddDucts(4);
     Play("?Yes ?*1 Print | printed: 2|page1|end1|landscape");
     AddDucts(5);
