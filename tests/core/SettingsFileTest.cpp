@@ -76,7 +76,7 @@ TEST_F(SettingsFile, WhatCannotBeSavedHoldsForTheRun) {
     for (const auto& [folder, reason] : rows) {
         SetProgramFolder(folder);
         desktop.Expect("?Ok");
-        EXPECT_EQ(Loaded(), Defaults(folder));
+        EXPECT_EQ(Loaded() + Settings.ConfigFile, Defaults(folder)) << "of no file";
         EXPECT_EQ(Reminder(), RegistryValue());
         const std::string text = desktop.LastText();
         EXPECT_TRUE(text.find(folder) != text.npos && text.find(reason) != text.npos) << text;

@@ -50,6 +50,7 @@ TEST_F(NumberText, ReadsWhatStandsForANumberAndTellsWhichMarkIsExpected) {
         }
     }
     EXPECT_EQ(NumberFromText(std::string_view("1\0", 2)), std::nullopt);
+    EXPECT_EQ(NumberFromText("0." + std::string(400, '0') + "1"), 0) << "too small";
     SetNumberLocale(German); // files know no locale
     EXPECT_EQ(NumberFromText("3.5", Mark::Point), 3.5);
     EXPECT_EQ(NumberFromText("\u00A03.5", Mark::Point), std::nullopt);
