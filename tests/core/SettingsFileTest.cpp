@@ -48,6 +48,8 @@ class SettingsFile : public ProgramTest {
 };
 
 TEST_F(SettingsFile, WhatCannotBeReadIsReplacedByTheDefaults) {
+    fs::create_directory(File("folder.cfg"));
+    WriteFile(File("User.cfg.bak"), OtherItems);
     WriteFile(File("User.cfg"), "bad");
     ExpectDefaultsTaken();
     fs::resize_file(File("User.cfg"), 0);

@@ -150,26 +150,6 @@ TEST_F(CalculationBases, TheUserCanEndACalculation) {
     EXPECT_LT(Settings.MaxVelocity, 4999);
 }
 
-TEST_F(CalculationBases, ThreeTextsOfNumbersCalculate) {
-    const std::string point = "375 300 4.68 0.69";
-    const struct {
-        const char *mark, *a, *b, *value;
-        std::string shown; // in the middle row
-    } rows[] = {{".", "500", "300", "1", point}, {".", " 5E2 ", "300.0", "1", point},
-                {".", "", "300", "1", ""},       {".", "1e999", "300", "1", ""},
-                {".", "500", "", "1", ""},       {".", "500", "inf", "1", ""},
-                {".", "500", "300", "", ""}, // also where it has no use
-                {".", "500", "300", "nan", ""},  {",", "500,0", " 300", "1,5", "375 300 4,68 0,69"},
-                {",", "500.5", "300", "1", ""},  {",", "1.000,5", "300", "1", "625 300 5,75 0,75"}};
-    for (const auto& row : rows) {
-        SetNumberLocale({.DecimalMark = row.mark, .GroupMark = *row.mark == '.' ? "," : "."});
-        m_view = WatchedArrays();
-        m_view.boxes[0] = ShortestText(0.8);
-        CalculateTexts(m_view, row.a, row.b, row.value);
-        EXPECT_EQ(m_view.Row(2), row.shown) << row.a << ", " << row.b << ", " << row.value;
-    }
-}
-
 TEST_F(CalculationBases, UpAndDownStepTheHeight) {
     const int up = kKeyUpArrow;
     const int down = kKeyDownArrow;

@@ -1,4 +1,3 @@
-#include "platform/files/Folders.h"
 #include "platform/files/ItemReader.h"
 #include "platform/files/WholeFiles.h"
 #include "support/Test.h"
@@ -78,16 +77,6 @@ TEST_F(TextFiles, WhatAKilledProgramLeftBehindIsRemoved) {
     WriteWholeFile(File("kept"), "new");
     EXPECT_EQ(m_folder.Names(), kept);
     close(writer);
-}
-
-TEST_F(TextFiles, FindsTheFirstFileOfAnExtension) {
-    fs::create_directory(File("folder.cfg"));
-    WriteFile(File("User.cfg.bak"), "");
-    EXPECT_EQ(FirstFileWithExtension(m_folder.Path(), ".cfg"), std::nullopt);
-    WriteFile(File("User.cfg"), "");
-    EXPECT_EQ(FirstFileWithExtension(m_folder.Path(), ".cfg"), "User.cfg");
-    EXPECT_EQ(FirstFileWithExtension(File("missing"), ".cfg"), std::nullopt);
-    EXPECT_THROW(FirstFileWithExtension(File("User.cfg"), ".cfg"), FileFailure);
 }
 
 } // namespace

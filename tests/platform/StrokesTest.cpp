@@ -155,16 +155,14 @@ TEST(Strokes, SlantingLinesCoverTheirArea) {
 }
 
 TEST(Strokes, ClippedLinesEndAtTheMargin) {
-    const std::pair<std::array<Point, 2>, std::array<Point, 2>> rows[] = {
-        {{{{10, -50}, {70, 150}}}, {{{24.4, -2}, {52, 90}}}},
-        {{{{60, 5}, {-40, 55}}}, {{{52, 9}, {-2, 36}}}},
-        {{{{5, 150}, {5, 20}}}, {{{5, 102}, {5, 20}}}},
-        {{{{-2, 5}, {-2, 6}}}, {{{-2, 5}, {-2, 6}}}}};
-    for (auto [line, clipped] : rows) {
+    using Ends = std::array<Point, 2>;
+    for (auto [line, clipped] : {std::pair<Ends, Ends>{{{{10, -50}, {70, 150}}}, {{{24.4, -2}, {52, 90}}}},
+                                 {{{{60, 5}, {-40, 55}}}, {{{52, 9}, {-2, 36}}}},
+                                 {{{{-2, 150}, {-2, 20}}}, {{{-2, 102}, {-2, 20}}}}}) {
         EXPECT_TRUE(ClipLine(line[0], line[1], {50, 100}, 2));
         EXPECT_EQ(line, clipped);
     }
-    Point outside[] = {{-3, 5}, {-3, 6}};
+    Ends outside{{{-3, 5}, {-3, 6}}};
     EXPECT_FALSE(ClipLine(outside[0], outside[1], {50, 100}, 2));
 }
 
@@ -174,21 +172,18 @@ TEST(PixelInk, MixesOnItsOwnPixelsAlone) {
     std::vector<std::uint32_t> pixels(kRow * (kHeight + 2), 0xFFFFFFFF);
     PixelInk ink({&pixels[kRow], kWidth, kHeight, kRow});
     std::mt19937 random(3);
-    const auto between = [&](int low, int high) {
-        return low + static_cast<int>(random() % static_cast<unsigned>(high - low + 1));
-    };
+    const auto below = [&](int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); };
     for (int trial = 0; trial < 150; ++trial) {
         const std::vector<std::uint32_t> before = pixels;
         const ColourNumber colour = random() & 0xFFFFFF;
-        const bool fills = trial % 4 == 0;
-        const int x = between(-15, 25), y = between(-12, 18), shift = between(-4, 4);
-        CoverageMask mask{-shift, shift, between(0, 29), between(0, 19), {}};
-        for (int at = 0; at < mask.Width * mask.Height; ++at) {
-            const bool isWhole = fills || between(0, 3) == 0;
-            mask.Coverage.push_back(static_cast<std::uint8_t>(isWhole ? 255 : between(0, 255)));
+        const int x = below(40) - 15, y = below(30) - 12, shift = below(9) - 4;
+        CoverageMask mask{-shift, shift, below(30), below(20), std::vector<std::uint8_t>(600, 255)};
+        if (trial % 4 == 0) {
+            ink.Fill({x, y, x + mask.Width, y + mask.Height}, colour);
+        } else {
+            std::generate(mask.Coverage.begin(), mask.Coverage.end(), [&] { return random() % 5 * 255 / 4; });
+            ink.Stamp(mask, x + shift, y - shift, colour);
         }
-        fills ? ink.Fill({x, y, x + mask.Width, y + mask.Height}, colour)
-              : ink.Stamp(mask, x + shift, y - shift, colour);
         for (int at = 0; at < kRow * (kHeight + 2); ++at) {
             const int column = at % kRow, row = at / kRow - 1;
             const bool isOurs = column < kWidth && row >= 0 && row < kHeight && column >= x && row >= y &&

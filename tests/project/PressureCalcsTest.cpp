@@ -63,6 +63,7 @@ TEST_F(PathTest, PathsThatCannotBeWorkedOutOrPlotted) {
         // and how the message begins
         {"3,R3", "3 is F3, not R3."},
         {"c01;2", "1 is R1, not C1."},
+        {"1 c3", "3 is F3, not C3."},
         {"R7", "\"7\" is no duct."},
         {"f5", "5 is of no type, not F5."},
         {"1,x2", "2 is C2, not X2."},

@@ -144,7 +144,11 @@ TEST_F(ProjectTest, RedrawShowsWhatIsThereNow) {
              solver.picGrid.Clear(), solver.picGrid.Overlay.Line({0, 0}, {1, 1}, 0);
          }},
         {"another size", [&] { solver.height = 20000; }},
-        {"a duct less", [&] { Play("Less"); }},
+        {"ducts less, but for the first",
+         [&] {
+             Play("Less Less Less Less | state: 1");
+             EXPECT_EQ(sheet.caption + " of " + std::to_string(sheet.maximum), "R1 of 1");
+         }},
         {"others in their place", [&] {
              HighlightDuct(windows, 2);
              Play("#1,1 #2,1");

@@ -101,6 +101,7 @@ TEST_F(RecoveryTest, BringsBackEveryBit) {
     // says.
     Play(R"(?Yes ?=nowhere/x.gsp Close ?Yes Open | state: 1 of x.gsp, sheet
             ?Yes ?- Close | files: 0
+            Open #0,0 #2,0 Second ?Yes ?=x.gsp ?Ok Close | files: 0
             Open)");
 }
 
