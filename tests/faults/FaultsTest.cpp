@@ -458,6 +458,9 @@ TEST_F(PlacesTest, RightsAreThoseOfTheOlderFileOrOfTheMask) {
         std::string kept(list.size(), '\0');
         EXPECT_EQ(getxattr(m_chosen.c_str(), name, kept.data(), kept.size()), 44);
         EXPECT_EQ(kept, list);
+        setxattr(Folder().c_str(), "system.posix_acl_default", list.data(), list.size(), 0);
+        removexattr(m_chosen.c_str(), name);
+        EXPECT_TRUE(Save() && getxattr(m_chosen.c_str(), name, nullptr, 0) < 0) << "rights of the folder's";
     }
 }
 

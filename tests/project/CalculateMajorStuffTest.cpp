@@ -25,16 +25,20 @@ TEST_F(SolveTest, WholeRunInItsOrder) {
     Play(R"(?Ok ?=plant.gsp ?Ok ?Ok Solve | state: 3 of plant.gsp, solved
             | sheet: 100 175 200 0 3.03 0.63 225 0
             | ducts: R 100 175 200 0 3.03 0.63 225, C 0 0 0 0 4 0 0 0.5, F 100 200 200 0 2.63 0.73 225)");
-    EXPECT_EQ(desktop.Log,
-              (Lines{"message: Gus will begin by saving your project.", "dialog",
-                     "message: Plenair Project Saved", "hourglass", "repaint 1: 100 0 200 0 5 0.8 0 0",
-                     "repaint 2: 0 0 0 0 4 0 0 0.5", "repaint 3: 100 0 200 0 5 0.8 0 0", "default pointer",
-                     "call", "message: Plenair Solution Complete"}));
+    EXPECT_EQ(desktop.Log, (Lines{"message: Gus will begin by saving your project.", "dialog",
+                                  "progress: Save, Saving plant.gsp", "message: Plenair Project Saved",
+                                  "hourglass", "repaint 1: 100 0 200 0 5 0.8 0 0",
+                                  "repaint 2: 0 0 0 0 4 0 0 0.5", "repaint 3: 100 0 200 0 5 0.8 0 0",
+                                  "default pointer", "progress: Solve, Writing the solution report", "call",
+                                  "message: Plenair Solution Complete"}));
     EXPECT_TRUE(solver.pressureVisible);
+    EXPECT_EQ(sheet.Looks(), "LLLLLLLL");
     EXPECT_EQ(ReadFile(File("plant.gsp")), inputs);
     EXPECT_EQ(ReadFile(File("plant.Gus")), ProjectText());
     desktop.Log.clear();
     Play("Solve | log: beep");
+    Play("?Yes Clear | state: 0");
+    EXPECT_FALSE(solver.pressureVisible);
 }
 
 TEST_F(SolveTest, FailuresNameTheDuct) {

@@ -191,7 +191,7 @@ TEST_F(Messages, DialogsAndWhatTheyOffer) {
         {[&] { ClearProject(), LoadProject(windows); }, "1" + project + "2048 F "},
         {[&] { PrintShown(windows, printer); }, "2" + project + "12 F "},
         {[&] { OpenLog(lite); }, "1" + log + "0 F "},
-        {[&] { RecordLog(lite); }, "0" + log + "2 F "}};
+        {[&] { lite.dialog.FileName = "older", RecordLog(lite); }, "0" + log + "2 F "}};
     for (const auto& [act, shown] : rows) {
         Prepare();
         ProjectName = "before.gsp";

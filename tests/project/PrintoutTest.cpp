@@ -65,7 +65,8 @@ TEST_F(PrintoutTest, LongOnesShowHowFarTheyAreAndCanBeCancelled) {
     int asked = 0;
     int cancelAt = 0;
     Desktop().StartProgress = [&](const ProgressRequest& request) {
-        EXPECT_EQ(request.Steps, 1600);
+        EXPECT_EQ(request.Title + request.Text + std::to_string(request.Steps),
+                  "Print ProjectPrinting...1600");
         return [&](int done) {
             EXPECT_EQ(done, ++asked);
             return done != cancelAt;

@@ -96,6 +96,7 @@ TEST_F(ProjectTest, KeysDrawLikeClicks) {
         }
         return solver.Cross;
     };
+    EXPECT_EQ(solver.Cross, (Crossing{20, 15}));
     EXPECT_EQ(press({kKeyHome, kKeyPageUp, kKeyLeft, kKeyUpArrow}), (Crossing{0, 0}));
     EXPECT_EQ(press({kKeyRight, kKeyRight, kKeyLeft, kKeyDownArrow}), (Crossing{1, 1}));
     EXPECT_EQ(solver.cross, (Point{P, Q}));

@@ -38,6 +38,10 @@ ScriptedDesktop::ScriptedDesktop() : m_folder(CurrentFolder()) {
         const std::string answer = Next("<");
         return answer.substr(std::min(answer.size(), std::size_t{1}));
     };
+    Desktop().StartProgress = [this, start = Desktop().StartProgress](const ProgressRequest& request) {
+        Log.push_back("progress: " + request.Title + ", " + request.Text);
+        return start ? start(request) : ProgressStep();
+    };
     Desktop().ShowDialog = [this](DialogKind kind, CommonDialog& dialog) { return Show(kind, dialog); };
     Desktop().PlaySound = [this](const std::string&, unsigned) { Log.emplace_back("call"); };
     Desktop().StartEditor = [this](const std::string& path) {

@@ -30,6 +30,7 @@ class ScriptedDesktop {
     const CommonDialog& LastDialog() const { return m_lastDialog; } // as it stood when it was shown
 
     // What has reached the desktop: "message: TEXT", "input: PROMPT", "dialog", "editor PATH", "call",
+    // "progress: TITLE, TEXT",
     // "beep", "hourglass", "default pointer"; tests of windows add their own.
     std::vector<std::string> Log;
     std::string LogInOneLine() const; // with ", " between
