@@ -51,7 +51,9 @@ TEST(History, EveryStateComesBackBitForBit) {
     std::size_t at = 0;
     for (int turn = 0; turn < 3000; ++turn) {
         if (const int way = below(3); way == 0) {
-            EXPECT_EQ(UndoStep().has_value(), at > 0);
+            const auto step = UndoStep();
+            EXPECT_EQ(step.has_value(), at > 0);
+            EXPECT_TRUE(!step || step->Duct == 0 || IsDuct(step->Duct));
             at -= at > 0 ? 1U : 0U;
         } else if (way == 1) {
             EXPECT_EQ(RedoStep().has_value(), at + 1 < states.size());
