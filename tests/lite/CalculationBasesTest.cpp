@@ -1,5 +1,6 @@
 #include "flow/CalcFailure.h"
 #include "lite/CalculateMinorStuff.h"
+#include "lite/CopyResults.h"
 #include "lite/KeyStrokes.h"
 #include "lite/ResultGrids.h"
 #include "platform/desktop/KeyCodes.h"
@@ -85,6 +86,7 @@ TEST_F(CalculationBases, SizeFiveDucts) {
 TEST_F(CalculationBases, AnalyseOneDuct) {
     EXPECT_EQ(Calculate(3, 375, 300, 500), ", , 375 300 4.68 0.69, , , 375 4.53 0.69");
     EXPECT_EQ(Calculate(4, 375, 300, 5), ", , 375 300 5.00 0.78, ( 535 L/s ), , 375 4.84 0.78");
+    EXPECT_EQ(ResultTable(m_view).at(2), (std::vector<std::string>{"", "", "( 535", "", "L/s )", ""}));
     EXPECT_EQ(Calculate(3, 375, 50, 50), ", , 375 50 3.34 1.25, , , 150 2.83 1.25")
         << "a height of no sizing";
     EXPECT_EQ(m_view.lamps, (decltype(m_view.lamps){std::nullopt, std::nullopt, Lamp::Orange}));
