@@ -460,7 +460,7 @@ TEST_F(PlacesTest, RightsAreThoseOfTheOlderFileOrOfTheMask) {
         EXPECT_EQ(kept, list);
         setxattr(Folder().c_str(), "system.posix_acl_default", list.data(), list.size(), 0);
         removexattr(m_chosen.c_str(), name);
-        EXPECT_TRUE(Save() && getxattr(m_chosen.c_str(), name, nullptr, 0) < 0) << "rights of the folder's";
+        EXPECT_TRUE(Save() && getxattr(m_chosen.c_str(), name, nullptr, 0) < 0) << "as the folder hands down";
     }
 }
 
