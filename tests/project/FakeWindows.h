@@ -17,7 +17,7 @@ class FakeSolver : public SolverWindow {
   public:
     FakeSolver() { dialog.CancelError = true; }
 
-    void Repaint() override {}
+    void Repaint() override { ++repaints; }
     void LayOut() override { picGrid.SetSize({width, height}); }
     GridPicture& PicGrid() override { return picGrid; }
     ColourNumber BackColour() const override { return 15790320; }
@@ -31,6 +31,7 @@ class FakeSolver : public SolverWindow {
     double width = 15160;  // a pitch of 379
     double height = 10470; // a pitch of 349
     GridPicture picGrid;
+    int repaints = 0;
     bool labels = true;
     bool sheetTicked = true;
     bool pressureVisible = false;
