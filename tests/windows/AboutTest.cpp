@@ -47,6 +47,8 @@ TEST_F(About, ControlsAndCallComeAfterTheShowWhichPlaysOnce) {
             const QWidget& label = Find(name);
             EXPECT_EQ(label.sizeHint().expandedTo(label.size()), label.size()) << name << " holds its text";
         }
+        std::string texts = Ask("text lblPlenair").substr(0, 10) + Ask("text lblCR") + Ask("text lblStuff");
+        ExpectAsInFile("about.txt", texts.substr(0, texts.rfind(' ')) + "\n");
         const std::string where = Ask("text lblStuff") + Ask("toolTip lblStuff"); // if it doesn't fit
         EXPECT_TRUE(where.ends_with(environment.Folder().Path())) << where;
 

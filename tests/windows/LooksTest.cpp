@@ -2,8 +2,10 @@
 #include "extras/windows/frmAbout.h"
 #include "platform/qt/FormFont.h"
 #include "platform/qt/Icons.h"
+#include "platform/qt/Labels.h"
 #include "platform/qt/Pictures.h"
 #include "platform/qt/ReadableStyle.h"
+#include "platform/qt/SurfacePainter.h"
 #include "platform/qt/TextFit.h"
 #include "platform/qt/Twips.h"
 #include "windows/WindowTest.h"
@@ -11,6 +13,7 @@
 #include <QAccessible>
 #include <QAction>
 #include <QMenu>
+#include <QPainter>
 #include <QRadioButton>
 #include <QRegularExpression>
 #include <QStyle>
@@ -30,8 +33,7 @@ std::string Described(QWidget& window) {
         << ' ' << int(window.windowFlags()) << std::dec;
     write(window.windowTitle());
     all << '\n';
-    for (const QWidget* control :
-         window.findChildren<QWidget*>(QRegularExpression("^(?!qt_|mnu)[a-z]+[A-Z]"))) {
+    for (QWidget* control : window.findChildren<QWidget*>(QRegularExpression("^(?!qt_|mnu)[a-z]+[A-Z]"))) {
         const QRect place = control->geometry();
         const QFont font = control->font();
         all << control->objectName().toStdString() << ' ' << place.x() << ',' << place.y() << ' '
@@ -42,8 +44,16 @@ std::string Described(QWidget& window) {
                                  "maximum", "pageStep"}) {
             write(control->property(text));
         }
-        if (!control->property("icon").value<QIcon>().isNull()) {
+        const QIcon icon = control->property("icon").value<QIcon>();
+        if (!icon.isNull()) {
             write(control->property("iconSize").toSize().width());
+        }
+        const QImage drawn =
+            (qobject_cast<Picture*>(control) != nullptr ? control->grab() : icon.pixmap(20)).toImage();
+        if (!drawn.isNull()) {
+            QImage empty = drawn;
+            empty.fill(drawn.pixelColor(0, 0));
+            EXPECT_NE(drawn, empty) << control->objectName().toStdString();
         }
         for (const auto role : {QPalette::Window, QPalette::WindowText, QPalette::Base, QPalette::Text}) {
             const QColor colour = control->palette().color(role);
@@ -84,11 +94,7 @@ TEST_F(Looks, WindowsStandAsInTheTable) {
     }
     const std::string& folder = environment.Folder().Path();
     all.replace(all.find(folder), folder.size(), "FOLDER");
-    const std::string table = PLENAIR_SOURCES "/windows/layout.txt";
-    if (qEnvironmentVariableIsSet("PLENAIR_WRITE_LAYOUT")) {
-        WriteFile(table, all);
-    }
-    EXPECT_EQ(all, ReadFile(table));
+    ExpectAsInFile("layout.txt", all);
 }
 
 TEST_F(Looks, EveryTextFitsItsControl) {
@@ -200,16 +206,9 @@ TEST_F(Looks, ButtonsOnAndOffAndTheFocusOnEachAreToldApart) {
     }
 }
 
-TEST_F(Looks, IconsOfWindowsAndButtonsOfRows) {
+TEST_F(Looks, SizesOfIconsAndFonts) {
     EXPECT_EQ(Joined(WindowIcon().availableSizes(), [](QSize size) { return std::to_string(size.width()); }),
               "16 24 32 48 64 128");
-    InsetButton button("button", "", nullptr);
-    button.resize(15, 16);
-    const QImage picture = button.grab().toImage();
-    for (int pixel = 0; pixel < 4; ++pixel) { // its frame
-        EXPECT_EQ(ColourAt(picture, pixel, 8), ColourAt(picture, 14 - pixel, 8));
-        EXPECT_EQ(ColourAt(picture, 7, pixel), ColourAt(picture, 7, 15 - pixel));
-    }
     SetFormScale(2);
     const int indicator = ReadableStyle().pixelMetric(QStyle::PM_IndicatorWidth, nullptr, nullptr);
     TakeDesktopFont();
@@ -219,22 +218,96 @@ TEST_F(Looks, IconsOfWindowsAndButtonsOfRows) {
     EXPECT_EQ(QApplication::font("QMessageBox"), FormFont());
 }
 
-TEST_F(Looks, CellsStandAsTheirColumnSays) {
-    MSFlexGrid grid("grid", 1, 3, nullptr);
-    grid.resize(192, 20);
-    std::string stands;
+// What the controls paint themselves stands in a table for each screen, which is written as that of the
+// layout is.
+TEST_F(Looks, ControlsArePaintedAsInTheTable) {
+    std::string all;
+    const auto note = [&](const std::string& what, const QImage& picture, int x, int y) {
+        all += what + ": " + Across(picture, x, y) + "\n";
+    };
+    const auto in = [](QPalette palette, QWidget&& control, int width, int height) {
+        control.setPalette(palette);
+        control.setFont(FormFont(12));
+        control.resize(width, height);
+        return control.grab().toImage();
+    };
+    MSFlexGrid grid("", 4, 3, nullptr);
+    EXPECT_ANY_THROW(grid.TextMatrix(4, 0));
+    EXPECT_ANY_THROW(grid.TextMatrix(0, 3));
+    grid.SetColWidth(1, 600);
+    grid.SetRowHeight(300);
     for (const int column : {0, 1, 2}) {
         grid.SetColAlignment(column, 1 + 3 * column);
-        grid.SetTextMatrix(0, column, "l");
-        const QImage picture = grid.grab(grid.CellPlace(0, column).adjusted(1, 5, -1, -5)).toImage();
-        for (int x = 0; x < picture.width(); ++x) {
-            const bool isInk = picture.pixelColor(x, 4).lightness() < 128;
-            stands += isInk ? std::to_string(4 * x / picture.width()) : "";
-        }
+        grid.SetTextMatrix(1, column, column == 1 ? "1234567" : "l");
     }
-    EXPECT_EQ(stands, "013");
-    EXPECT_ANY_THROW(grid.TextMatrix(1, 0));
-    EXPECT_ANY_THROW(grid.TextMatrix(0, 3));
+    for (const Theme& theme : kThemes) {
+        QPalette palette = theme.Palette();
+        EXPECT_EQ(NeedsStrongLines(palette), theme.IsStrong) << theme.Window;
+        ReadableStyle().polish(palette);
+        for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+            const QColor disabled = palette.color(QPalette::Disabled, role);
+            EXPECT_GE(
+                std::min(Contrast(disabled, QColor(theme.Window)), Contrast(disabled, QColor(theme.Base))),
+                3);
+            EXPECT_EQ(palette.color(QPalette::Active, role), QColor(theme.Ink));
+            all += disabled.name().toStdString() + " ";
+        }
+        note("\ngrid", in(palette, std::move(grid), 170, 50), 5, 30);
+        note("bordered", in(palette, BorderedLabel("", "", nullptr), 40, 30), 5, 5);
+        note("box", in(palette, TextBox("", nullptr), 40, 20), 5, 5);
+        note("option", in(palette, Option("", QString(), nullptr), 40, 20), 7, 10);
+        note("bar", in(palette, ScrollBar("", nullptr), 60, 20), 5, 5);
+        QMenu menu;
+        menu.addAction("open");
+        note("menu", in(palette, std::move(menu), 40, 30), 10, 2);
+    }
+    for (const char* colour : {"#000000", "#0a0a0a", "#0b0b0b", "#ff0000", "#00ff00", "#0000ff", "#767676"}) {
+        all += ShortestText(Contrast(Qt::white, QColor(colour))).substr(0, 6) + " ";
+    }
+    for (int width = 20; width < 60; ++width) {
+        all += ShortestText(FontThatFits(grid.font(), "1234567", width).pointSizeF()) + " ";
+    }
+    const QIcon icon = ButtonIcon("solver/labels", kThemes[1].Palette());
+    note("icon", icon.pixmap({30, 16}, 1).toImage(), 15, 8);
+    note("greyed", icon.pixmap({30, 16}, 1, QIcon::Disabled).toImage(), 15, 8);
+    note("window", WindowIcon().pixmap({16, 16}, 1).toImage(), 8, 8);
+    // Colours so near to each other that the letters have a rim, and such that are just far enough.
+    for (const auto& [window, ink] : {std::pair("#ffffff", "#b0b0b0"), std::pair("#ffffff", "#afafaf"),
+                                      std::pair("#7f7f7f", "#7f7f7f"), std::pair("#808080", "#808080")}) {
+        QPalette palette{QColor(window)};
+        palette.setColor(QPalette::WindowText, QColor(ink));
+        note("rimmed", in(palette, RimmedLabel("", "1EH1E", nullptr), 40, 31), 35, 15);
+    }
+    note("scale", in({}, ScalePicture("", nullptr), 3, 81), 1, 1);
+    QImage black(60, 30, QImage::Format_RGB32);
+    black.fill(Qt::black);
+    black.save(QString::fromStdString(File("black.png")));
+    ImagePicture image("", QString::fromStdString(File("black.png")), nullptr);
+    note("image", in({}, std::move(image), 60, 60), 30, 30);
+    for (const char* state : {"up", "under the mouse", "down"}) {
+        InsetButton button("", "1", nullptr);
+        button.setAttribute(Qt::WA_UnderMouse, state != std::string("up"));
+        button.setDown(state == std::string("down"));
+        note(state, in(kThemes[0].Palette(), std::move(button), 15, 16), 7, 8);
+    }
+    for (const double ratio : {1.0, 1.5, 2.0}) {
+        QImage picture(120, 60, QImage::Format_RGB32);
+        picture.fill(QColor("#4080c0"));
+        SurfacePainter painter(picture, ratio, FormFont(12));
+        painter.Paint({.Kind = DrawnItem::Shape::Text, .Start = {100, 75}, .Text = "F\u00C5gj1"});
+        painter.Paint({.Style = LineStyle::Dashed, .LineWidth = 2, .Start = {60, 30}, .End = {6000, 30}});
+        note("letters", picture, static_cast<int>(15 * ratio), static_cast<int>(12 * ratio));
+        note("dashes", picture, 5, static_cast<int>(2 * ratio));
+    }
+    ExpectAsInFile("painted-" + std::to_string(std::lround(100 * image.devicePixelRatio())) + ".txt", all);
+
+    int clicks = 0;
+    image.Click = [&] { ++clicks; };
+    QTest::mouseClick(&image, Qt::RightButton);
+    QTest::mouseRelease(&image, Qt::LeftButton, {}, {61, 5}); // it was pressed inside
+    EXPECT_EQ(clicks, 0);
+    QTest::mouseClick(&image, Qt::LeftButton, {}, {59, 5});
+    EXPECT_EQ(clicks, 1);
 }
 
 // Role, name and description of what a screen reader finds below a control, and where it says it is.
@@ -277,36 +350,7 @@ TEST_F(Looks, WhatAScreenReaderFinds) {
     EXPECT_EQ(table->columnDescription(3), "Loss in Pa/m");
 }
 
-TEST_F(Looks, DisabledTextsAndLinesInEveryTheme) {
-    for (const Theme& theme : kThemes) {
-        SCOPED_TRACE(theme.Window);
-        QPalette palette = theme.Palette();
-        ReadableStyle style;
-        EXPECT_EQ(NeedsStrongLines(palette), theme.IsStrong);
-        style.polish(palette);
-        for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-            for (const auto ground : {QPalette::Window, QPalette::Base, QPalette::Button}) {
-                EXPECT_GE(Contrast(palette.color(QPalette::Disabled, role),
-                                   palette.color(QPalette::Disabled, ground)),
-                          3);
-            }
-            EXPECT_EQ(palette.color(QPalette::Active, role), QColor(theme.Ink));
-        }
-        TextBox box("box", nullptr);
-        Option option("option", QString(), nullptr); // off
-        MSFlexGrid grid("grid", 2, 2, nullptr);
-        const std::pair<QWidget*, const char*> controls[] = {
-            {&box, theme.Base}, {&option, theme.Window}, {&grid, theme.Base}};
-        for (const auto& [control, ground] : controls) {
-            control->setPalette(palette);
-            control->resize(60, 20);
-            const QImage picture = control->grab().toImage();
-            QImage plain = picture;
-            plain.fill(QColor(ground));
-            EXPECT_GT(Apart(picture, plain, theme.IsStrong ? 3 : 1.5), 0)
-                << control->objectName().toStdString();
-        }
-    }
+TEST_F(Looks, NumbersThatDoNotFitTheirBox) {
     TextBox box("box", nullptr);
     const auto look = [&box](const char* number, bool atStart) {
         box.SetText(number);
@@ -325,18 +369,6 @@ TEST_F(Looks, DisabledTextsAndLinesInEveryTheme) {
         }
         EXPECT_EQ(look("11111117654321", false), look("88888887654321", false)) << "nor before it";
     }
-    for (double width = 20; width < 60; width += 1.7) {
-        const QFont fitting = FontThatFits(box.font(), "1234567", width);
-        const auto advance = [](QFont font, double more) {
-            font.setPointSizeF(font.pointSizeF() + more);
-            return QFontMetricsF(font).horizontalAdvance("1234567");
-        };
-        EXPECT_TRUE(advance(fitting, 0) <= width ||
-                    fitting.pointSizeF() <= box.font().pointSizeF() * 2 / 3 + 0.25);
-        EXPECT_TRUE(advance(fitting, 0.25) > width || fitting == box.font()) << width;
-    }
-    EXPECT_NEAR(Contrast(Qt::black, Qt::white), 21, 1e-9);
-    EXPECT_NEAR(Contrast(QColor("#767676"), Qt::white), 4.54, 0.01);
 }
 
 } // namespace

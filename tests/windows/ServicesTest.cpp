@@ -1,16 +1,24 @@
+#include "platform/drawing/LayeredPicture.h"
 #include "platform/files/Folders.h"
+#include "platform/qt/Clipboard.h"
 #include "platform/qt/ConnectDesktop.h"
 #include "platform/qt/FileDialogs.h"
+#include "platform/qt/FormFont.h"
 #include "platform/qt/MessageBoxes.h"
 #include "platform/qt/OtherPrograms.h"
+#include "platform/qt/Twips.h"
 #include "platform/text/DateText.h"
+#include "platform/text/SpreadsheetDocument.h"
 #include "windows/WindowTest.h"
 
+#include <QClipboard>
 #include <QDir>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QLocale>
 #include <QMessageBox>
+#include <QMimeData>
+#include <QTimer>
 
 namespace {
 
@@ -130,6 +138,53 @@ TEST_F(Services, InputBoxes) {
         std::string given;
         WorkOn([&] { given = AskByInputBox({"Path?", "T"}); }, {type});
         EXPECT_EQ(given, key == Qt::Key_Return ? "1,2" : "");
+    }
+}
+
+TEST_F(Services, CopiesInAllTheirForms) {
+    const TableRows table = {{"Duct", "Type", "Flow"}, {"R1", "Rigid", "100.5"}};
+    const auto copied = [] { return QApplication::clipboard()->mimeData(); };
+    const auto png = [&] { return QImage::fromData(copied()->data("image/png")); };
+    LayeredPicture picture;
+    RecordedSurface& lines = picture.NetworkLines;
+    picture.SetSize({1200, 900});
+    lines.SetLineWidth(2);
+    lines.Line({150, 150}, {150150, 100150}, 0x0000FF);
+    lines.Box({300, 75}, {750, 825}, 0xFF0000);
+    lines.SetPosition({375, 375});
+    lines.Print("R12");
+    PictureBox box("box", picture, nullptr);
+    box.resize(80, 60);
+    box.setFont(FormFont());
+    CopyToDesktopClipboard({table});
+    EXPECT_EQ(copied()->formats().size(), 4);
+    CopyToDesktopClipboard({table, &picture});
+    std::string all;
+    for (const QString& format : copied()->formats()) {
+        const std::string data = copied()->data(format).toStdString();
+        const bool isText = QString::fromStdString(data).toStdString() == data;
+        all += format.toStdString() + "\n" +
+               (isText                               ? data
+                : data == SpreadsheetDocument(table) ? "spreadsheet"
+                                                     : "picture") +
+               "\n";
+    }
+    ExpectAsInFile("copied.txt", all);
+    const QImage shown = box.grab().toImage();
+    EXPECT_EQ(png().convertToFormat(shown.format()), shown);
+
+    // At the end of the program they are made in advance, but for a picture that would take long.
+    for (const bool isLarge : {false, true}) {
+        while (lines.Items().size() < 10'000U + (isLarge ? 1 : 0)) {
+            lines.Line({}, {}, 0);
+        }
+        CopyToDesktopClipboard({table, &picture});
+        QTimer::singleShot(0, [] { QApplication::exit(); });
+        QApplication::exec();
+        SetFormScale(2);
+        EXPECT_EQ(copied()->formats().size(), isLarge ? 4 : 6);
+        EXPECT_EQ(png().size(), isLarge ? QSize(0, 0) : shown.size());
+        SetFormScale(1);
     }
 }
 

@@ -79,6 +79,30 @@ void WorkOn(const std::function<void()>& open, const std::vector<DialogStep>& st
     EXPECT_EQ(next, steps.size()) << "dialogs that didn't come";
 }
 
+std::string Across(const QImage& picture, int x, int y) {
+    std::string runs;
+    for (const bool down : {false, true}) {
+        const int end = down ? picture.height() : picture.width();
+        for (int at = 0, from = 0; at < end; from = at) {
+            const auto colour = [&](int i) { return picture.pixelColor(down ? x : i, down ? i : y); };
+            while (at < end && colour(at) == colour(from)) {
+                ++at;
+            }
+            runs += colour(from).name().toStdString() + " " + std::to_string(at - from) +
+                    (at == end ? "; " : ", ");
+        }
+    }
+    return runs;
+}
+
+void ExpectAsInFile(const std::string& name, const std::string& seen) {
+    const std::string path = PLENAIR_SOURCES "/windows/" + name;
+    if (qEnvironmentVariableIsSet("PLENAIR_WRITE_LAYOUT")) {
+        WriteFile(path, seen);
+    }
+    EXPECT_EQ(seen, ReadFile(path));
+}
+
 std::string Focused() {
     QWidget* const focus = QApplication::focusWidget();
     return focus != nullptr ? focus->objectName().toStdString() : "nothing";

@@ -37,6 +37,13 @@ inline std::string ColourAt(const QImage& image, int x, int y) {
     return image.pixelColor((QPointF(x, y) * image.devicePixelRatio()).toPoint()).name().toStdString();
 }
 
+// The colours of a picture's pixels along its row and its column through a place, as "#ffffff 14".
+std::string Across(const QImage& picture, int x, int y);
+
+// What was seen must be what a file of this folder holds. With PLENAIR_WRITE_LAYOUT set that is written anew,
+// and its diff is what to look at.
+void ExpectAsInFile(const std::string& name, const std::string& seen);
+
 // What `textOf` gives of each item, unless that is empty, with `between` between them.
 template <typename Items, typename TextOf>
 std::string Joined(const Items& items, const TextOf& textOf, const char* between = " ") {
