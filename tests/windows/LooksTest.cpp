@@ -299,6 +299,29 @@ TEST_F(Looks, ControlsArePaintedAsInTheTable) {
         note("letters", picture, static_cast<int>(15 * ratio), static_cast<int>(12 * ratio));
         note("dashes", picture, 5, static_cast<int>(2 * ratio));
     }
+    LayeredPicture picture;
+    PictureBox marked("", picture, nullptr);
+    marked.resize(50, 50);
+    marked.SetCross({300, 320});
+    marked.show();
+    marked.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&marked));
+    marked.setFocus();
+    std::string keys; // one that is held down moves on, but clicks once
+    marked.KeyDown = [&](int code, bool control) {
+        keys += std::to_string(code) + (control ? "^ " : " ");
+        return true;
+    };
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape, Qt::Key_Right}) {
+        for (const bool repeats : {false, true}) {
+            QKeyEvent event(QEvent::KeyPress, key,
+                            Qt::KeyboardModifiers(repeats ? Qt::ControlModifier : Qt::NoModifier), "",
+                            repeats);
+            QApplication::sendEvent(&marked, &event);
+        }
+    }
+    EXPECT_EQ(keys, "32 13 13 27 39 39^ ");
+    note("cross", marked.grab().toImage(), 20, 21);
     ExpectAsInFile("painted-" + std::to_string(std::lround(100 * image.devicePixelRatio())) + ".txt", all);
 
     int clicks = 0;

@@ -1,5 +1,6 @@
 #include "platform/desktop/CommonDialog.h"
 #include "platform/qt/DesktopPrinter.h"
+#include "platform/qt/PdfFile.h"
 #include "platform/qt/PrintDialog.h"
 #include "windows/WindowTest.h"
 
@@ -101,6 +102,17 @@ TEST_F(Paper, TheDialogRefusesWhatIsNoFile) {
     dialogsExpected = true;
     QPrinter any;
     EXPECT_TRUE(PrintDialog(&any, 0).findChild<QWidget*>("gbPrintRange")->isEnabled());
+    EXPECT_TRUE(PrintDialog(&any, 0).testOption(QPrintDialog::PrintSelection));
+    EXPECT_FALSE(PrintDialog(&any, kPrinterNoSelection).testOption(QPrintDialog::PrintSelection));
+    PdfFile large(File("large.pdf"));
+    std::string written;
+    for (const char part : {'a', 'b', 'c'}) {
+        const QByteArray piece(150'000, part);
+        EXPECT_EQ(large.write(piece), piece.size());
+        written += piece.toStdString();
+    }
+    large.TakeName();
+    EXPECT_EQ(ReadFile(File("large.pdf")), written);
     CommonDialog options;
     options.Flags = kPrinterNoPageNumbers;
     for (const std::string name : {"pipe.pdf", "folder.pdf", "no/such/folder.pdf", "link.pdf", "link.pdf"}) {

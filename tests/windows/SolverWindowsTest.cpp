@@ -100,9 +100,12 @@ TEST_F(SolverWindows, DrawingByTheKeyboardAndItsColours) {
     OpenSolver();
     Play(R"(#3,2 | cross: nothing
         @chkLabels Tab Tab Tab Tab | focus: picGrid; cross: whole
+        Tab | cross: nothing
+        Shift+Tab | cross: whole
         @chkLabels #3,2 | cross: nothing
         Right Left | cross: whole
-        Ctrl+Right Space Escape Home Return PgDown Return | network: R 3,2-8,2 R 0,2-0,30
+        Right | cross: nothing
+        Left Ctrl+Right Space Escape Home Return PgDown Return | network: R 3,2-8,2 R 0,2-0,30
         !new)");
     DrawRow("RFC");
     Play(R"(| colours: #ff0000#0000ff#ffff00
