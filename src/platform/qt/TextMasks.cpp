@@ -79,7 +79,6 @@ TextMasks::Letter TextMasks::Drawn(char32_t code) const {
         image.fill(Qt::transparent);
         QPainter painter(&image);
         painter.setFont(m_font);
-        painter.setPen(Qt::black);
         for (const QPoint shift : shifts) {
             const QPointF origin = QPointF(room + shift.x(), room + shift.y()) / m_ratio;
             painter.drawText(origin + QPointF(0, metrics.ascent()), text);
