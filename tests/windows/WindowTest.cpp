@@ -81,15 +81,17 @@ void WorkOn(const std::function<void()>& open, const std::vector<DialogStep>& st
 
 std::string Across(const QImage& picture, int x, int y) {
     std::string runs;
-    for (const bool down : {false, true}) {
-        const int end = down ? picture.height() : picture.width();
-        for (int at = 0, from = 0; at < end; from = at) {
-            const auto colour = [&](int i) { return picture.pixelColor(down ? x : i, down ? i : y); };
-            while (at < end && colour(at) == colour(from)) {
-                ++at;
-            }
-            runs += colour(from).name().toStdString() + " " + std::to_string(at - from) +
-                    (at == end ? "; " : ", ");
+    const int width = picture.width();
+    const int end = width + picture.height();
+    const auto colour = [&](int at) {
+        return at < width ? picture.pixel(at, y) : picture.pixel(x, at - width);
+    };
+    for (int at = 0, length = 1; at < end; ++at, ++length) {
+        const bool isEdge = at + 1 == width || at + 1 == end;
+        if (isEdge || colour(at + 1) != colour(at)) {
+            runs += QColor(colour(at)).name().toStdString() + " " + std::to_string(length) +
+                    (isEdge ? "; " : ", ");
+            length = 0;
         }
     }
     return runs;
