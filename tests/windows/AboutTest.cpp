@@ -73,8 +73,13 @@ TEST_F(About, ControlsAndCallComeAfterTheShowWhichPlaysOnce) {
 
 TEST_F(About, AfterAReminderItStandsBesideTheWindow) {
     SetRegistryFile(environment.Folder().File("no store yet"));
+    const std::string away = File(std::string(100, 'f'));
+    fs::create_directories(away + "/manual");
+    SetProgramFolder(away);
     Play("?Yes !fill"); // the show is over then
     QWidget* const about = FindWindow<frmAbout>();
+    EXPECT_EQ(Ask("toolTip lblStuff"), away) << "the text leaves out the middle, lest the letters be smaller";
+    EXPECT_TRUE(Ask("text lblStuff").ends_with("ff") && Find("lblStuff").font().pointSizeF() == 8.25);
     EXPECT_TRUE(QTest::qWaitForWindowActive(&Window()));
     Play("| selected: txtInputA 500\n6 | text txtInputA: 6\nmnuHelp>mnuHelpAbout");
     EXPECT_TRUE(QTest::qWaitForWindowActive(about));
