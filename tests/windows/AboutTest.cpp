@@ -48,7 +48,8 @@ TEST_F(About, ControlsAndCallComeAfterTheShowWhichPlaysOnce) {
         EXPECT_NE(mascot.pixelColor(35, 40), mascot.pixelColor(1, 1));
         std::string texts; // of the version all but the number
         for (const std::string name : {"lblPlenair", "lblCR", "lblStuff"}) {
-            texts += std::to_string(Find(name).font().pointSizeF()).substr(0, 5) +
+            texts += Ask("visible " + name) + " " +
+                     std::to_string(Find(name).font().pointSizeF()).substr(0, 5) +
                      Ask("text " + name).substr(0, name == "lblPlenair" ? 10 : std::string::npos) + "\n";
         }
         ExpectAsInFile("about.txt", texts.substr(0, texts.rfind(' ')) + "\n");

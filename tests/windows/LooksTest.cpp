@@ -14,7 +14,6 @@
 #include <QAccessible>
 #include <QAction>
 #include <QMenu>
-#include <QPainter>
 #include <QRadioButton>
 #include <QRegularExpression>
 #include <QStyle>
