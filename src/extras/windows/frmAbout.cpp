@@ -136,7 +136,9 @@ void frmAbout::ShowStuff() {
     // A long address loses its middle, lest it make all of the text too small to be read.
     const QString address = Address();
     const QFontMetrics letters = lblStuff->fontMetrics();
-    const int room = lblStuff->width() - letters.horizontalAdvance(kStuff.section('\n', -1).arg(QString()));
+    constexpr int kRounding = 2; // of the widths of both parts, which would make the letters smaller
+    const int room =
+        lblStuff->width() - letters.horizontalAdvance(kStuff.section('\n', -1).arg(QString())) - kRounding;
     const QString shown = letters.elidedText(address, Qt::ElideMiddle, room);
     ShowText(*lblStuff, kStuff.arg(shown));
     lblStuff->setToolTip(shown == address ? QString() : address);
