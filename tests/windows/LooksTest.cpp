@@ -5,7 +5,6 @@
 #include "platform/qt/Labels.h"
 #include "platform/qt/Pictures.h"
 #include "platform/qt/ReadableStyle.h"
-#include "platform/qt/StrokeCanvas.h"
 #include "platform/qt/SurfacePainter.h"
 #include "platform/qt/TextFit.h"
 #include "platform/qt/Twips.h"
@@ -291,8 +290,6 @@ TEST_F(Looks, ControlsArePaintedAsInTheTable) {
         note("dashes", picture, 5, static_cast<int>(2 * ratio));
     }
     QWidget window;
-    StrokeCanvas canvas("", &window);
-    canvas.setGeometry(50, 0, 20, 20);
     LayeredPicture picture;
     PictureBox marked("marked", picture, &window);
     marked.resize(50, 50);
@@ -303,9 +300,6 @@ TEST_F(Looks, ControlsArePaintedAsInTheTable) {
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     marked.setFocus();
-    canvas.Surface().Line({0, 0}, {300, 0}, 255);
-    canvas.Refresh();
-    note("canvas", canvas.grab().toImage(), 5, 0);
     for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape, Qt::Key_Right}) {
         QKeyEvent event(QEvent::KeyPress, key, Qt::ControlModifier, "", true);
         QApplication::sendEvent(&marked, &event);
