@@ -2,10 +2,12 @@
 #include "windows/WindowTest.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QProgressDialog>
+#include <QWindow>
 
 namespace {
 
@@ -83,7 +85,12 @@ TEST_F(Controls, KeysOfATextBox) {
         Home | events:  down 36 up 36
         F8 | events:  down 0 up 0
         Ctrl+A | events:  down 0 down 65 press 1 up 65 up 0
-        Alt+Z | events:  down 0 down 90 up 90 up 0)");
+        Alt+Z | events:  down 0 down 90 up 90 up 0
+        !5 Ctrl+Z | events:  change to 5 | down 0 down 90 press 26 up 90 up 0
+        Ctrl+Tab | events:  down 0 down 9 up 9 up 0
+        ~ | events:  down 126 press 126 change to ~5 up 126
+        Space | events:  down 32 press 32 change to ~ 5 up 32
+        Ctrl+A Delete | events:  down 0 down 65 press 1 up 65 up 0 down 46 change to  up 46)");
     const std::pair<QEvent::Type, bool> repeating[] = {{QEvent::KeyPress, false},
                                                        {QEvent::KeyRelease, true},
                                                        {QEvent::KeyPress, true},
@@ -99,6 +106,45 @@ TEST_F(Controls, KeysOfATextBox) {
     QApplication::sendEvent(m_first, &event);
     Play("| events:  press 49 press 50 change to xx12\n" // as if typed
          "!5 !5 | events:  change to 5 | |");            // at once, and only if it differs
+}
+
+// Whatever the user or the program does to a control (+ puts it on, - off).
+TEST_F(Controls, AClickIsToldOnce) {
+    double left = 2000;
+    const auto add = [&](auto* control) {
+        const std::string name = control->objectName().toStdString();
+        Form::Place(control, left += 600, 1000, 500, 300);
+        control->show();
+        control->Click = [this, name] { m_events += " " + name; };
+        actions["+" + name] = [control] { control->setChecked(true); };
+        actions["-" + name] = [control] { control->setChecked(false); };
+        return control;
+    };
+    for (const char* name : {"one", "two"}) {
+        add(new Option(name, "&" + QString(name), m_form.Client()))->setFocusPolicy(Qt::StrongFocus);
+    }
+    add(new ToggleButton(ToggleButton::Kind::Option, "near", m_form.Client()));
+    add(new ToggleButton(ToggleButton::Kind::Option, "far", m_form.Client()));
+    add(new ToggleButton(ToggleButton::Kind::CheckBox, "check", m_form.Client()));
+    actions["focus"] = [this] { Find("one").setFocus(); };
+    Play(R"(!focus Right | focus: two; checked two: true; events:  lost first two
+        !+two | events: 
+        !+one | events:  one
+        @one Alt+O @two @two | events:  one one two two
+        Left Right | events:  one two
+        @near @near @far !+far !+near !+near | events:  near near far near
+        @check !-check !-check !+check @check @check | events:  check check check check check)");
+    m_button->SetFocusable();
+    m_button->setFocus();
+    m_button->KeyPress = [this](int code) { m_events += " press " + std::to_string(code); };
+    for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
+        for (const bool repeated : {false, true, true}) {
+            QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, "\r", repeated);
+            QApplication::sendEvent(m_button, &event);
+        }
+    }
+    Play(R"(| events:  press 13 click press 13 press 13 press 13 click press 13 press 13
+        Alt+X x Space Alt+G | events:  press 120 press 32 click click)");
 }
 
 TEST_F(Controls, FocusIsLostBeforeItIsGained) {
@@ -131,6 +177,14 @@ TEST_F(Controls, OtherWindowsOfTheProgramCount) {
         Play("| events:  down 0");
     }
     Play("Delete | events:  lost box got first down 46 up 46");
+    GiveFocus(m_box);
+    Activate(m_foreign);
+    m_foreign.clearFocus(); // a key may come before the desktop tells which window is active
+    QTest::keyClick(m_first, Qt::Key_Delete);
+    Play("| events:  lost first got box lost box got first down 46 up 46");
+    m_form.hide(); // what was typed ahead is for nobody then
+    QTest::keyClick(m_form.windowHandle(), 'x');
+    Play("| events: ");
 }
 
 TEST_F(Controls, TheClickThatWakesLeavesTheWholeTextSelected) {
@@ -142,6 +196,13 @@ TEST_F(Controls, TheClickThatWakesLeavesTheWholeTextSelected) {
         Play("@first | selected: first 55");
     }
     Play("@first | selected: first \n!second");
+    for (const char* dragged : {"", "55"}) { // nor does the press that enters drag the caret along
+        QTest::mousePress(m_form.windowHandle(), Qt::LeftButton, {}, m_first->mapTo(&m_form, QPoint(60, 9)));
+        QTest::mouseMove(m_form.windowHandle(), m_first->mapTo(&m_form, QPoint(2, 9)));
+        QTest::mouseRelease(m_form.windowHandle(), Qt::LeftButton, {}, m_first->mapTo(&m_form, QPoint(2, 9)));
+        Play("| selected: first " + std::string(dragged));
+    }
+    Play("!second");
     m_first->SelectAll();
     Play("!first @first | selected: first "); // it had the keyboard before the click
     // Backwards, and none.
@@ -154,6 +215,27 @@ TEST_F(Controls, TheClickThatWakesLeavesTheWholeTextSelected) {
         Activate(m_form);
         Play("| selected: " + selected);
         EXPECT_EQ(m_first->cursorPosition(), caret) << keys;
+    }
+}
+
+// What stands beside the other windows, as the sheet does, stays below a dialog; the keyboard goes back past
+// it.
+TEST_F(Controls, ADialogStandsOnTheSmallWindow) {
+    dialogsExpected = true;
+    Form tool("frmTool", "Tool", Qt::Tool);
+    tool.winId();
+    tool.windowHandle()->setTransientParent(m_form.windowHandle());
+    QDialog dialog(&m_form);
+    for (const bool beside : {true, true, false}) {
+        tool.setVisible(beside);
+        Activate(m_form);
+        WorkOn([&] { dialog.exec(); }, {[&](QWidget&) {
+                   EXPECT_EQ(dialog.windowHandle()->transientParent(),
+                             (beside ? tool : m_form).windowHandle());
+                   dialog.hide();
+               }});
+        EXPECT_EQ(dialog.windowHandle()->transientParent(), m_form.windowHandle());
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&m_form));
     }
 }
 
