@@ -198,7 +198,10 @@ TEST_F(SolverWindows, TabsArrowsAndEnterOnTheSheet) {
         Return Escape | focus: txtParam(8)
         Tab | focus: chkFollowOn
         Tab | focus: scrDuctNo
-        Tab | selected: txtParam(1) 0)");
+        Right | duct: R2 #ff0000
+        Left | duct: R1 #ff0000
+        PgDown | duct: R2 #ff0000
+        Home Tab | selected: txtParam(1) 0; duct: R1 #ff0000)");
 }
 
 // Text typed into a box goes into the record of the duct that it was typed for, and before the click that
