@@ -10,10 +10,14 @@
 
 #include <QAccessible>
 #include <QAction>
+#include <QHelpEvent>
+#include <QLineEdit>
 #include <QMenu>
+#include <QPainter>
 #include <QRadioButton>
 #include <QRegularExpression>
 #include <QStyle>
+#include <QTextDocument>
 #include <QToolTip>
 
 namespace {
@@ -308,23 +312,6 @@ TEST_F(Looks, DisabledTextsAndLinesInEveryTheme) {
         }
     }
     TextBox box("box", nullptr);
-    const auto look = [&box](const char* number, bool atStart) {
-        box.SetText(number);
-        box.setCursorPosition(atStart ? 0 : 14);
-        return box.grab().toImage();
-    };
-    box.show();
-    box.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&box));
-    for (int width = 44; width < 60; ++width) {
-        box.resize(width, 20);
-        for (const bool isTyped : {false, true}) {
-            isTyped ? box.setFocus() : box.clearFocus();
-            EXPECT_EQ(look("12345671111111", true), look("12345678888888", true))
-                << "nothing behind the ellipsis";
-        }
-        EXPECT_EQ(look("11111117654321", false), look("88888887654321", false)) << "nor before it";
-    }
     for (double width = 20; width < 60; width += 1.7) {
         const QFont fitting = FontThatFits(box.font(), "1234567", width);
         const auto advance = [](QFont font, double more) {
@@ -337,6 +324,70 @@ TEST_F(Looks, DisabledTextsAndLinesInEveryTheme) {
     }
     EXPECT_NEAR(Contrast(Qt::black, Qt::white), 21, 1e-9);
     EXPECT_NEAR(Contrast(QColor("#767676"), Qt::white), 4.54, 0.01);
+}
+
+// A line edit of the toolkit's shows the same of what fits.
+TEST_F(Looks, TextsTooWideForTheirBox) {
+    QWidget window;
+    TextBox box("box", &window);
+    QLineEdit plain(&window);
+    QPalette inks;
+    inks.setColor(QPalette::Text, Qt::blue);
+    inks.setColor(QPalette::Base, Qt::yellow);
+    window.setPalette(inks);
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    int width = 200;
+    const auto look = [&width](QLineEdit& edit, const QString& text, int caret = 0) { // inside its frame
+        edit.resize(width, 20);
+        edit.setText(text);
+        edit.setCursorPosition(caret);
+        return edit.grab().toImage().copy(1, 2, width - 2, 16);
+    };
+    const auto tip = [&box] {
+        QHelpEvent event(QEvent::ToolTip, {}, {});
+        EXPECT_TRUE(QApplication::sendEvent(&box, &event));
+        QTextDocument shown;
+        shown.setHtml(QToolTip::text());
+        return shown.toPlainText();
+    };
+    const QFontMetricsF font(box.font());
+    const QString text = "<b>12345678";
+    while (look(box, text), tip().isEmpty()) {
+        --width;
+    }
+    EXPECT_EQ(tip(), text);
+    EXPECT_EQ(width, std::lround(font.horizontalAdvance(text)) + 5) << "a pixel less than it needs";
+    if (box.devicePixelRatio() != 1) {
+        return; // its edges lie within pixels of the screen
+    }
+    box.clearFocus();
+    for (; width > 60; --width) {
+        EXPECT_EQ(look(box, text), look(plain, font.elidedText(text, Qt::ElideRight, width - 6))) << width;
+    }
+    // While it is typed in, at the ends (< and >) that are out of sight; the caret goes to the end and back.
+    width = static_cast<int>(font.horizontalAdvance(QChar(0x2026))) + 6;
+    const QImage ellipsis = look(plain, QChar(0x2026));
+    width = 44;
+    const int right = width - 2 - ellipsis.width();
+    std::string marks;
+    for (int step = 0; step < 17; ++step) {
+        const int caret = step < 9 ? step : 16 - step;
+        box.setFocus();
+        const QImage seen = look(box, "12345678", caret);
+        plain.setFocus();
+        QImage expected = look(plain, "12345678", caret);
+        for (const int x : {0, right}) {
+            if (seen.copy(QRect(QPoint(x, 0), ellipsis.size())) == ellipsis) {
+                QPainter(&expected).drawImage(x, 0, ellipsis);
+                marks += x == 0 ? '<' : '>';
+            }
+        }
+        EXPECT_EQ(seen, expected) << caret;
+        marks += ' ';
+    }
+    EXPECT_EQ(marks, "> > > >   < < < < <    > > > ");
 }
 
 } // namespace
