@@ -169,14 +169,19 @@ TEST_F(Controls, OtherWindowsOfTheProgramCount) {
     Activate(m_other);
     Play("| events: ");
     Activate(m_form);
-    // No modifier enters a box that got the keyboard by waking; the first other key does.
+    // No modifier enters a box that got the keyboard by waking; the first character does.
     for (const Qt::Key modifier : {Qt::Key_Shift, Qt::Key_Control, Qt::Key_Alt, Qt::Key_ScrollLock,
                                    Qt::Key_AltGr, Qt::Key_Super_L, Qt::Key_Hyper_R}) {
         QKeyEvent press(QEvent::KeyPress, modifier, Qt::NoModifier);
         QApplication::sendEvent(m_first, &press);
         Play("| events:  down 0");
     }
-    Play("Delete | events:  lost box got first down 46 up 46");
+    for (const char* typed : {"", "1"}) { // with an input method
+        QInputMethodEvent event("1", {});
+        event.setCommitString(typed);
+        QApplication::sendEvent(m_first, &event);
+        Play(std::string("| events: ") + (*typed != 0 ? " lost box got first press 49 change to 1" : ""));
+    }
     GiveFocus(m_box);
     Activate(m_foreign);
     m_foreign.clearFocus(); // a key may come before the desktop tells which window is active
@@ -185,6 +190,9 @@ TEST_F(Controls, OtherWindowsOfTheProgramCount) {
     m_form.hide(); // what was typed ahead is for nobody then
     QTest::keyClick(m_form.windowHandle(), 'x');
     Play("| events: ");
+    m_second->setFocus();
+    Activate(m_form);
+    Play("| focus: first; events: ");
 }
 
 TEST_F(Controls, TheClickThatWakesLeavesTheWholeTextSelected) {
@@ -195,7 +203,7 @@ TEST_F(Controls, TheClickThatWakesLeavesTheWholeTextSelected) {
         byTheClick ? void() : Activate(m_form);
         Play("@first | selected: first 55");
     }
-    Play("@first | selected: first \n!second");
+    Play("@first | selected: first \nCtrl+A !second | selectedText first: ");
     for (const char* dragged : {"", "55"}) { // nor does the press that enters drag the caret along
         QTest::mousePress(m_form.windowHandle(), Qt::LeftButton, {}, m_first->mapTo(&m_form, QPoint(60, 9)));
         QTest::mouseMove(m_form.windowHandle(), m_first->mapTo(&m_form, QPoint(2, 9)));

@@ -58,7 +58,8 @@ TEST_F(Lite, TheFirstStart) {
     Play("| bases: 0.8 (5) (0.8) (5) (500) (5); text txtInputA: ; text txtInputB: ; focus: txtInputB; table: "
          "blank");
     const QRect frame = Window().frameGeometry();
-    EXPECT_EQ(frame.topRight(), QPoint(Window().screen()->geometry().right(), 20));
+    EXPECT_EQ(frame.topRight(), Window().screen()->geometry().topRight() + QPoint(0, 20));
+    EXPECT_EQ(Window().Client()->geometry().bottomRight(), Window().rect().bottomRight());
     EXPECT_EQ(Window().minimumSize(), Window().maximumSize()) << "the frame can't be dragged to another size";
 }
 

@@ -181,6 +181,7 @@ TEST_F(Looks, ButtonsOnAndOffAndTheFocusOnEachAreToldApart) {
         window.show();
         window.activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        EXPECT_EQ(button.iconSize(), QSize(19, 19)) << "with room for the frame of the focus around it";
         QImage ground = button.grab().toImage();
         ground.fill(QColor(theme.Window));
         std::vector<QImage> looks;
@@ -214,6 +215,16 @@ TEST_F(Looks, IconsOfWindowsAndButtonsOfRows) {
         EXPECT_EQ(ColourAt(picture, pixel, 8), ColourAt(picture, 14 - pixel, 8));
         EXPECT_EQ(ColourAt(picture, 7, pixel), ColourAt(picture, 7, 15 - pixel));
     }
+    const QFont before = QApplication::font();
+    const std::pair<QFont, const char*> desktops[] = {
+        {QFont("Liberation Serif"), "Liberation Serif"},     // narrower than the one drawn for
+        {QFont("DejaVu Sans Condensed"), "Liberation Sans"}, // its digits are wider
+        {QFont("Liberation Sans", 9, QFont::Normal, true), "Liberation Sans italic"}};
+    for (const auto& [font, taken] : desktops) {
+        QApplication::setFont(font);
+        EXPECT_EQ(FormFont().family() + (FormFont().italic() ? " italic" : ""), taken);
+    }
+    QApplication::setFont(before);
     SetFormScale(2);
     const int indicator = ReadableStyle().pixelMetric(QStyle::PM_IndicatorWidth, nullptr, nullptr);
     TakeDesktopFont();
