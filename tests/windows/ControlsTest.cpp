@@ -1,4 +1,5 @@
 #include "platform/desktop/Progress.h"
+#include "platform/qt/WindowPos.h"
 #include "windows/WindowTest.h"
 
 #include <QApplication>
@@ -7,6 +8,8 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QProgressDialog>
+#include <QScreen>
+#include <QTimer>
 #include <QWindow>
 
 namespace {
@@ -226,13 +229,25 @@ TEST_F(Controls, TheClickThatWakesLeavesTheWholeTextSelected) {
     }
 }
 
-// What stands beside the other windows, as the sheet does, stays below a dialog; the keyboard goes back past
-// it.
-TEST_F(Controls, ADialogStandsOnTheSmallWindow) {
+// A small window as the sheet is: a dialog stands on it, the keyboard goes back past it, and from another
+// program the user comes back to it through the window that it belongs to.
+TEST_F(Controls, TheSmallWindowOfAnother) {
     dialogsExpected = true;
     Form tool("frmTool", "Tool", Qt::Tool);
     tool.winId();
     tool.windowHandle()->setTransientParent(m_form.windowHandle());
+    auto* small = new TextBox("small", tool.Client());
+    Add(tool, small, 500);
+    for (const bool isAway : {false, true}) {
+        Activate(tool);
+        GiveFocus(small);
+        Activate(m_foreign);
+        isAway ? emit qApp->applicationStateChanged(Qt::ApplicationInactive) : void();
+        m_form.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(isAway ? &tool : &m_form));
+        QCoreApplication::processEvents();
+        EXPECT_EQ(tool.isActiveWindow(), isAway);
+    }
     QDialog dialog(&m_form);
     for (const bool beside : {true, true, false}) {
         tool.setVisible(beside);
@@ -245,6 +260,19 @@ TEST_F(Controls, ADialogStandsOnTheSmallWindow) {
         EXPECT_EQ(dialog.windowHandle()->transientParent(), m_form.windowHandle());
         EXPECT_TRUE(QTest::qWaitForWindowActive(&m_form));
     }
+}
+
+TEST_F(Controls, AWindowIsHeldAboveTheOthers) {
+    for (const unsigned show : {0U, SWP_SHOWWINDOW}) {
+        const bool isHeld = show != 0;
+        SetWindowPos(m_other, isHeld ? HWND_TOPMOST : HWND_NOTOPMOST, 40, 50, 0, 0, SWP_NOACTIVATE | show);
+        EXPECT_EQ(m_other.isVisible(), isHeld);
+        EXPECT_EQ(m_other.windowFlags().testFlag(Qt::WindowStaysOnTopHint), isHeld);
+        EXPECT_EQ(m_other.geometry().topLeft(), m_other.screen()->geometry().topLeft() + QPoint(40, 50));
+        EXPECT_EQ(m_other.Left() + m_other.Top() + m_other.Width() + m_other.Height(),
+                  600 + 750 + 6060 + 3060);
+    }
+    EXPECT_TRUE(m_other.testAttribute(Qt::WA_ShowWithoutActivating));
 }
 
 // It appears by itself where the work lasts, and its button ends the work.
@@ -275,8 +303,11 @@ TEST_F(Controls, LongCalculationsAreToldByThePointer) {
             QCoreApplication::postEvent(m_form.windowHandle(),
                                         new QKeyEvent(QEvent::KeyPress, key, Qt::NoModifier, text));
         }
+        bool isShown = false; // all else goes on
+        QTimer::singleShot(0, [&] { isShown = true; });
         while (waiting.GoOn()) {
         }
+        EXPECT_TRUE(isShown);
         EXPECT_EQ(m_first->Text(), "");
     }
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);

@@ -56,7 +56,7 @@ class SolverWindows : public SolverTest, public QObject {
 TEST_F(SolverWindows, ButtonsInTheOrderOfTheirTabs) {
     OpenSolver();
     Find("cmdClearGrid(2)").setFocus();
-    Play(R"(Tab | focus: cmdLoadGsp
+    Play(R"(Tab | focus: cmdLoadGsp; visible txtParam(1): false
         Tab | focus: cmdSaveGsp
         Tab | focus: cmdPrintGus
         Tab | focus: cmdMajorOptions
