@@ -188,8 +188,7 @@ void TextBox::KeepingSelection(const std::function<void()>& focusEvent) {
     const int start = selectionStart();
     focusEvent();
     if (length == 0) {
-        deselect();
-        setCursorPosition(cursor);
+        setCursorPosition(cursor); // deselects, too
     } else if (cursor == start) {
         setSelection(start + length, -length);
     } else {
