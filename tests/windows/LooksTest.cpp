@@ -171,17 +171,32 @@ int Apart(const QImage& one, const QImage& other, double contrast) {
     return apart;
 }
 
+// To what depth the four edges have one colour.
+int FrameWidth(const QImage& picture, QSize size) {
+    const QPoint far(size.width() - 1, size.height() - 1);
+    for (int depth = 0;; ++depth) {
+        for (const QPoint at : {QPoint(depth, far.y() / 2),
+                                {far.x() - depth, far.y() / 2},
+                                {far.x() / 2, depth},
+                                {far.x() / 2, far.y() - depth}}) {
+            if (ColourAt(picture, at.x(), at.y()) != ColourAt(picture, 0, far.y() / 2)) {
+                return depth;
+            }
+        }
+    }
+}
+
 TEST_F(Looks, ButtonsOnAndOffAndTheFocusOnEachAreToldApart) {
     for (const Theme& theme : kThemes) {
         QWidget window;
         window.setPalette(theme.Palette());
         ToggleButton button(ToggleButton::Kind::CheckBox, "button", &window);
         button.SetIcon("solver/labels", "Labels");
-        button.resize(27, 27);
+        button.resize(28, 28);
         window.show();
         window.activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-        EXPECT_EQ(button.iconSize(), QSize(19, 19)) << "with room for the frame of the focus around it";
+        EXPECT_EQ(button.iconSize(), QSize(20, 20)) << "with room for the frame of the focus around it";
         QImage ground = button.grab().toImage();
         ground.fill(QColor(theme.Window));
         std::vector<QImage> looks;
@@ -192,14 +207,19 @@ TEST_F(Looks, ButtonsOnAndOffAndTheFocusOnEachAreToldApart) {
                 EXPECT_GT(Apart(button.grab().toImage(), other, 1.5), 80) << theme.Window << ' ' << look;
             }
             looks.push_back(button.grab().toImage());
+            EXPECT_EQ(ColourAt(looks.back(), 2, 9) == theme.Ink, look >= 2) << theme.Window << ' ' << look;
         }
+        EXPECT_EQ(FrameWidth(looks[1], button.size()), 2);
         EXPECT_GT(Apart(looks[1], ground, 1.5), Apart(looks[0], ground, 1.5)) << "on is the stronger one";
         ScrollBar bar("bar", &window);
         bar.resize(60, 20);
         bar.show();
         for (const bool hasFocus : {false, true}) {
             hasFocus ? bar.setFocus() : bar.clearFocus();
-            EXPECT_EQ(bar.grab().toImage().pixelColor(1, 1) == bar.palette().color(QPalette::Highlight),
+            const QImage picture = bar.grab().toImage();
+            EXPECT_EQ(ColourAt(picture, 1, 1) ==
+                              bar.palette().color(QPalette::Highlight).name().toStdString() &&
+                          FrameWidth(picture, bar.size()) == 2,
                       hasFocus);
         }
     }

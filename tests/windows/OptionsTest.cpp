@@ -1,6 +1,8 @@
 #include "core/windows/frmInputs.h"
 #include "windows/WindowTest.h"
 
+#include <QWindow>
+
 namespace {
 
 constexpr const char* kBoxes[] = {"txtMaxLPM",           "txtMaxVelocity", "txtAnalysis",
@@ -31,6 +33,7 @@ class Options : public WindowTest {
     void WithOptions(const std::function<void()>& steps) {
         const auto work = [&](QWidget& options) {
             m_options = qobject_cast<frmInputs*>(&options);
+            EXPECT_EQ(options.windowHandle()->transientParent(), Window().windowHandle());
             steps();
             EXPECT_FALSE(options.isVisible()) << "the options stay open";
         };
