@@ -171,19 +171,18 @@ int Apart(const QImage& one, const QImage& other, double contrast) {
     return apart;
 }
 
-// To what depth the four edges have one colour.
-int FrameWidth(const QImage& picture, QSize size) {
-    const QPoint far(size.width() - 1, size.height() - 1);
-    for (int depth = 0;; ++depth) {
-        for (const QPoint at : {QPoint(depth, far.y() / 2),
-                                {far.x() - depth, far.y() / 2},
-                                {far.x() / 2, depth},
-                                {far.x() / 2, far.y() - depth}}) {
-            if (ColourAt(picture, at.x(), at.y()) != ColourAt(picture, 0, far.y() / 2)) {
-                return depth;
-            }
-        }
-    }
+// Whether all along the edges runs a line of that colour, two pixels wide.
+bool IsFramed(const QImage& picture, int right, int bottom, const QColor& colour) {
+    const auto marked = [&](int depth) { // of the middles of the edges
+        const QPoint middles[] = {{depth, bottom / 2},
+                                  {right - depth, bottom / 2},
+                                  {right / 2, depth},
+                                  {right / 2, bottom - depth}};
+        return std::count_if(std::begin(middles), std::end(middles), [&](QPoint at) {
+            return ColourAt(picture, at.x(), at.y()) == colour.name().toStdString();
+        });
+    };
+    return marked(1) == 4 && marked(2) == 0;
 }
 
 TEST_F(Looks, ButtonsOnAndOffAndTheFocusOnEachAreToldApart) {
@@ -209,17 +208,14 @@ TEST_F(Looks, ButtonsOnAndOffAndTheFocusOnEachAreToldApart) {
             looks.push_back(button.grab().toImage());
             EXPECT_EQ(ColourAt(looks.back(), 2, 9) == theme.Ink, look >= 2) << theme.Window << ' ' << look;
         }
-        EXPECT_EQ(FrameWidth(looks[1], button.size()), 2);
+        EXPECT_TRUE(IsFramed(looks[1], 27, 27, ColourAt(looks[1], 0, 14).c_str()));
         EXPECT_GT(Apart(looks[1], ground, 1.5), Apart(looks[0], ground, 1.5)) << "on is the stronger one";
         ScrollBar bar("bar", &window);
         bar.resize(60, 20);
         bar.show();
         for (const bool hasFocus : {false, true}) {
             hasFocus ? bar.setFocus() : bar.clearFocus();
-            const QImage picture = bar.grab().toImage();
-            EXPECT_EQ(ColourAt(picture, 1, 1) ==
-                              bar.palette().color(QPalette::Highlight).name().toStdString() &&
-                          FrameWidth(picture, bar.size()) == 2,
+            EXPECT_EQ(IsFramed(bar.grab().toImage(), 59, 19, bar.palette().color(QPalette::Highlight)),
                       hasFocus);
         }
     }
@@ -362,6 +358,7 @@ TEST_F(Looks, DisabledTextsAndLinesInEveryTheme) {
                     fitting.pointSizeF() <= box.font().pointSizeF() * 2 / 3 + 0.25);
         EXPECT_TRUE(advance(fitting, 0.25) > width || fitting == box.font()) << width;
     }
+    EXPECT_EQ(Label("label", "", nullptr).textFormat(), Qt::PlainText);
     EXPECT_NEAR(Contrast(Qt::black, Qt::white), 21, 1e-9);
     EXPECT_NEAR(Contrast(QColor("#767676"), Qt::white), 4.54, 0.01);
 }
