@@ -83,7 +83,6 @@ Form::Form(const QString& name, const QString& caption, Qt::WindowFlags flags)
     setWindowTitle(caption);
     setFont(FormFont());
     setAttribute(Qt::WA_AlwaysShowToolTips); // also while another window of the program has the keyboard
-    m_client->setObjectName("client");
 }
 
 QShortcut* Form::AddKeys(const QList<QKeySequence>& keys, const std::function<void()>& action) {
