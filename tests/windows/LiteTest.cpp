@@ -1,5 +1,6 @@
 #include "lite/CalculationLog.h"
 #include "platform/desktop/Clipboard.h"
+#include "platform/qt/Twips.h"
 #include "windows/WindowTest.h"
 
 #include <QMenuBar>
@@ -61,6 +62,7 @@ TEST_F(Lite, TheFirstStart) {
     const QRect frame = Window().frameGeometry();
     EXPECT_EQ(frame.topRight(), Window().screen()->geometry().topRight() + QPoint(0, 20));
     EXPECT_EQ(Window().Client()->geometry().bottomRight(), Window().rect().bottomRight());
+    EXPECT_TRUE(Window().Top() == 300 && Window().Left() + Window().Width() == ScreenWidth());
     EXPECT_EQ(Window().MenuBar()->geometry(), QRect(0, 0, Window().width(), Window().Client()->y()));
     EXPECT_FALSE(Window().MenuBar()->isNativeMenuBar());
     EXPECT_EQ(Window().minimumSize(), Window().maximumSize()) << "the frame can't be dragged to another size";

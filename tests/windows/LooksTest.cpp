@@ -10,14 +10,10 @@
 
 #include <QAccessible>
 #include <QAction>
-#include <QHelpEvent>
-#include <QLineEdit>
 #include <QMenu>
-#include <QPainter>
 #include <QRadioButton>
 #include <QRegularExpression>
 #include <QStyle>
-#include <QTextDocument>
 #include <QToolTip>
 
 namespace {
@@ -171,20 +167,6 @@ int Apart(const QImage& one, const QImage& other, double contrast) {
     return apart;
 }
 
-// Whether all along the edges runs a line of that colour, two pixels wide.
-bool IsFramed(const QImage& picture, int right, int bottom, const QColor& colour) {
-    const auto marked = [&](int depth) { // of the middles of the edges
-        const QPoint middles[] = {{depth, bottom / 2},
-                                  {right - depth, bottom / 2},
-                                  {right / 2, depth},
-                                  {right / 2, bottom - depth}};
-        return std::count_if(std::begin(middles), std::end(middles), [&](QPoint at) {
-            return ColourAt(picture, at.x(), at.y()) == colour.name().toStdString();
-        });
-    };
-    return marked(1) == 4 && marked(2) == 0;
-}
-
 TEST_F(Looks, ButtonsOnAndOffAndTheFocusOnEachAreToldApart) {
     for (const Theme& theme : kThemes) {
         QWidget window;
@@ -208,14 +190,16 @@ TEST_F(Looks, ButtonsOnAndOffAndTheFocusOnEachAreToldApart) {
             looks.push_back(button.grab().toImage());
             EXPECT_EQ(ColourAt(looks.back(), 2, 9) == theme.Ink, look >= 2) << theme.Window << ' ' << look;
         }
-        EXPECT_TRUE(IsFramed(looks[1], 27, 27, ColourAt(looks[1], 0, 14).c_str()));
         EXPECT_GT(Apart(looks[1], ground, 1.5), Apart(looks[0], ground, 1.5)) << "on is the stronger one";
         ScrollBar bar("bar", &window);
         bar.resize(60, 20);
         bar.show();
         for (const bool hasFocus : {false, true}) {
             hasFocus ? bar.setFocus() : bar.clearFocus();
-            EXPECT_EQ(IsFramed(bar.grab().toImage(), 59, 19, bar.palette().color(QPalette::Highlight)),
+            const QImage picture = bar.grab().toImage();
+            const std::string mark = bar.palette().color(QPalette::Highlight).name().toStdString();
+            EXPECT_EQ(ColourAt(picture, 1, 1) == mark && ColourAt(picture, 58, 18) == mark &&
+                          ColourAt(picture, 2, 2) != mark,
                       hasFocus);
         }
     }
@@ -232,10 +216,8 @@ TEST_F(Looks, IconsOfWindowsAndButtonsOfRows) {
         EXPECT_EQ(ColourAt(picture, 7, pixel), ColourAt(picture, 7, 15 - pixel));
     }
     const QFont before = QApplication::font();
-    for (const char* family : {"Liberation Serif", "DejaVu Sans Condensed"}) { // whose digits are wider
-        QApplication::setFont(QFont(family));
-        EXPECT_EQ(FormFont().family(), *family == 'L' ? family : "Liberation Sans");
-    }
+    QApplication::setFont(QFont("DejaVu Sans Condensed")); // its digits are wider than the drawn ones
+    EXPECT_EQ(FormFont().family(), "Liberation Sans");
     QApplication::setFont(before);
     SetFormScale(2);
     const int indicator = ReadableStyle().pixelMetric(QStyle::PM_IndicatorWidth, nullptr, nullptr);
@@ -361,66 +343,6 @@ TEST_F(Looks, DisabledTextsAndLinesInEveryTheme) {
     EXPECT_EQ(Label("label", "", nullptr).textFormat(), Qt::PlainText);
     EXPECT_NEAR(Contrast(Qt::black, Qt::white), 21, 1e-9);
     EXPECT_NEAR(Contrast(QColor("#767676"), Qt::white), 4.54, 0.01);
-}
-
-// A line edit of the toolkit's shows the same of what fits.
-TEST_F(Looks, TextsTooWideForTheirBox) {
-    QWidget window;
-    TextBox box("box", &window);
-    QLineEdit plain(&window);
-    window.show();
-    window.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    int width = 200;
-    const auto look = [&width](QLineEdit& edit, const QString& text, int caret = 0) { // inside its frame
-        edit.resize(width, 20);
-        edit.setText(text);
-        edit.setCursorPosition(caret);
-        return edit.grab().toImage().copy(1, 2, width - 2, 16);
-    };
-    const auto tip = [&box] {
-        QHelpEvent event(QEvent::ToolTip, {}, {});
-        EXPECT_TRUE(QApplication::sendEvent(&box, &event));
-        QTextDocument shown;
-        shown.setHtml(QToolTip::text());
-        return shown.toPlainText();
-    };
-    const QFontMetricsF font(box.font());
-    const QString text = "<b>12345678";
-    while (look(box, text), tip().isEmpty()) {
-        --width;
-    }
-    EXPECT_EQ(tip(), text);
-    EXPECT_EQ(width, std::lround(font.horizontalAdvance(text)) + 5) << "a pixel less than it needs";
-    if (box.devicePixelRatio() != 1) {
-        return; // its edges lie within pixels of the screen
-    }
-    box.clearFocus();
-    for (; width > 60; --width) {
-        EXPECT_EQ(look(box, text), look(plain, font.elidedText(text, Qt::ElideRight, width - 6))) << width;
-    }
-    // While it is typed in, at the ends (< and >) that are out of sight; the caret goes to the end and back.
-    width = static_cast<int>(font.horizontalAdvance(QChar(0x2026))) + 6;
-    const QImage ellipsis = look(plain, QChar(0x2026));
-    width = 44;
-    const int right = width - 2 - ellipsis.width();
-    std::string marks;
-    for (int step = 0; step < 17; ++step) {
-        const int caret = step < 9 ? step : 16 - step;
-        box.setFocus();
-        const QImage seen = look(box, "12345678", caret);
-        plain.setFocus();
-        QImage expected = look(plain, "12345678", caret);
-        for (const int x : {0, right}) {
-            if (seen.copy(QRect(QPoint(x, 0), ellipsis.size())) == ellipsis) {
-                QPainter(&expected).drawImage(x, 0, ellipsis);
-                marks += x == 0 ? '<' : '>';
-            }
-        }
-        EXPECT_EQ(seen, expected) << caret;
-        marks += ' ';
-    }
-    EXPECT_EQ(marks, "> > > >   < < < < <    > > > ");
 }
 
 } // namespace

@@ -64,7 +64,8 @@ TEST_F(Options, OkStoresSavesAndRefreshesTheWindow) {
     SetNumberLocale({.DecimalMark = ",", .GroupMark = "."});
     Play("@optCalcBasis(4) txtCalcBasis(4)=4,4 txtInputA=500");
     WithOptions([this] {
-        Play(R"(txtDefPath=/no,"folder" @optCalcBasis(2) | basis: 2
+        Play(R"(Tab Right | basis: 1; checked optCalcBasis(1): true
+            txtDefPath=/no,"folder" @optCalcBasis(2) | basis: 2
             txtMaxLPM=1,5 txtMaxVelocity=6 txtAnalysis=1.000 txtRoundOff=24,5 txtFluidTemp=-3
             txtSurfaceRoughness1=0,0003 txtSurfaceRoughness2=4E-03)");
         EXPECT_EQ(Settings.MaxLPM, 0.8) << "only by OK";

