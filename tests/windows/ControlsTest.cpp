@@ -172,6 +172,7 @@ TEST_F(Controls, OtherWindowsOfTheProgramCount) {
     Activate(m_other);
     GiveFocus(m_first);
     ASSERT_TRUE(QTest::qWaitForWindowActive(&m_form));
+    Play("!5 Ctrl+A @first | selected: first ");
     m_events.clear();
     GiveFocus(m_box);
     ASSERT_TRUE(QTest::qWaitForWindowActive(&m_other));
@@ -191,7 +192,7 @@ TEST_F(Controls, OtherWindowsOfTheProgramCount) {
         QInputMethodEvent event("1", {});
         event.setCommitString(typed);
         QApplication::sendEvent(m_first, &event);
-        Play(std::string("| events: ") + (*typed != 0 ? " lost box got first press 49 change to 1" : ""));
+        Play(std::string("| events: ") + (*typed != 0 ? " lost box got first press 49 change to 51" : ""));
     }
     Play("Ctrl+A @first | selected: first ; events:  down 0 down 65 press 1 up 65 up 0");
     GiveFocus(m_box);

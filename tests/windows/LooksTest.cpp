@@ -39,7 +39,7 @@ std::string Described(QWidget& window) {
             << (font.italic() ? "i" : "") << ' ' << control->focusPolicy()
             << (control->isEnabled() ? "" : "-") << (control->isVisibleTo(&window) ? "" : " hidden");
         for (const char* text : {"text", "toolTip", "accessibleName", "alignment", "maxLength", "minimum",
-                                 "maximum", "pageStep"}) {
+                                 "maximum", "pageStep", "tracking"}) {
             write(control->property(text));
         }
         if (!control->property("icon").value<QIcon>().isNull()) {
