@@ -188,12 +188,10 @@ TEST_F(Controls, OtherWindowsOfTheProgramCount) {
         QApplication::sendEvent(m_first, &press);
         Play("| events:  down 0");
     }
-    for (const char* typed : {"", "1"}) { // with an input method
-        QInputMethodEvent event("1", {});
-        event.setCommitString(typed);
-        QApplication::sendEvent(m_first, &event);
-        Play(std::string("| events: ") + (*typed != 0 ? " lost box got first press 49 change to 51" : ""));
-    }
+    QInputMethodEvent event;
+    event.setCommitString("1");
+    QApplication::sendEvent(m_first, &event);
+    Play("| events:  lost box got first press 49 change to 51");
     Play("Ctrl+A @first | selected: first ; events:  down 0 down 65 press 1 up 65 up 0");
     GiveFocus(m_box);
     Activate(m_foreign);
