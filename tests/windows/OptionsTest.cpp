@@ -64,8 +64,7 @@ TEST_F(Options, OkStoresSavesAndRefreshesTheWindow) {
     SetNumberLocale({.DecimalMark = ",", .GroupMark = "."});
     Play("@optCalcBasis(4) txtCalcBasis(4)=4,4 txtInputA=500");
     WithOptions([this] {
-        Play(R"(Tab Right | basis: 1; checked optCalcBasis(1): true
-            txtDefPath=/no,"folder" @optCalcBasis(2) | basis: 2
+        Play(R"(txtDefPath=/no,"folder" @optCalcBasis(2) | basis: 2
             txtMaxLPM=1,5 txtMaxVelocity=6 txtAnalysis=1.000 txtRoundOff=24,5 txtFluidTemp=-3
             txtSurfaceRoughness1=0,0003 txtSurfaceRoughness2=4E-03)");
         EXPECT_EQ(Settings.MaxLPM, 0.8) << "only by OK";
@@ -116,6 +115,9 @@ TEST_F(Options, WhatIsNoNumberOrCannotBeWrittenIsRefused) {
 }
 
 TEST_F(Options, KeysGoThroughTheControls) {
+    SettingsRecord settings;
+    settings.CalcBasis = 4; // no option of its own
+    WriteSettingsFile(settings);
     WithOptions([this] {
         std::string order;
         for (int i = 0; i < 12; ++i) {
@@ -129,7 +131,7 @@ TEST_F(Options, KeysGoThroughTheControls) {
             order,
             "txtDefPath optCalcBasis(0) txtMaxLPM txtMaxVelocity txtAnalysis txtRoundOff! txtFluidTemp! "
             "txtSurfaceRoughness1! cmdOK cmdCancel txtSurfaceRoughness2! txtDefPath ");
-        Play("Right | basis: 1\nLeft Down | basis: 2\n@cmdCancel");
+        Play("Right | basis: 1; checked optCalcBasis(1): true\nLeft Down | basis: 2\n@cmdCancel");
     });
     EXPECT_TRUE(Window().isActiveWindow());
 }
