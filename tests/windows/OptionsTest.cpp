@@ -131,7 +131,7 @@ TEST_F(Options, KeysGoThroughTheControls) {
             order,
             "txtDefPath optCalcBasis(0) txtMaxLPM txtMaxVelocity txtAnalysis txtRoundOff! txtFluidTemp! "
             "txtSurfaceRoughness1! cmdOK cmdCancel txtSurfaceRoughness2! txtDefPath ");
-        Play("Right | basis: 1; checked optCalcBasis(1): true\nLeft Down | basis: 2\n@cmdCancel");
+        Play("| basis: 4\nRight | basis: 1; checked optCalcBasis(1): true\nLeft Down | basis: 2\n@cmdCancel");
     });
     EXPECT_TRUE(Window().isActiveWindow());
 }
