@@ -1,4 +1,5 @@
 #include "platform/desktop/Progress.h"
+#include "platform/qt/WindowPos.h"
 #include "windows/WindowTest.h"
 
 #include <QApplication>
@@ -9,6 +10,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressDialog>
+#include <QScreen>
 #include <QToolTip>
 #include <QWindow>
 
@@ -265,6 +267,14 @@ TEST_F(Controls, TheSmallWindowOfAnother) {
                }});
         EXPECT_EQ(dialog.windowHandle()->transientParent(), m_form.windowHandle());
     }
+}
+
+TEST_F(Controls, AWindowIsPlacedAndShownWithoutTheKeyboard) {
+    SetWindowPos(m_other, HWND_TOPMOST, 0, 50, 0, 0, SWP_NOACTIVATE);
+    EXPECT_FALSE(m_other.isVisible());
+    SetWindowPos(m_other, HWND_TOPMOST, 40, 50, 0, 0, SWP_NOACTIVATE | SWP_SHOWWINDOW);
+    EXPECT_TRUE(m_other.isVisible() && m_other.testAttribute(Qt::WA_ShowWithoutActivating));
+    EXPECT_EQ(m_other.geometry().topLeft() - m_other.screen()->geometry().topLeft(), QPoint(40, 50));
 }
 
 // It appears by itself where the work lasts, and its button ends the work.
