@@ -108,6 +108,10 @@ TEST_F(Lite, FiveDuctsAndTheirLamps) {
         500 Return | table: filled; selected: txtInputA 500
         Down | text txtInputB: 325; selected: txtInputB 325
         Up | text txtInputB: 300; table: filled
+        @txtInputA @txtInputB | selected: txtInputB 300
+        End @txtInputB | selected: txtInputB 
+        Tab Alt+H Alt+E Escape | selected: txtInputB 300; table: filled
+        @cmdMoreInfo @txtCalcBasis(0) | selected: txtCalcBasis(0) 0.8; table: blank
         txtInputB=100 txtInputA=300 Enter | table: 2775 50 3.87 0.59 #ff0000, 1475 75 3.99 0.64 #ff0000, )"
          "950 100 4.10 0.68 #ff0000, 700 125 4.11 0.69 #ffae00, 550 150 4.13 0.69 #00ff00, round 325 3.62 "
          "0.68");
@@ -123,15 +127,6 @@ TEST_F(Lite, CharactersClearTheResults) {
             Play("!fill " + box + key + " | table: filled");
         }
     }
-}
-
-TEST_F(Lite, EnteringABoxSelectsItsText) {
-    Play(R"(!fill @txtInputB | selected: txtInputB 300
-        End @txtInputB | selected: txtInputB 
-        Tab | selected: txtInputA 500
-        Alt+H | selected: txtInputB 300; table: filled
-        Alt+E Escape | selected: txtInputB 300; table: filled
-        @cmdMoreInfo @txtCalcBasis(0) | selected: txtCalcBasis(0) 0.8; table: blank)");
 }
 
 TEST_F(Lite, EnterCalculatesFromEveryBox) {
