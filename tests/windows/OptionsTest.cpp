@@ -1,6 +1,8 @@
 #include "core/windows/frmInputs.h"
 #include "windows/WindowTest.h"
 
+#include <QWindow>
+
 namespace {
 
 constexpr const char* kBoxes[] = {"txtMaxLPM",           "txtMaxVelocity", "txtAnalysis",
@@ -31,6 +33,7 @@ class Options : public WindowTest {
     void WithOptions(const std::function<void()>& steps) {
         const auto work = [&](QWidget& options) {
             m_options = qobject_cast<frmInputs*>(&options);
+            EXPECT_EQ(options.windowHandle()->transientParent(), Window().windowHandle());
             steps();
             EXPECT_FALSE(options.isVisible()) << "the options stay open";
         };
@@ -112,6 +115,9 @@ TEST_F(Options, WhatIsNoNumberOrCannotBeWrittenIsRefused) {
 }
 
 TEST_F(Options, KeysGoThroughTheControls) {
+    SettingsRecord settings;
+    settings.CalcBasis = 4; // no option of its own
+    WriteSettingsFile(settings);
     WithOptions([this] {
         std::string order;
         for (int i = 0; i < 12; ++i) {
@@ -125,7 +131,7 @@ TEST_F(Options, KeysGoThroughTheControls) {
             order,
             "txtDefPath optCalcBasis(0) txtMaxLPM txtMaxVelocity txtAnalysis txtRoundOff! txtFluidTemp! "
             "txtSurfaceRoughness1! cmdOK cmdCancel txtSurfaceRoughness2! txtDefPath ");
-        Play("Right | basis: 1\nLeft Down | basis: 2\n@cmdCancel");
+        Play("| basis: 4\nRight | basis: 1; checked optCalcBasis(1): true\nLeft Down | basis: 2\n@cmdCancel");
     });
     EXPECT_TRUE(Window().isActiveWindow());
 }

@@ -1,5 +1,6 @@
 #include "platform/qt/Panels.h"
 #include "platform/qt/Spot.h"
+#include "platform/qt/WindowPos.h"
 #include "support/Test.h"
 
 namespace {
@@ -28,7 +29,7 @@ TEST(Placing, APanelTakesOfTheScreenOnWhichItEnds) {
     const struct {
         std::vector<std::uint32_t> Panel;
         QMargins Taken[3];
-    } rows[] = {{{40, 0, 0, 0, 0, 599, 0, 0, 0, 0, 0, 0}, {{40, 0, 0, 0}, {}, {}}},
+    } rows[] = {{{1, 0, 0, 0, 599, 599, 0, 0, 0, 0, 0, 0}, {{1, 0, 0, 0}, {}, {}}},
                 {{40, 0, 0, 0, 500, 600, 0, 0, 0, 0, 0, 0}, {{40, 0, 0, 0}, {}, {40, 0, 0, 0}}},
                 {{830, 0, 0, 0, 0, 599, 0, 0, 0, 0, 0, 0}, {{}, {30, 0, 0, 0}, {}}},
                 {{0, 50, 0, 0, 0, 0, 0, 599, 0, 0, 0, 0}, {{}, {0, 0, 50, 0}, {}}},
@@ -37,7 +38,9 @@ TEST(Placing, APanelTakesOfTheScreenOnWhichItEnds) {
                 {{0, 0, 610, 0, 0, 0, 0, 0, 799, 900, 0, 0}, {{}, {}, {0, 10, 0, 0}}},
                 {{0, 0, 0, 25, 0, 0, 0, 0, 0, 0, 800, 1279}, {{}, {}, {}}},
                 {{0, 0, 0, 25, 0, 0, 0, 0, 0, 0, 0, 799}, {{}, {}, {0, 0, 0, 25}}},
-                {{0, 0, 0, 450, 0, 0, 0, 0, 0, 0, 790, 1279}, {{0, 0, 0, 26}, {0, 0, 0, 26}, {}}}};
+                {{0, 0, 0, 450, 0, 0, 0, 0, 0, 0, 790, 1279}, {{0, 0, 0, 26}, {0, 0, 0, 26}, {}}},
+                {{799, 0, 0, 0, 0, 599, 0, 0, 0, 0, 0, 0}, {{799, 0, 0, 0}, {}, {}}},
+                {{800, 0, 0, 0, 0, 599, 0, 0, 0, 0, 0, 0}, {{}, {}, {}}}};
     for (const auto& [panel, taken] : rows) {
         for (int screen = 0; screen < 3; ++screen) {
             const QMargins got = TakenBy(panel, screens[screen], {1280, 1024});
@@ -45,6 +48,13 @@ TEST(Placing, APanelTakesOfTheScreenOnWhichItEnds) {
                 << testing::PrintToString(panel) << " of " << screen << ": " << got.left() << ' ' << got.top()
                 << ' ' << got.right() << ' ' << got.bottom();
         }
+    }
+}
+
+TEST(Placing, PixelsAreWholeAndOf16Bits) {
+    for (const auto& [twips, pixels] :
+         std::map<double, int>{{22.4, 1}, {22.5, 2}, {37.5, 2}, {1e9, 32767}, {-1e9, -32768}}) {
+        EXPECT_EQ(WholePixels(twips, 15), pixels) << twips;
     }
 }
 

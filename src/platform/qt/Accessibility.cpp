@@ -127,8 +127,7 @@ class AccessibleTable : public WithItems<AccessibleCell>, public QAccessibleTabl
     }
 
     QAccessibleInterface* cellAt(int row, int column) const override {
-        const bool exists = row >= 0 && row < rowCount() && column >= 0 && column < columnCount();
-        return exists ? child(row * columnCount() + column) : nullptr;
+        return column >= 0 && column < columnCount() ? child(row * columnCount() + column) : nullptr;
     }
     int rowCount() const override { return Grid().RowsSeen(); }
     int columnCount() const override { return Grid().Columns(); }

@@ -79,7 +79,7 @@ void Option::keyPressEvent(QKeyEvent* event) {
     QRadioButton::keyPressEvent(event);
     // The toolkit moves the focus by the arrows, but chooses only where an option was on before.
     auto* focused = qobject_cast<Option*>(QApplication::focusWidget());
-    if (focused != nullptr && focused != this && focused->parent() == parent() && !focused->isChecked()) {
+    if (focused != nullptr && focused != this && !focused->isChecked()) {
         focused->click();
     }
 }
@@ -108,7 +108,6 @@ bool Option::event(QEvent* event) {
 Button::Button(const QString& name, const QString& caption, QWidget* parent) : QPushButton(caption, parent) {
     setObjectName(name);
     setFocusPolicy(Qt::NoFocus);
-    setAutoDefault(false);
     connect(this, &QPushButton::clicked, this, [this] {
         if (Click && !isCheckable()) {
             Click();
@@ -128,8 +127,7 @@ void Button::SetIcon(const QString& icon, const QString& toolTip) {
     SetFocusable();
 }
 
-void Button::resizeEvent(QResizeEvent* event) {
-    QPushButton::resizeEvent(event);
+void Button::resizeEvent(QResizeEvent*) {
     constexpr int kMargin = 4; // room for the frame of the focus
     setIconSize(size() - QSize(2 * kMargin, 2 * kMargin));
 }
@@ -216,7 +214,6 @@ ScrollBar::ScrollBar(const QString& name, QWidget* parent) : QScrollBar(Qt::Hori
     setObjectName(name);
     setFocusPolicy(Qt::WheelFocus);
     setTracking(false);
-    setSingleStep(1);
     setPageStep(1);
     connect(this, &QScrollBar::valueChanged, this, [this] {
         if (Change) {

@@ -83,7 +83,6 @@ Form::Form(const QString& name, const QString& caption, Qt::WindowFlags flags)
     setWindowTitle(caption);
     setFont(FormFont());
     setAttribute(Qt::WA_AlwaysShowToolTips); // also while another window of the program has the keyboard
-    m_client->setObjectName("client");
 }
 
 QShortcut* Form::AddKeys(const QList<QKeySequence>& keys, const std::function<void()>& action) {
@@ -243,13 +242,6 @@ bool Form::WaitUntilOnScreen() {
     return self != nullptr && isVisible();
 }
 
-bool Form::event(QEvent* event) {
-    if (event->type() == QEvent::WinIdChange && windowHandle() != nullptr) {
-        windowHandle()->installEventFilter(this);
-    }
-    return QWidget::event(event);
-}
-
 // The native window's events.
 bool Form::eventFilter(QObject* watched, QEvent* event) {
     if (watched != windowHandle()) {
@@ -278,13 +270,11 @@ void Form::closeEvent(QCloseEvent* event) {
     }
 }
 
-void Form::moveEvent(QMoveEvent* event) {
-    QWidget::moveEvent(event);
+void Form::moveEvent(QMoveEvent*) {
     SeePlace();
 }
 
-void Form::resizeEvent(QResizeEvent* event) {
-    QWidget::resizeEvent(event);
+void Form::resizeEvent(QResizeEvent*) {
     SeePlace();
 }
 
@@ -301,10 +291,10 @@ void Form::SeePlace() {
 }
 
 void Form::showEvent(QShowEvent* event) {
-    QWidget::showEvent(event);
     if (event->spontaneous()) {
         return;
     }
+    windowHandle()->installEventFilter(this);
     m_frame.reset();
     if (m_spot || m_left) {
         PutInPlace();
@@ -320,7 +310,6 @@ void Form::showEvent(QShowEvent* event) {
 }
 
 void Form::hideEvent(QHideEvent* event) {
-    QWidget::hideEvent(event);
     if (!event->spontaneous()) {
         m_focusWhenHidden = focusWidget();
         m_left = Corner();

@@ -65,7 +65,7 @@ class DialogWatcher : public QObject {
 
     bool eventFilter(QObject* watched, QEvent* event) override {
         auto* dialog = qobject_cast<QWidget*>(watched);
-        if (dialog != nullptr && dialog->isModal() && dialog->isWindow() && event->type() == QEvent::Show) {
+        if (dialog != nullptr && dialog->isModal() && event->type() == QEvent::Show) {
             StandAbove(*dialog->windowHandle());
         }
         return false;

@@ -28,7 +28,6 @@ class HeldInput : public QObject {
   public:
     HeldInput() { qApp->installEventFilter(this); }
     ~HeldInput() override {
-        qApp->removeEventFilter(this);
         for (auto& [window, event] : m_held) {
             if (window != nullptr) {
                 QCoreApplication::postEvent(window, event.release());
