@@ -85,6 +85,7 @@ void DrawHighlight(DrawingSurface& surface, std::int16_t duct) {
     const DuctRecord& record = Duct(duct);
     surface.SetLineWidth(kHighlightLineWidth);
     surface.Line(StartOf(record, surface.Size()), EndOf(record, surface.Size()), kGreenColour);
+    surface.SetLineWidth(kNetworkLineWidth);
 }
 
 void ShowNetwork(GridPicture& picture, ColourNumber gridColour, bool labels) {
@@ -95,6 +96,7 @@ void ShowNetwork(GridPicture& picture, ColourNumber gridColour, bool labels) {
         wanted.Clearings = picture.NetworkLines.Clearings();
         picture.Shown = wanted;
         picture.ShownDucts = 0;
+        picture.NetworkLines.SetLineStyle(LineStyle::Solid);
         DrawGridLines(picture.NetworkLines, gridColour);
         picture.NetworkLines.SetLineWidth(kNetworkLineWidth);
     }
@@ -106,6 +108,8 @@ void ShowNetwork(GridPicture& picture, ColourNumber gridColour, bool labels) {
     }
     picture.ShownDucts = DuctCount;
     picture.Overlay.Clear();
+    picture.Overlay.SetLineStyle(LineStyle::Solid);
+    picture.Overlay.SetLineWidth(kNetworkLineWidth);
 }
 
 } // namespace plenair

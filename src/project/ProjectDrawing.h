@@ -30,7 +30,7 @@ void PrintLabels(DrawingSurface& surface, int first = 1);
 // which it goes, counted from 0 at the top left, and the values of the sheet that are not 0.
 std::string DuctInWords(std::int16_t duct);
 
-// A green line over the duct.
+// A green line over the duct. Leaves the line width of the network.
 void DrawHighlight(DrawingSurface& surface, std::int16_t duct);
 
 // What of a network stands in a picture.

@@ -84,8 +84,9 @@ bool ReadChosenFile(const ProjectWindows& windows) {
     }
 }
 
-// False where the file that the user chose can't be written.
-bool SaveAsChosen(const ProjectWindows& windows) {
+enum class SaveEnd { Saved, Cancelled, Failed };
+
+SaveEnd SaveAsChosen(const ProjectWindows& windows) {
     try {
         CommonDialog& dialog = SetUpDialog(windows, kOverwritePrompt, ProjectName);
         ChooseFileToSave(dialog);
@@ -94,28 +95,28 @@ bool SaveAsChosen(const ProjectWindows& windows) {
         WriteWholeFile(dialog.FileName, ProjectText(),
                        ShowFileProgress("Saving " + Shortened(ProjectName), "Save"));
     } catch (const DialogCancelled&) {
-        return true;
+        return SaveEnd::Cancelled;
     } catch (const FileFailure&) {
-        return false;
+        return SaveEnd::Failed;
     }
     Settings.DefPath = CurrentFolder();
     ShowMessage({"Plenair Project Saved", "Save", MessageButtons::Ok, MessageIcon::Exclamation});
     RunFailed = kFlagClear;
-    return true;
+    return SaveEnd::Saved;
 }
 
 } // namespace
 
-void SaveProject(const ProjectWindows& windows) {
-    SaveAsChosen(windows);
+bool SaveProject(const ProjectWindows& windows) {
+    return SaveAsChosen(windows) == SaveEnd::Saved;
 }
 
-void LoadProject(const ProjectWindows& windows) {
+bool LoadProject(const ProjectWindows& windows) {
     if (DuctCount > 0) {
         const MessageAnswer answer = ShowMessage(
             {"Clear Existing Project?", "Load Project", MessageButtons::YesNo, MessageIcon::Question});
         if (answer != MessageAnswer::Yes) {
-            return;
+            return false;
         }
     }
     windows.Sheet.Hide();
@@ -124,12 +125,12 @@ void LoadProject(const ProjectWindows& windows) {
     const bool readToTheEnd = ReadChosenFile(windows);
     if (DuctCount < 0) {
         EmptyGrid(windows);
-        return;
+        return false;
     }
     windows.Sheet.SetScrollMaximum(std::max<int>(DuctCount, 1));
     if (!readToTheEnd) {
         NoteStep(windows);
-        return;
+        return false;
     }
     Solved = kFlagClear;
     Settings.DefPath = CurrentFolder();
@@ -139,6 +140,7 @@ void LoadProject(const ProjectWindows& windows) {
     if (windows.Solver.SheetTicked()) {
         windows.Sheet.Show();
     }
+    return true;
 }
 
 void WriteSolutionReport() {
@@ -178,7 +180,7 @@ bool AskBeforeClosing(const ProjectWindows& windows) {
     const MessageAnswer answer = ShowMessage(
         {"Do you wish to save the current project?", "Close Project Solver", MessageButtons::YesNoCancel});
     // The solver closes whatever comes of it.
-    if (answer == MessageAnswer::Yes && !SaveAsChosen(windows)) {
+    if (answer == MessageAnswer::Yes && SaveAsChosen(windows) == SaveEnd::Failed) {
         KeepAtOnce(); // where the disk is full, what was kept before has to do
         LeaveKept();  // the user believes it saved
     }

@@ -124,6 +124,7 @@ void TextBox::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     const auto write = [&](const QRect& place, const QString& text) {
         painter.fillRect(place, palette().color(QPalette::Base));
+        painter.setPen(palette().color(QPalette::Text));
         painter.drawText(place.adjusted(kTextMargin, 0, -kTextMargin, 0), Qt::AlignLeft | Qt::AlignVCenter,
                          text);
     };
@@ -154,7 +155,9 @@ void TextBox::keyPressEvent(QKeyEvent* event) {
     }
     const bool isPrintable = !event->text().isEmpty() && event->text().front().isPrint();
     if (isPrintable && (event->modifiers() & (Qt::AltModifier | Qt::ControlModifier)) == Qt::AltModifier) {
-        return; // an access key that nothing here has; the line edit would type it
+        // An access key that nothing here has. The line edit would type it.
+        event->ignore();
+        return;
     }
     for (const QChar character : CharactersOf(event)) {
         m_wasWoken = false;
@@ -188,7 +191,8 @@ void TextBox::KeepingSelection(const std::function<void()>& focusEvent) {
     const int start = selectionStart();
     focusEvent();
     if (length == 0) {
-        setCursorPosition(cursor); // deselects, too
+        deselect();
+        setCursorPosition(cursor);
     } else if (cursor == start) {
         setSelection(start + length, -length);
     } else {
