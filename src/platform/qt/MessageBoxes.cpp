@@ -10,6 +10,7 @@
 #include <QFontMetrics>
 #include <QGridLayout>
 #include <QInputDialog>
+#include <QLabel>
 #include <QLayout>
 #include <QMessageBox>
 #include <QSizePolicy>
@@ -107,7 +108,8 @@ std::string AskByInputBox(const InputRequest& request) {
     box.setFont(FormFont());
     box.setWindowTitle(ToQt(request.Title));
     box.setLabelText(ToQt(request.Prompt));
-    box.setMinimumWidth(WidthForTitle(box.windowTitle()));
+    // The box takes its size from what it holds, whatever width it is told.
+    box.findChild<QLabel*>()->setMinimumWidth(WidthForTitle(box.windowTitle()));
     return box.exec() == QDialog::Accepted ? FromQt(box.textValue()) : std::string();
 }
 
