@@ -12,35 +12,58 @@
 
 #include <QAccessible>
 #include <QAction>
+#include <QDirIterator>
 #include <QMenu>
 #include <QRadioButton>
 #include <QRegularExpression>
+#include <QShortcut>
 #include <QStyle>
 #include <QToolTip>
 
 namespace {
 
-// A window, its controls in the order of their making and its menus: name, place and size in pixels, font,
-// how it takes the focus, its texts, and whether it can be seen. One to a line. Each text must fit its
-// control.
+// The icon that a control shows: the one that gives its picture.
+QString IconOf(QWidget& control) {
+    const QIcon own = control.property("icon").value<QIcon>();
+    const auto picture = [](const QIcon& icon) { return icon.pixmap(32, 32).toImage(); };
+    for (QDirIterator files(":/icons", {"*.svg"}, QDir::Files, QDirIterator::Subdirectories);
+         files.hasNext();) {
+        const QString name = files.next().chopped(4).mid(8);
+        Picture other("other", name, control.parentWidget());
+        other.resize(control.size());
+        if (own.isNull() ? other.grab().toImage() == control.grab().toImage()
+                         : picture(ButtonIcon(name, control.palette())) == picture(own)) {
+            return name;
+        }
+    }
+    return "no icon";
+}
+
+// A window, its controls in the order of their making, its menus and its keys: name, place and size in
+// pixels, font, X
 std::string Described(QWidget& window) {
     std::ostringstream all;
     const auto write = [&](const QVariant& text) {
         const std::string words = text.toString().replace('\n', '/').toStdString();
         all << (words.empty() ? "" : " ") << words;
     };
+    const auto writePlace = [&](const QRect& place) {
+        all << ' ' << place.x() << ',' << place.y() << ' ' << place.width() << 'x' << place.height();
+    };
+    window.winId(); // makes the native window, which has its own title
     all << window.objectName().toStdString() << ' ' << window.width() << 'x' << window.height() << std::hex
         << ' ' << int(window.windowFlags()) << std::dec;
-    write(window.windowTitle());
+    write(window.windowHandle()->title());
+    write(window.accessibleName());
     all << '\n';
-    for (const QWidget* control :
-         window.findChildren<QWidget*>(QRegularExpression("^(?!qt_|mnu)[a-z]+[A-Z]"))) {
-        const QRect place = control->geometry();
+    for (QWidget* control : window.findChildren<QWidget*>(QRegularExpression("^(?!qt_|mnu)[a-z]+[A-Z]"))) {
         const QFont font = control->font();
-        all << control->objectName().toStdString() << ' ' << place.x() << ',' << place.y() << ' '
-            << place.width() << 'x' << place.height() << ' ' << font.pointSizeF() << (font.bold() ? "b" : "")
-            << (font.italic() ? "i" : "") << ' ' << control->focusPolicy()
-            << (control->isEnabled() ? "" : "-") << (control->isVisibleTo(&window) ? "" : " hidden");
+        all << control->objectName().toStdString();
+        writePlace(control->geometry());
+        all << ' ' << font.pointSizeF() << (font.bold() ? "b" : "") << (font.italic() ? "i" : "") << ' '
+            << control->focusPolicy() << (control->isEnabled() ? "" : "-")
+            << (control->isVisibleTo(&window) ? "" : " hidden")
+            << (control->property("checked").toBool() ? " on" : "");
         for (const char* text : {"text", "toolTip", "accessibleName", "alignment", "maxLength", "minimum",
                                  "maximum", "pageStep", "tracking"}) {
             write(control->property(text));
@@ -56,10 +79,18 @@ std::string Described(QWidget& window) {
                                : 0;
         const QSize needed(letters.horizontalAdvance(shown) + beside,
                            isButton ? letters.ascent() + 2 : letters.height());
-        EXPECT_TRUE(shown.isEmpty() || shown.contains('\n') || needed.boundedTo(place.size()) == needed)
+        EXPECT_TRUE(shown.isEmpty() || shown.contains('\n') || needed.boundedTo(control->size()) == needed)
             << control->objectName().toStdString();
-        if (!control->property("icon").value<QIcon>().isNull()) {
-            write(control->property("iconSize").toSize().width());
+        const bool hasIcon = !control->property("icon").value<QIcon>().isNull();
+        if (hasIcon || qobject_cast<Picture*>(control) != nullptr) {
+            write(IconOf(*control));
+            write(hasIcon ? control->property("iconSize").toSize().width() : QVariant());
+        }
+        const auto* grid = qobject_cast<MSFlexGrid*>(control);
+        for (int column = 0; grid != nullptr && column < grid->Columns(); ++column) {
+            writePlace(grid->CellPlace(grid->Rows() - 1, column));
+            all << ' ' << grid->ColAlignment(column);
+            write(grid->ColHeading(column));
         }
         for (const auto role : {QPalette::Window, QPalette::WindowText, QPalette::Base, QPalette::Text}) {
             const QColor colour = control->palette().color(role);
@@ -74,6 +105,14 @@ std::string Described(QWidget& window) {
         write(action->shortcut().toString());
         all << '\n';
     }
+    all << "menus, keys";
+    for (const QMenu* menu : window.findChildren<QMenu*>(QRegularExpression("^mnu"))) {
+        write(menu->title());
+    }
+    for (const QShortcut* shortcut : window.findChildren<QShortcut*>()) {
+        write(QKeySequence::listToString(shortcut->keys()) + (shortcut->autoRepeat() ? "" : " once"));
+    }
+    all << '\n';
     return all.str();
 }
 
@@ -86,6 +125,8 @@ TEST_F(Looks, WindowsStandAsInTheTable) {
     SetFormScale(15); // a pixel is a twip then
     OpenSolver();
     std::string all = Described(Window()) + Described(Solver()) + Described(Sheet());
+    Find<Button>("cmdMoreInfo").click();
+    all += "unfolded " + std::to_string(Window().height()) + "\n";
     {
         frmInputs options;
         frmAbout about;
@@ -121,13 +162,15 @@ TEST_F(Looks, LargeLettersEnlargeTheFormsAsFarAsTheScreenGoes) {
     }
 }
 
-// Palettes as themes give them: background of windows, of boxes, ink, and disabled ink.
+// Palettes as themes give them: background of windows, of boxes, ink, and disabled ink; and what is made of
+// them.
 struct Theme {
     const char* Window;
     const char* Base;
     const char* Ink;
     const char* Disabled;
     bool IsStrong;
+    const char* Solver; // the lines of its grid, headings, and letters and ground of boxes that are locked
 
     QPalette Palette() const {
         const QColor ink(Ink);
@@ -140,10 +183,11 @@ struct Theme {
     }
 };
 
-const Theme kThemes[] = {{"#efefef", "#ffffff", "#000000", "#bebebe", false},
-                         {"#31363b", "#1b1e20", "#fcfcfc", "#4d5052", true},
-                         {"#000000", "#000000", "#ffffff", "#202020", true},
-                         {"#ffffff", "#ffffff", "#000000", "#e0e0e0", true}};
+const Theme kThemes[] = {
+    {"#efefef", "#ffffff", "#000000", "#bebebe", false, "#efefef #0000ff #0000ff #efefef"},
+    {"#31363b", "#1b1e20", "#fcfcfc", "#4d5052", true, "#f0f0f0 #8caaff #8caaff #31363b"},
+    {"#000000", "#000000", "#ffffff", "#202020", true, "#c0c0c0 #8caaff #8caaff #000000"},
+    {"#ffffff", "#ffffff", "#000000", "#e0e0e0", true, "#c0c0c0 #0000ff #0000ff #ffffff"}};
 
 // The pixels of two pictures of one size, or of a picture and a background, that are told apart by that
 // contrast.
@@ -192,6 +236,23 @@ TEST_F(Looks, ButtonsOnAndOffAndTheFocusOnEachAreToldApart) {
                       hasFocus);
         }
     }
+}
+
+TEST_F(Looks, ColoursOfTheSolverInEveryTheme) {
+    for (const Theme& theme : kThemes) {
+        QApplication::setPalette(theme.Palette());
+        OpenSheet("R");
+        const QPalette locked = Find("txtParam(2)").palette();
+        const QColor colours[] = {ToColour(Solver().BackColour()),
+                                  Find("lblDuct").palette().windowText().color(), locked.text().color(),
+                                  locked.base().color()};
+        EXPECT_EQ(Joined(colours, [](const QColor& colour) { return colour.name().toStdString(); }),
+                  theme.Solver);
+        EXPECT_EQ(ColourAt(OnScreen("lblParam(1)"), 125, 9), theme.Base);
+        EXPECT_EQ(Find("lblParam(1)").foregroundRole(), QPalette::Text);
+        EndProgram();
+    }
+    QApplication::setPalette(QPalette());
 }
 
 TEST_F(Looks, SizesOfIconsAndFonts) {
