@@ -1,4 +1,5 @@
 #include "platform/desktop/Progress.h"
+#include "platform/qt/FormFont.h"
 #include "platform/qt/WindowPos.h"
 #include "windows/WindowTest.h"
 
@@ -265,12 +266,17 @@ TEST_F(Controls, LongWorkShowsItselfAndCanBeCancelled) {
     dialogsExpected = true;
     Progress progress({"Working...", "Test", 1'000'000'000});
     const auto dialog = [&] { return m_form.findChild<QProgressDialog*>(); };
-    ASSERT_NE(dialog(), nullptr);
+    ASSERT_TRUE(dialog() != nullptr && dialog()->minimum() == 0 && dialog()->value() == 0);
     int done = 0;
     EXPECT_TRUE(QTest::qWaitFor([&] { return progress.GoOn(++done) && dialog()->isVisible(); }));
-    EXPECT_EQ(dialog()->labelText(), "Working...");
-    EXPECT_EQ(dialog()->findChild<QLabel*>()->textFormat(), Qt::PlainText);
-    QTest::mouseClick(dialog()->findChild<QPushButton*>(), Qt::LeftButton);
+    auto* const button = dialog()->findChild<QPushButton*>();
+    EXPECT_EQ(dialog()->windowTitle() + "|" + dialog()->labelText() + "|" + button->text(),
+              "Test|Working...|Cancel");
+    EXPECT_TRUE(dialog()->font() == FormFont() && dialog()->minimumDuration() == 500 && dialog()->isModal() &&
+                !dialog()->autoReset());
+    const QLabel& text = *dialog()->findChild<QLabel*>();
+    EXPECT_TRUE(text.alignment() == Qt::AlignCenter && text.textFormat() == Qt::PlainText);
+    QTest::mouseClick(button, Qt::LeftButton);
     EXPECT_FALSE(progress.GoOn(done));
 }
 

@@ -40,7 +40,8 @@ QString IconOf(QWidget& control) {
 }
 
 // A window, its controls in the order of their making, its menus and its keys: name, place and size in
-// pixels, font, X
+// pixels, font, how it takes the focus, its texts, and whether it can be seen and is on. One to a line. Each
+// text must fit its control.
 std::string Described(QWidget& window) {
     std::ostringstream all;
     const auto write = [&](const QVariant& text) {

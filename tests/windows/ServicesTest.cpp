@@ -12,8 +12,12 @@
 #include "windows/WindowTest.h"
 
 #include <QClipboard>
+#include <QComboBox>
 #include <QDir>
+#include <QFileDialog>
 #include <QInputDialog>
+#include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QLocale>
 #include <QMessageBox>
@@ -27,43 +31,59 @@ class Services : public WindowTest {
   protected:
     Services() { dialogsExpected = true; }
 
-    // Chooses a menu entry and does the steps in the dialogs that follow: the name of a file, or what a
-    // message tells and the answer to it.
-    void Choose(const std::string& entry,
-                const std::vector<std::pair<std::string, QMessageBox::StandardButton>>& steps) {
+    // Opens file dialogs by a script and does the steps in them: the name of a file, or what a message tells
+    // and the answer to it. Gives what was offered at first: title, folder, name and filter.
+    std::string Choose(const std::string& script,
+                       const std::vector<std::pair<std::string, QMessageBox::StandardButton>>& steps) {
         std::vector<DialogStep> all;
+        QString offered;
         for (const auto& step : steps) {
             all.emplace_back([&](QWidget& dialog) {
                 if (auto* const box = qobject_cast<QMessageBox*>(&dialog)) {
                     EXPECT_EQ(box->text().toStdString(), environment.Folder().Path() + step.first);
-                    EXPECT_EQ(box->textFormat(), Qt::PlainText);
+                    EXPECT_EQ(box->windowTitle(), offered.section('|', 0, 0));
+                    EXPECT_TRUE(box->textFormat() == Qt::PlainText &&
+                                box->defaultButton() == box->button(QMessageBox::No));
                     QTest::mouseClick(box->button(step.second), Qt::LeftButton);
                 } else {
                     auto* const name = dialog.findChild<QLineEdit*>();
+                    if (offered.isEmpty()) {
+                        offered = dialog.windowTitle() + "|" +
+                                  dynamic_cast<QFileDialog&>(dialog).directory().path() + "|" + name->text() +
+                                  "|" + dialog.findChild<QComboBox*>("fileTypeCombo")->currentText();
+                    }
                     name->setText(QString::fromStdString(step.first));
                     QTest::keyClick(name, Qt::Key_Return);
                 }
             });
         }
-        WorkOn([&] { Play("mnuFile>" + entry); }, all);
+        WorkOn([&] { Play(script); }, all);
+        return offered.toStdString();
     }
+
+    // The box holds its title in large bold letters, with buttons at both ends.
+    static void ExpectRoomForTitle(const QWidget& box, int room) {
+        const QFontMetrics bold(QFont(QApplication::font().family(), 11, QFont::Bold));
+        EXPECT_EQ(room, bold.horizontalAdvance(box.windowTitle()) + 8 * bold.height());
+        EXPECT_GE(box.width(), room);
+    }
+
+    const QString m_title = "What a window asks, at some length, in its title";
 };
 
 TEST_F(Services, FileDialogs) {
     Start();
-    Desktop().ShowDialog = ShowFileDialog;
+    Desktop().ShowDialog = connected.ShowDialog;
     const char* const question = "/old.pnl already exists.\nDo you want to replace it?";
     Play("!fill @cmdLog(2)");
-    Choose("mnuFileLog", {});
-    Play("| enabled mnuFileLog: true"); // cancelled
+    Choose("mnuFile>mnuFileLog | enabled mnuFileLog: true", {}); // cancelled
     WriteFile(File("old.pnl"), "old");
-    Play("?Ok");
-    Choose("mnuFileLog", {{"old", {}}, {question, QMessageBox::No}, {"my \"new\"", {}}});
+    WriteFile(File("old"), ""); // isn't what is meant
+    Choose("?Ok mnuFile>mnuFileLog", {{"old", {}}, {question, QMessageBox::No}, {"my \"new\"", {}}});
     EXPECT_EQ(ReadFile(File("old.pnl")), "old");
     EXPECT_TRUE(ReadFile(File("my \"new\".pnl")).ends_with("500\t375\t300\t1.3\t4.68\t0.69\t0\r\n"));
     EXPECT_EQ(CurrentFolder(), environment.Folder().Path());
-    Play("@cmdLog(2) ?Ok");
-    Choose("mnuFileLog", {{"old.pnl", {}}, {question, QMessageBox::Yes}});
+    Choose("@cmdLog(2) ?Ok mnuFile>mnuFileLog", {{"old.pnl", {}}, {question, QMessageBox::Yes}});
     EXPECT_EQ(ReadFile(File("old.pnl")), ReadFile(File("my \"new\".pnl"))) << "replaced, nothing is appended";
 
     const std::string other = File("other");
@@ -71,11 +91,17 @@ TEST_F(Services, FileDialogs) {
     WriteFile(other + "/my log.pnl", "");
     WriteFile(other + "/plain", "");
     desktop.Log.clear();
-    Choose("mnuFileLogOpen", {{other + "/my log", {}}});
-    Choose("mnuFileLogOpen", {{"\"plain\"", {}}}); // the dialog opens in the last folder
+    Choose("mnuFile>mnuFileLogOpen", {{other + "/my log", {}}});
+    EXPECT_EQ(Choose("mnuFile>mnuFileLogOpen", {{"\"plain\"", {}}}),
+              "Open|" + other + "||Plenair Logs (*.pnl)");
     Play("| log: editor " + other + "/my log.pnl, editor " + other + "/plain");
     EXPECT_EQ(Settings.DefPath, other);
-    EXPECT_EQ(NameFilters("Plenair Logs (*.pnl)|*.pnl|Both|*.gsp;*.*|rest").join('|'),
+    Choose("mnuFile>mnuFileMajor ?Ok @cmdSaveGsp", {{"p", {}}});
+    EXPECT_EQ(Choose("?Ok @cmdSaveGsp", {{"../p", {}}}),
+              "Save As|" + other + "|p.gsp|Plenair Projects (*.gsp)");
+    Choose("@cmdLoadGsp", {{"no/p", {}}, {"/no\nThere is no such folder.", QMessageBox::Ok}, {"p", {}}});
+    EXPECT_EQ(ProjectName, "p.gsp");
+    EXPECT_EQ((NameFilters("Plenair Logs (*.pnl)|*.pnl|Both|*.gsp;*.*") + NameFilters("rest")).join('|'),
               "Plenair Logs (*.pnl) (*.pnl)|Both (*.gsp *)");
 }
 
@@ -90,7 +116,8 @@ TEST(FolderOfUser, IsTheSameWhateverTheCurrentFolder) {
 }
 
 TEST_F(Services, MessageBoxes) {
-    Desktop().AskByMessageBox = AskByMessageBox;
+    Desktop().AskByMessageBox = connected.AskByMessageBox;
+    ShowMousePointer(MousePointer::Hourglass);
     constexpr auto kEscape = QMessageBox::NoButton;
     const std::tuple<MessageButtons, QMessageBox::StandardButton, MessageAnswer> presses[] = {
         {MessageButtons::Ok, QMessageBox::Ok, MessageAnswer::Ok},
@@ -102,8 +129,6 @@ TEST_F(Services, MessageBoxes) {
         {MessageButtons::YesNoCancel, QMessageBox::No, MessageAnswer::No},
         {MessageButtons::YesNoCancel, kEscape, MessageAnswer::Cancel},
         {MessageButtons::RetryCancel, QMessageBox::Retry, MessageAnswer::Retry}};
-    const QString title = "What a window asks, at some length, in its title";
-    const QFont bold("Liberation Sans", 11, QFont::Bold);
     int row = 0;
     for (const auto& press : presses) {
         const int icon = row++ % 5; // none, critical, question, exclamation, information
@@ -111,32 +136,35 @@ TEST_F(Services, MessageBoxes) {
                                            QMessageBox::Warning, QMessageBox::Information};
         const auto answer = [&](QWidget& dialog) {
             auto& box = dynamic_cast<QMessageBox&>(dialog);
-            EXPECT_EQ(box.windowTitle() + "|" + box.text(), title + "|a <b>\nc");
-            EXPECT_GT(box.width(), QFontMetrics(bold).horizontalAdvance(title) + 100)
-                << "with buttons beside";
+            EXPECT_EQ(box.windowTitle() + "|" + box.text(), m_title + "|a <b>\nc");
+            ExpectRoomForTitle(box, box.layout()->itemAt(box.layout()->count() - 1)->sizeHint().width());
+            EXPECT_EQ(QApplication::overrideCursor(), nullptr) << "no hourglass meanwhile";
             EXPECT_EQ(box.textFormat(), Qt::PlainText);
             EXPECT_EQ(box.icon(), shown[icon]);
             std::get<1>(press) == kEscape ? QTest::keyClick(&box, Qt::Key_Escape)
                                           : QTest::mouseClick(box.button(std::get<1>(press)), Qt::LeftButton);
         };
-        const MessageRequest request{"a <b>\nc", title.toStdString(), std::get<0>(press),
+        const MessageRequest request{"a <b>\nc", m_title.toStdString(), std::get<0>(press),
                                      static_cast<MessageIcon>(16 * icon)};
         MessageAnswer given = {};
         WorkOn([&] { given = ShowMessage(request); }, {answer});
-        EXPECT_EQ(given, std::get<2>(press)) << row;
+        EXPECT_TRUE(given == std::get<2>(press) && QApplication::overrideCursor() != nullptr) << row;
     }
+    ShowMousePointer(MousePointer::Default);
 }
 
 TEST_F(Services, InputBoxes) {
     for (const auto key : {Qt::Key_Return, Qt::Key_Escape}) {
-        const auto type = [key](QWidget& dialog) {
+        const auto type = [=, this](QWidget& dialog) {
             EXPECT_EQ(dialog.windowTitle() + "|" + dynamic_cast<QInputDialog&>(dialog).labelText(),
-                      "T|Path?");
+                      m_title + "|Path?");
+            ExpectRoomForTitle(dialog, dialog.findChild<QLabel*>()->minimumWidth());
+            EXPECT_EQ(dialog.font(), FormFont());
             QTest::keyClicks(dialog.focusWidget(), "1,2");
             QTest::keyClick(dialog.focusWidget(), key);
         };
         std::string given;
-        WorkOn([&] { given = AskByInputBox({"Path?", "T"}); }, {type});
+        WorkOn([&] { given = connected.AskByInputBox({"Path?", m_title.toStdString()}); }, {type});
         EXPECT_EQ(given, key == Qt::Key_Return ? "1,2" : "");
     }
 }
@@ -183,12 +211,16 @@ TEST_F(Services, CopiesInAllTheirForms) {
     }
 }
 
-TEST_F(Services, DatesOfLocales) {
-    const std::pair<const char*, const char*> rows[] = {
-        {"en_GB", "08-Nov-26"}, {"en_US", "Nov-08-26"}, {"ja_JP", "26-11月-08"}};
-    for (const auto& [name, text] : rows) {
+TEST_F(Services, NumbersAndDatesOfLocales) {
+    SetNumberLocale(connectedNumbers);
+    EXPECT_EQ(NumberFromText("12,34,567.5"), 1234567.5);
+    EXPECT_EQ(NumberFromText("1,234,567.5"), std::nullopt);
+
+    const std::tuple<const char*, int, const char*> rows[] = {
+        {"en_GB", 1, "08-Jan-26"}, {"en_US", 12, "Dec-08-26"}, {"ja_JP", 11, "26-11月-08"}};
+    for (const auto& [name, month, text] : rows) {
         SetDateLocale(DatesOf(QLocale(name)));
-        EXPECT_EQ(MediumDate({2026, 11, 8, 0, 0, 0, 0}), text) << name;
+        EXPECT_EQ(MediumDate({2026, month, 8, 0, 0, 0, 0}), text) << name;
     }
     SetDateLocale({});
 }
@@ -240,12 +272,20 @@ TEST_F(Services, EditorBrowserAndPlayerAreThoseOfTheDesktop) {
     }
     add("xdg-mime", "exec /bin/sleep 60"); // nothing of the desktop's that may hang is asked
     fs::create_directory(File("applications"));
-    WriteFile(File("applications/notes.desktop"), "[Desktop Entry]\nExec=notes --new %f\nTerminal=true\n");
-    WriteFile(File("desk-mimeapps.list"), "[Default Applications]\ntext/plain=gone.desktop;notes.desktop\n");
-    EXPECT_TRUE(edit());
-    EXPECT_EQ(Ask("noted"), "x-terminal-emulator[-e][notes][--new][" + log + "]");
+    WriteFile(File("applications/notes.desktop"), "[Desktop Entry]\nExec=notes --new %u\nTerminal=true\n");
+    for (const std::string list : {"desk-mimeapps.list", "mimeapps.list", "applications/mimeinfo.cache"}) {
+        WriteFile(File(list), "[Default Applications]\n[MIME Cache]\ntext/plain=gone.desktop;notes.desktop\n"
+                              "x-scheme-handler/https=notes.desktop\n");
+        for (const auto& [names, open, argument] : rows) {
+            EXPECT_TRUE(open()) << list;
+            EXPECT_EQ(Ask("noted"), "x-terminal-emulator[-e][notes][--new][" + argument + "]");
+        }
+        fs::remove(File(list));
+    }
     add("Gus \"1\".psg", "");
-    add("paplay", "exit 1"); // and pw-play isn't there
+    add("paplay", "exit 1");
+    WriteFile(File("pw-play"), ""); // which is no program
+    fs::permissions(File("pw-play"), fs::perms::owner_all);
     PlayByOtherProgram(File("Gus \"1\".psg"));
     EXPECT_EQ(Ask("noted"), "aplay[--quiet][--nonblock][" + File("Gus \"1\".psg") + "]");
     noteOf("pw-play");

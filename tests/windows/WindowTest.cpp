@@ -116,6 +116,13 @@ WindowTest::WindowTest() {
     WriteSettingsFile(Settings);
     actions["fill"] = [this] { Play("txtInputB=300 txtInputA=500 Return | table: filled"); };
     questions["focus"] = Focused;
+    questions["tabs"] = [this] {
+        std::string tabs = Focused();
+        for (Play("Tab"); !tabs.starts_with(Focused()) && tabs.size() < 300; Play("Tab")) {
+            tabs += " " + Focused();
+        }
+        return tabs;
+    };
     questions["selected"] = [] {
         const auto* box = qobject_cast<QLineEdit*>(QApplication::focusWidget());
         return Focused() + " " + (box != nullptr ? box->selectedText().toStdString() : "");
@@ -135,6 +142,7 @@ void WindowTest::Start() {
     Main();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&Window()));
     QCoreApplication::processEvents();
+    EXPECT_TRUE(desktop.LogInOneLine().ends_with("call"));
     desktop.Log.clear();
 }
 

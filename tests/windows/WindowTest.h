@@ -19,6 +19,10 @@ namespace plenair {
 // anew.
 inline bool dialogsExpected = false;
 
+// What the program was connected with, on a desktop whose language groups digits as in 12,34,567.
+inline DesktopServices connected;
+inline NumberLocale connectedNumbers;
+
 // A click as a user has it: it goes to the window, which passes it to what stands there, and makes the window
 // the active one. A click on what can't be seen fails the test.
 void ClickOn(QWidget* control);
@@ -74,8 +78,9 @@ class WindowTest : public ProgramTest {
     //   ?Yes and the like, an answer to come (see ScriptedDesktop::Expect);
     //   !name, one of `actions`: !fill calculates 500 L/s at 300 mm.
     // A question is one of `questions` or a property of a control ("text txtInputA"):
-    //   focus, selected (the box that has the focus, and what is selected in it), basis, log (what reached
-    //   the desktop); table: its cells and lamps and the round duct, or "filled", as by !fill, or "blank".
+    //   focus, tabs (where Tab leads until it comes back), selected (the box that has the focus, and what is
+    //   selected in it), basis, log (what reached the desktop); table: its cells and lamps and the round
+    //   duct, or "filled", as by !fill, or "blank".
     void Do(const std::string& step) override;
     std::string Ask(const std::string& question) override;
     std::map<std::string, std::function<void()>> actions;

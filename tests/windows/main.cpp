@@ -42,11 +42,13 @@ int main(int argc, char** argv) {
     qInstallMessageHandler(Report);
     const QByteArray screens = qgetenv("PLENAIR_SCREENS"); // a file that describes them
     qputenv("QT_QPA_PLATFORM", screens.isEmpty() ? "offscreen" : "offscreen:configfile=" + screens);
-    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::India));
     QApplication::setStyle(new plenair::ReadableStyle);
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     plenair::ConnectDesktop();
+    plenair::connected = plenair::Desktop();
+    plenair::connectedNumbers = plenair::CurrentNumberLocale();
     // Each test has a folder and a store of its own; between them there is none. No other program is started.
     plenair::SetRegistryFile("");
     plenair::SetProgramFolder("");
