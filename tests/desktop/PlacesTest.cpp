@@ -373,6 +373,7 @@ TEST_F(Places, OfAWaylandDesktopTheXServerIsTaken) {
     Kill();
     DesktopTest::Start({"DISPLAY=", "WAYLAND_DISPLAY=" + socket});
     Await("enabled mnuViewOnTop", "false");
+    Await("toolTipsVisible mnuView", "true");
     Await("toolTip mnuViewOnTop", "A Wayland desktop lets no program hold its window above the others.");
 }
 

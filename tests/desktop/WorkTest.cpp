@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include <sys/resource.h>
 #include <sys/wait.h>
 
 namespace plenair {
@@ -47,6 +48,14 @@ TEST_F(Work, AfterACrashTheProjectIsBack) {
     restore();
     const int status = Disconnect();
     EXPECT_TRUE(WIFEXITED(status)) << "crashes where the X server goes: signal " << WTERMSIG(status);
+    rlimit before = {};
+    getrlimit(RLIMIT_FSIZE, &before);
+    const rlimit nothing = {0, before.rlim_max}; // a file beyond the user's limit is one that can't be saved
+    setrlimit(RLIMIT_FSIZE, &nothing);
+    restore();
+    setrlimit(RLIMIT_FSIZE, &before);
+    Play("@cmdSaveGsp | active: QFileDialog\nq.gsp Return | active: frmMajorCalc");
+    Kill();
     restore();
     Play("@cmdClose @No | active: frmMinorCalc");
     EXPECT_TRUE(std::filesystem::is_empty(File("state/plenair")));

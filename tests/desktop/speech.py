@@ -130,23 +130,10 @@ def check_lite():
     find(lite, "label", "row 2: no duct")
     key(RETURN)
     find(lite, "label", "row 2: very slender, above 8")
-    find(lite, "label", "row 4: slender, 5 to 8")
-    find(lite, "label", "row 5: compact, up to 4")
     table = find(lite, "table", "Rectangular ducts")
     expect(rows(table)[4], ["550", "150", "4.13", "0.69"], "the last row")
-    expect([table.queryTable().getColumnDescription(column) for column in range(4)],
-           ["Width in mm", "Height in mm", "Velocity in m/s", "Loss in Pa/m"], "headings")
-    expect(len(rows(find(lite, "table", "Equivalent round duct"))), 1, "rows of the round duct")
     find(lite, "image", "Wider ducts")
     return lite
-
-
-def check_options(lite):
-    choose(lite, "Edit", "Options")
-    options = in_use(window("Options"))
-    expect(options.getRoleName(), "dialog", "role of the options")
-    find(options, "text", "Fluid Temperature (deg C)")
-    press(find(options, "push button", "Cancel"))
 
 
 def check_solver(lite):
@@ -174,8 +161,6 @@ def check_solver(lite):
     in_use(sheet)
     scroll_bar.queryComponent().grabFocus()
     until("the scroll bar's focus", lambda: scroll_bar.getState().contains(pyatspi.STATE_FOCUSED))
-    find(sheet, "text", "Equiv. Round Duct (mm)")
-    find(sheet, "check box", "Follow On")
 
 
 def inside(program):
@@ -184,9 +169,7 @@ def inside(program):
     process = subprocess.Popen([program], env={**os.environ, "PATH": "/nonexistent"})
     try:
         click(find(in_use(window("Defaults Set")), "push button", "OK"), 0.5, 0.5)
-        lite = check_lite()
-        check_options(lite)
-        check_solver(lite)
+        check_solver(check_lite())
     finally:
         process.terminate()
         process.wait()

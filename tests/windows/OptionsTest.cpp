@@ -55,6 +55,10 @@ TEST_F(Options, ShowTheFileAndCancelWritesAndRestoresNothing) {
     // The basis was stored by the click; the window is not brought up to date.
     Play("| basis: 3; text txtCalcBasis(1): 3; checked optCalcBasis(0): true; table: filled; saved: \"" +
          folder + "\"|0|0.8|5|500|25|26|0.00015|0.002|");
+    SettingsRecord settings;
+    settings.CalcBasis = 4; // which only Lite offers
+    WriteSettingsFile(settings);
+    WithOptions([&] { Play("| shown:  0.8 5 500 25 26 0.00015 0.002\n@cmdCancel"); });
 }
 
 TEST_F(Options, OkStoresSavesAndRefreshesTheWindow) {
@@ -119,6 +123,11 @@ TEST_F(Options, KeysGoThroughTheControls) {
     settings.CalcBasis = 4; // no option of its own
     WriteSettingsFile(settings);
     WithOptions([this] {
+        EXPECT_EQ(m_options->frameGeometry().topLeft(), QPoint(267, 200));
+        const QImage picture = m_options->grab().toImage();
+        const std::string rim = m_options->palette().color(QPalette::Dark).name().toStdString();
+        EXPECT_EQ(ColourAt(picture, 0, 60) + ColourAt(picture, 60, 0), rim + rim);
+        EXPECT_TRUE(ColourAt(picture, 1, 60) != rim && ColourAt(picture, 60, 1) != rim);
         std::string order;
         for (int i = 0; i < 12; ++i) {
             const std::string seen = Ask("selected");

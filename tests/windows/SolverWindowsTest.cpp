@@ -21,12 +21,13 @@ class SolverWindows : public SolverTest, public QObject {
             }
             return colours;
         };
-        questions["cross"] = [this] { // how much shows of the keyboard's cross at 3,2
+        questions["cross"] = [this] { // how much shows of the keyboard's cross
             const QSize grid = Find("picGrid").size();
+            const auto [column, row] = Solver().Cross;
             int seen = 0;
             for (const QPoint arm : {QPoint(0, 0), {9, 0}, {-9, 0}, {0, 9}, {0, -9}}) {
-                seen += ColourAt(Grid(), grid.width() * 3 / kCellsAcross + arm.x(),
-                                 grid.height() * 2 / kCellsDown + arm.y()) == "#c800c8";
+                seen += ColourAt(Grid(), grid.width() * column / kCellsAcross + arm.x(),
+                                 grid.height() * row / kCellsDown + arm.y()) == "#c800c8";
             }
             return seen == 5 ? "whole" : seen == 0 ? "nothing" : "part";
         };
@@ -36,6 +37,7 @@ class SolverWindows : public SolverTest, public QObject {
             }
             Play("?Yes @cmdClearGrid(2)");
         };
+        actions["close"] = [this] { Sheet().close(); };
         actions["end"] = [this] { Solver().close(); }; // as the desktop does
         actions["wake"] = [this] {                     // the solver's window
             EXPECT_TRUE(Sheet().isActiveWindow());
@@ -44,7 +46,6 @@ class SolverWindows : public SolverTest, public QObject {
         };
     }
 
-    // Counts what paints the window that it filters.
     bool eventFilter(QObject*, QEvent* event) override {
         m_paints += event->type() == QEvent::Paint ? 1 : 0;
         return false;
@@ -56,21 +57,25 @@ class SolverWindows : public SolverTest, public QObject {
 TEST_F(SolverWindows, ButtonsInTheOrderOfTheirTabs) {
     OpenSolver();
     Find("cmdClearGrid(2)").setFocus();
-    Play(R"(Tab | focus: cmdLoadGsp; visible txtParam(1): false
-        Tab | focus: cmdSaveGsp
-        Tab | focus: cmdPrintGus
-        Tab | focus: cmdMajorOptions
-        Tab | focus: optDuct(0)
-        Right | focus: optDuct(1)
-        Right | focus: optDuct(2); checked optDuct(2): true
-        Tab | focus: cmdLessDuct(2)
-        Tab | focus: chkLabels
-        Tab | focus: chkParam
-        Tab | focus: cmdGus
-        qxQ | log: call
-        Tab | focus: cmdClose
-        Tab | focus: picGrid
-        Tab | focus: cmdClearGrid(2))");
+    Play(
+        "| tabs: cmdClearGrid(2) cmdLoadGsp cmdSaveGsp cmdPrintGus cmdMajorOptions optDuct(0) cmdLessDuct(2) "
+        "chkLabels chkParam cmdGus cmdClose picGrid\n"
+        "@optDuct(0) Right Right | checked optDuct(2): true\n"
+        "Tab Tab Tab Tab qxQ | focus: cmdGus; log: call\nTab Tab | cross: whole");
+}
+
+TEST_F(SolverWindows, AProjectThatWasOpenAtTheEndIsOfferedAgain) {
+    SetStateFolder(File("state"));
+    OpenSolver();
+    DrawRow("RF");
+    EndProgram();
+    Play("?Yes");
+    OpenSolver();
+    Play("| network: R 1,3-2,3 F 2,3-3,3");
+    DrawRow("C");
+    Play("?No @cmdClose"); // which ends the keeping, in the background
+    EXPECT_TRUE(QTest::qWaitFor([this] { return fs::is_empty(File("state")); }, 60'000));
+    SetStateFolder("");
 }
 
 // Labels and sheet, a duct removed and another duct on the sheet end a chain. A solved project takes nothing,
@@ -173,9 +178,14 @@ TEST_F(SolverWindows, ClearingAndClosingAsk) {
 }
 
 TEST_F(SolverWindows, TheSheetShowsEachTypeAndStaysWhereTheUserPutsIt) {
-    OpenSheet("RFC");
-    EXPECT_EQ(Sheet().frameGeometry().topRight() - Sheet().screen()->geometry().topLeft(),
-              QPoint(Find("picGrid").width() - 1, (500 + 400) / 15));
+    OpenSolver();
+    DrawRow("RFC");
+    const QPoint screen = Solver().screen()->geometry().topLeft();
+    Solver().move(screen + QPoint(0, 30));
+    Play("@chkParam");
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&Sheet()));
+    EXPECT_EQ(Sheet().frameGeometry().topRight() - screen, QPoint(786, 30 + (500 + 400) / 15));
+    EXPECT_EQ(Sheet().windowHandle()->transientParent(), Solver().windowHandle());
     const QPoint dragged = Sheet().pos() - QPoint(100, -50);
     Sheet().move(dragged);
     Play(R"(| duct: 1 #008000; looks: olooooll
@@ -223,7 +233,8 @@ TEST_F(SolverWindows, TheSheetStoresBeforeTheClickThatTakesTheFocus) {
     OpenSheet("RCRF"); // Escape brings back what was stored
     Play(R"(@txtParam(1) 250 | flows: 0 0 0 0
         ?Cancel !end | flows: 250 0 250 250; visible picGrid: true
-        txtParam(3)=12,5x Escape | sheet: 250 0 0 0 0 0 0 0)");
+        txtParam(3)=12,5x Escape | sheet: 250 0 0 0 0 0 0 0
+        @txtParam(1) 9 !close | flows: 9 0 9 9; checked chkParam: false)");
 }
 
 TEST_F(SolverWindows, AWholeProjectByMouseAndKeys) {
@@ -318,7 +329,8 @@ TEST_F(SolverWindows, UndoOfDrawingTypingAndFollowOn) {
 TEST_F(SolverWindows, UndoOnTheSheetShownBeforeTheFirstDuct) {
     OpenSheet("");
     DrawRow("RC");
-    Play(R"(Ctrl+Z | state: 0 , 1 0
+    Play(R"(| looks: oLooooLo
+        Ctrl+Z | state: 0 , 1 0
         Ctrl+Y | state: 0 0 , C2 0
         txtParam(8)=0.5 Return ?Yes @cmdClearGrid(2) | text txtParam(8): 0.5)");
     DrawRow("R");
@@ -341,7 +353,8 @@ TEST_F(SolverWindows, UndoOfLoadsSolutionsAndTheirNames) {
         Ctrl+Z | state: 100 200 plant.Gus+, R1 100; visible lblValue: true
         Ctrl+Z | state: 100 200 plant.gsp solved+, R1 100
         Ctrl+Z | state: 100 200 plant.gsp, R1 100
-        @next txtParam(6)=0 ?Ok ?=plant.gsp ?Ok ?Ok @cmdGus | text txtParam(6): 0
+        ?Yes @cmdClearGrid(2) ?- @cmdSaveGsp | state:  , 1 0
+        Ctrl+Z @next txtParam(6)=0 ?Ok ?=plant.gsp ?Ok ?Ok @cmdGus | text txtParam(6): 0
         Ctrl+Z | state: 100 200 plant.gsp, R1 100; sheet: 100 0 200 5000 5 0.8 0 0
         Ctrl+Z | state: 100 200 plant.gsp, R2 200; text txtParam(6): 0.8)");
 }
