@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QElapsedTimer>
 #include <QHelpEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
@@ -276,6 +277,10 @@ TEST_F(Controls, LongWorkShowsItselfAndCanBeCancelled) {
                 !dialog()->autoReset());
     const QLabel& text = *dialog()->findChild<QLabel*>();
     EXPECT_TRUE(text.alignment() == Qt::AlignCenter && text.textFormat() == Qt::PlainText);
+    QElapsedTimer longStep;
+    for (longStep.start(); !longStep.hasExpired(21);) {
+    }
+    EXPECT_TRUE(progress.GoOn(++done) && dialog()->value() == done);
     QTest::mouseClick(button, Qt::LeftButton);
     EXPECT_FALSE(progress.GoOn(done));
 }

@@ -181,7 +181,8 @@ TEST_F(Lite, FoldingShowsAndHidesThePanel) {
         Alt+H @cmdMoreInfo | focus: txtInputA; text cmdMoreInfo: &More; panel: 0
         Alt+M | text cmdMoreInfo: &Less; panel: 140
         Alt+L | text cmdMoreInfo: &More; panel: 0
-        Alt+L | text cmdMoreInfo: &More)");
+        txtInputA=5 Alt+L | text cmdMoreInfo: &More; selected: txtInputA 
+        Alt+M | selected: txtInputA 5)");
 }
 
 TEST_F(Lite, ResultsArePainted) {

@@ -46,6 +46,7 @@ class SolverWindows : public SolverTest, public QObject {
         };
     }
 
+    // Counts what paints the window that it filters.
     bool eventFilter(QObject*, QEvent* event) override {
         m_paints += event->type() == QEvent::Paint ? 1 : 0;
         return false;
