@@ -2,13 +2,12 @@
 // made as short as it can be, and told as it was done.
 #include "desktop/DesktopTest.h"
 
+#include <QDeadlineTimer>
+
 #include <X11/Xlib.h>
 
 #include <algorithm>
-#include <cctype>
-#include <chrono>
 #include <cmath>
-#include <cstdlib>
 #include <filesystem>
 #include <iostream>
 #include <random>
@@ -48,10 +47,7 @@ Actions Random(unsigned seed, std::size_t count) {
     const auto below = [&random](unsigned end) { return static_cast<unsigned>(random()) % end; };
     Actions actions(count);
     for (Action& action : actions) {
-        action.Kind = below(2000);
-        action.Target = below(10000);
-        action.X = below(10000);
-        action.Y = below(10000);
+        action = {below(2000), below(10000), below(10000), below(10000)};
     }
     return actions;
 }
@@ -77,12 +73,8 @@ constexpr char kControls[] =
     "cmdLessDuct(2)|optDuct(1)";
 
 std::string OneOf(const char* items, unsigned number) {
-    std::istringstream stream(items);
-    std::vector<std::string> all;
-    for (std::string item; std::getline(stream, item, '|');) {
-        all.push_back(item);
-    }
-    return all[number % all.size()];
+    const QStringList all = QString(items).split('|');
+    return all[static_cast<int>(number) % all.size()].toStdString();
 }
 
 struct Outcome {
@@ -111,8 +103,7 @@ class Monkey : public DesktopTest {
             outcome.Wrong = failure.what();
         }
         if (!outcome.Wrong.empty() && !HasEnded()) {
-            outcome.Wrong += "\nthe windows, by the program: " + Ask("windows") +
-                             "\nand by the server, lowest first: " + TheScreen().Windows();
+            outcome.Wrong += "\nthe windows, lowest first: " + TheScreen().Windows();
         }
         outcome.Steps = m_steps;
         std::cout << outcome.Done.size() << " actions, at most " << m_mostMemory << " MB and "
@@ -140,13 +131,14 @@ class Monkey : public DesktopTest {
         });
         std::string wrong;
         asked = 0;
-        Until([&] { return (wrong = Ask("wrong")).empty() || wrong == "ended" || ++asked > m_patience; });
+        Until([&] { return (wrong = Wrong()).empty() || wrong == "ended" || ++asked > m_patience; });
         if (wrong == "ended") {
             Until([this] { return HasEnded(); });
             return HasEndedWell() ? "" : "it crashed: " + ReadFile(File("output"));
         }
         // Its own work in ms, which no other program makes longer, and its memory in MB.
-        int work = 0, memory = 0;
+        int work = 0;
+        int memory = 0;
         std::istringstream(Ask("effort")) >> work >> memory;
         m_mostMemory = std::max(m_mostMemory, memory);
         if (modal != "frmAbout" && Ask("modal") != "frmAbout") { // its show takes its time
@@ -157,6 +149,18 @@ class Monkey : public DesktopTest {
                : m_longestWork > kLongestWork ? "too much work: " + std::to_string(m_longestWork) + " ms"
                : m_mostMemory > kMostMemory   ? "too much memory: " + std::to_string(m_mostMemory) + " MB"
                                               : "";
+    }
+
+    // What must not be, whatever a user does; empty if nothing of it is.
+    std::string Wrong() {
+        for (const Window window : TheScreen().Stack()) {
+            const auto parents = TheScreen().Numbers(window, "WM_TRANSIENT_FOR");
+            if (TheScreen().Holds(window, "_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_DIALOG") &&
+                (parents.empty() || TheScreen().Client(parents[0]).isEmpty())) {
+                return "a dialog without a parent";
+            }
+        }
+        return Ask("wrong");
     }
 
     void Act(const Action& action, const std::string& modal) {
@@ -176,13 +180,14 @@ class Monkey : public DesktopTest {
             return action.X % 3 == 0 ? Close(OneOf(kTitles, action.Y)) : void();
         }
         if (kind < 80) {
-            const std::string name = OneOf(kControls, action.Target);
-            const std::string place = Ask("place " + name);
-            return modal == "none" && Ask("visible picGrid") != "true" ? Press("Alt+f p")
-                   : std::isdigit(place[0]) ? PointAndClick(place + " " + name, action)
-                                            : PointAndClick(Ask("place chkParam") + " chkParam", action);
+            const std::string control = OneOf(kControls, action.Target);
+            const std::string name = Place(control).isEmpty() ? "chkParam" : control;
+            return modal == "none" && Ask("visible picGrid") != "true"
+                       ? Press("Alt+f p")
+                       : PointAndClick(Place(name), name, action);
         }
-        PointAndClick(Ask("target " + std::to_string(action.Target)), action);
+        const std::string target = Ask("target " + std::to_string(action.Target));
+        PointAndClick(OnScreen(target), target.substr(target.rfind(' ') + 1), action);
     }
 
     // To a question, as a user would.
@@ -211,17 +216,15 @@ class Monkey : public DesktopTest {
         Press(isAnswered && !isRefused ? OneOf(kAnswers, action.Target) : "Escape");
     }
 
-    // At a random place of what is at "LEFT TOP WIDTH HEIGHT NAME".
-    void PointAndClick(const std::string& target, const Action& action) {
-        int left = 0, top = 0, width = 0, height = 0;
-        std::string name;
-        if (!(std::istringstream(target) >> left >> top >> width >> height >> name) || width * height == 0) {
+    // At a random place of it.
+    void PointAndClick(const QRect& place, const std::string& name, const Action& action) {
+        if (place.isEmpty()) {
             return;
         }
         const auto move = [&](unsigned across, unsigned down) {
-            const int x = static_cast<int>(across % static_cast<unsigned>(width));
-            const int y = static_cast<int>(down % static_cast<unsigned>(height));
-            TheScreen().MoveTo(left + x, top + y);
+            const int x = static_cast<int>(across) % place.width();
+            const int y = static_cast<int>(down) % place.height();
+            TheScreen().MoveTo(place.left() + x, place.top() + y);
             m_steps += " " + std::to_string(x) + "," + std::to_string(y);
         };
         const unsigned kind = action.Kind / 100 % 20;
@@ -293,18 +296,11 @@ Outcome Shrunk(Outcome shortest) {
     return shortest;
 }
 
-// What tools/monkey asks for.
-std::string Asked(const char* name, const char* otherwise) {
-    const char* value = std::getenv(name);
-    return value != nullptr ? value : otherwise;
-}
-
+// tools/monkey sets the variables.
 TEST(Monkey, NothingItDoesBreaksWhatMustHold) {
-    using Clock = std::chrono::steady_clock;
-    const auto end =
-        Clock::now() + std::chrono::seconds(std::lround(std::stod(Asked("MONKEY_HOURS", "0")) * 3600));
-    auto seed = static_cast<unsigned>(std::stoul(Asked("MONKEY_SEED", "1")));
-    const Actions again = FromRow(Asked("MONKEY_ROW", ""));
+    const QDeadlineTimer end(std::lround(qEnvironmentVariable("MONKEY_HOURS").toDouble() * 3'600'000));
+    unsigned seed = qEnvironmentVariable("MONKEY_SEED", "1").toUInt();
+    const Actions again = FromRow(qgetenv("MONKEY_ROW").toStdString());
     do {
         std::cout << "seed " << seed << ": " << std::flush;
         const Outcome outcome = Monkey(3000).Do(again.empty() ? Random(seed, 2000) : again);
@@ -314,7 +310,7 @@ TEST(Monkey, NothingItDoesBreaksWhatMustHold) {
                    << shortest.Steps << "once more: tools/monkey again '" << Row(shortest.Done) << "'";
         }
         ++seed;
-    } while (Clock::now() < end);
+    } while (!end.hasExpired());
 }
 
 } // namespace

@@ -2,8 +2,6 @@
 
 #include <filesystem>
 
-#include <sys/wait.h>
-
 namespace plenair {
 namespace {
 
@@ -45,11 +43,23 @@ TEST_F(Work, AfterACrashTheProjectIsBack) {
     AwaitThat("it is kept", [this] { return IsKept(123); });
     Kill();
     restore();
-    const int status = Disconnect();
-    EXPECT_TRUE(WIFEXITED(status)) << "crashes where the X server goes: signal " << WTERMSIG(status);
+    EXPECT_EQ(Disconnect(), QProcess::NormalExit) << "crashes where the X server goes";
     restore();
     Play("@cmdClose @No | active: frmMinorCalc");
     EXPECT_TRUE(std::filesystem::is_empty(File("state/plenair")));
+}
+
+TEST_F(Work, AScreenReaderFindsEverything) {
+    Start({TheScreen().Bus(), "QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1"});
+    Child reader;
+    reader.setEnvironment(TheScreen().Environment() << TheScreen().Bus());
+    reader.setProcessChannelMode(QProcess::MergedChannels);
+    reader.start("/usr/bin/python3", {PLENAIR_SPEECH});
+    reader.waitForFinished(4 * kPatience);
+    if (reader.exitCode() == 77) {
+        GTEST_SKIP() << "python3-pyatspi is not installed";
+    }
+    EXPECT_EQ(reader.exitCode(), 0) << reader.readAll().toStdString();
 }
 
 TEST_F(Work, TablesPastedAndTheManualOpened) {
