@@ -151,7 +151,7 @@ void DesktopTest::Point(const std::string& name, int x, int y) {
                                now.top() + (y < 0 ? now.height() + y : y));
             return false;
         }
-        return Ask("hovered " + name) == "yes" && IsSettled();
+        return Ask("hovered " + name) == "true" && IsSettled();
     });
 }
 

@@ -5,7 +5,6 @@
 
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
-#include <X11/Xutil.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -40,49 +39,32 @@ bool HasState(Window window, const char* state) {
 
 // A bar along an edge of the screen that keeps windows away, as a desktop's panel does: it takes what the
 // margins say, of which one is not 0.
-class Panel {
+class Panel : public OtherWindow {
   public:
-    explicit Panel(const QMargins& taken) : m_display(TheScreen().Connection()) {
-        const QRect left = kScreen - taken;
-        const QRect place(left.x() == 0 && taken.right() > 0 ? left.width() : 0,
-                          left.y() == 0 && taken.bottom() > 0 ? left.height() : 0,
-                          left.width() == kScreen.width() ? left.width() : kScreen.width() - left.width(),
-                          left.height() == kScreen.height() ? left.height()
-                                                            : kScreen.height() - left.height());
-        m_window = XCreateSimpleWindow(m_display, TheScreen().Root(), place.x(), place.y(),
-                                       static_cast<unsigned>(place.width()),
-                                       static_cast<unsigned>(place.height()), 0, 0, 0x808080);
+    explicit Panel(const QMargins& taken) : OtherWindow(Place(taken)) {
         Set("_NET_WM_WINDOW_TYPE", XA_ATOM,
-            {static_cast<long>(XInternAtom(m_display, "_NET_WM_WINDOW_TYPE_DOCK", False))});
+            {static_cast<long>(XInternAtom(TheScreen().Connection(), "_NET_WM_WINDOW_TYPE_DOCK", False))});
         Set("_NET_WM_STRUT_PARTIAL", XA_CARDINAL, // then from where to where on each side
             {taken.left(), taken.right(), taken.top(), taken.bottom(), 0, 1023, 0, 1023, 0, 1279, 0, 1279});
-        XSizeHints hints = {};
-        hints.flags = USPosition;
-        XSetWMNormalHints(m_display, m_window, &hints); // where it was made
-        XMapWindow(m_display, m_window);
+        Show();
         const std::vector<unsigned long> whole = {0, 0, 1280, 1024};
         Until([&] {
-            std::vector<unsigned long> area = TheScreen().Numbers(TheScreen().Root(), "_NET_WORKAREA");
+            auto area = TheScreen().Numbers(TheScreen().Root(), "_NET_WORKAREA");
             area.resize(4);
             return area != whole;
         });
     }
-    ~Panel() {
-        XDestroyWindow(m_display, m_window);
-        XSync(m_display, False);
-    }
-    Panel(const Panel&) = delete;
-    Panel& operator=(const Panel&) = delete;
 
   private:
-    void Set(const char* property, Atom type, const std::vector<long>& values) const {
-        XChangeProperty(m_display, m_window, XInternAtom(m_display, property, False), type, 32,
-                        PropModeReplace, reinterpret_cast<const unsigned char*>(values.data()),
-                        static_cast<int>(values.size()));
+    static QRect Place(const QMargins& taken) {
+        const int across = taken.left() > 0    ? taken.left() - kScreen.width()
+                           : taken.right() > 0 ? kScreen.width() - taken.right()
+                                               : 0;
+        const int down = taken.top() > 0      ? taken.top() - kScreen.height()
+                         : taken.bottom() > 0 ? kScreen.height() - taken.bottom()
+                                              : 0;
+        return kScreen & kScreen.translated(across, down);
     }
-
-    Display* m_display;
-    Window m_window = 0;
 };
 
 // Where windows stand, as the X server sees it.

@@ -122,22 +122,6 @@ class Probe : public QObject, public QAbstractNativeEventFilter {
             .arg(size.height());
     }
 
-    // The cells of a table by rows.
-    static QString Table(QObject* object) {
-        QStringList rows;
-        for (int row = 0; row < 5; ++row) {
-            QStringList cells;
-            for (int column = 0; column < 4; ++column) {
-                QMetaObject::invokeMethod(object, "CellText", Q_RETURN_ARG(QString, cells.emplaceBack()),
-                                          Q_ARG(int, row), Q_ARG(int, column));
-            }
-            cells.removeAll("");
-            rows << cells.join(' ');
-        }
-        rows.removeAll("");
-        return rows.join(", ");
-    }
-
     // Something that a user could click, of those the one with that number, counted round and round.
     static QString Target(unsigned number) {
         QStringList all;
@@ -245,19 +229,10 @@ class Probe : public QObject, public QAbstractNativeEventFilter {
             return "no " + name;
         }
         const auto [shown, part] = Shown(object);
-        if (asked == "place") {
-            return Place(shown, part);
-        }
-        if (asked == "hovered") { // whether the mouse is over it, as far as the program has heard
-            return shown != nullptr && shown->underMouse() ? "yes" : "no";
-        }
-        if (asked == "table") {
-            return Table(object);
-        }
-        if (asked == "colour") {
-            return shown->autoFillBackground() ? shown->palette().color(QPalette::Window).name() : "none";
-        }
-        return object->property(asked.toUtf8()).toString();
+        // Whether the mouse is over it is told as far as the program has heard.
+        return asked == "place"     ? Place(shown, part)
+               : asked == "hovered" ? QVariant(shown != nullptr && shown->underMouse()).toString()
+                                    : object->property(asked.toUtf8()).toString();
     }
 
     QSocketNotifier m_notifier{STDIN_FILENO, QSocketNotifier::Read};

@@ -62,15 +62,38 @@ Screen::~Screen() {
     XCloseDisplay(m_display);
 }
 
+OtherWindow::OtherWindow(const QRect& place)
+    : m_id(XCreateSimpleWindow(TheScreen().Connection(), TheScreen().Root(), place.x(), place.y(),
+                               static_cast<unsigned>(place.width()), static_cast<unsigned>(place.height()), 0,
+                               0, 0x808080)) {
+    XSizeHints hints = {};
+    hints.flags = USPosition; // where it was made
+    XSetWMNormalHints(TheScreen().Connection(), m_id, &hints);
+}
+
+OtherWindow::~OtherWindow() {
+    XDestroyWindow(TheScreen().Connection(), m_id);
+    XSync(TheScreen().Connection(), False);
+}
+
+void OtherWindow::Set(const char* property, unsigned long type, const std::vector<long>& values) const {
+    XChangeProperty(TheScreen().Connection(), m_id, XInternAtom(TheScreen().Connection(), property, False),
+                    type, 32, PropModeReplace, reinterpret_cast<const unsigned char*>(values.data()),
+                    static_cast<int>(values.size()));
+}
+
+void OtherWindow::Show() const {
+    XMapWindow(TheScreen().Connection(), m_id);
+    XSync(TheScreen().Connection(), False);
+}
+
 std::string Screen::Pasted(const std::string& form) const {
-    const Window window = XCreateSimpleWindow(m_display, Root(), 0, 0, 1, 1, 0, 0, 0);
+    const OtherWindow window;
     const auto atom = [this](const std::string& name) { return XInternAtom(m_display, name.c_str(), False); };
-    XConvertSelection(m_display, atom("CLIPBOARD"), atom(form), atom("PASTED"), window, CurrentTime);
+    XConvertSelection(m_display, atom("CLIPBOARD"), atom(form), atom("PASTED"), window.Id(), CurrentTime);
     XEvent event = {};
-    Until([&] { return XCheckTypedWindowEvent(m_display, window, SelectionNotify, &event) != 0; });
-    const auto pasted = Property<std::string>(m_display, window, "PASTED");
-    XDestroyWindow(m_display, window);
-    return pasted;
+    Until([&] { return XCheckTypedWindowEvent(m_display, window.Id(), SelectionNotify, &event) != 0; });
+    return Property<std::string>(m_display, window.Id(), "PASTED");
 }
 
 QStringList Screen::Environment() const {
@@ -146,31 +169,14 @@ QRect Screen::Client(unsigned long window) const {
     return {x, y, look.width, look.height};
 }
 
-void Screen::OpenOther() {
-    m_other = XCreateSimpleWindow(m_display, Root(), 0, 600, 200, 100, 0, 0, 0);
-    XSizeHints place = {};
-    place.flags = USPosition | USSize;
-    place.x = 0;
-    place.y = 600;
-    XSetWMNormalHints(m_display, m_other, &place);
-    XMapWindow(m_display, m_other);
-    Until([this] { return IsUpToDate(m_other); });
-}
-
-void Screen::CloseOther() {
-    XDestroyWindow(m_display, m_other);
-    XSync(m_display, False);
-}
-
 void Screen::AwaitManager() {
     // It answers in the order in which it is told of things, and this question has an answer that can be
     // seen.
-    const Window asking = XCreateSimpleWindow(m_display, Root(), 0, 0, 1, 1, 0, 0, 0);
-    Tell(Root(), asking, "_NET_REQUEST_FRAME_EXTENTS", {});
-    if (!Until([&] { return !Numbers(asking, "_NET_FRAME_EXTENTS").empty(); })) {
+    const OtherWindow asking;
+    Tell(Root(), asking.Id(), "_NET_REQUEST_FRAME_EXTENTS", {});
+    if (!Until([&] { return !Numbers(asking.Id(), "_NET_FRAME_EXTENTS").empty(); })) {
         throw std::runtime_error("the window manager does not answer");
     }
-    XDestroyWindow(m_display, asking);
 }
 
 std::vector<unsigned long> Screen::Numbers(unsigned long window, const char* property) const {

@@ -73,10 +73,6 @@ class Screen {
     // done with it.
     QRect Client(unsigned long window) const;
 
-    // Puts a window of another program at the left edge, which has the keyboard then, and takes it away.
-    void OpenOther();
-    void CloseOther();
-
     // Waits until the window manager has dealt with all that has happened so far.
     void AwaitManager();
 
@@ -116,10 +112,26 @@ class Screen {
     Child m_bus;
     Child m_manager;
     Display* m_display = nullptr;
-    unsigned long m_other = 0;
 };
 
 // The screen that the scenarios share; main starts it.
 Screen& TheScreen();
+
+// A window of another program.
+class OtherWindow {
+  public:
+    explicit OtherWindow(const QRect& place = {0, 0, 1, 1});
+    ~OtherWindow();
+    OtherWindow(const OtherWindow&) = delete;
+    OtherWindow& operator=(const OtherWindow&) = delete;
+
+    unsigned long Id() const { return m_id; }
+    // A property that is a list of atoms, or of other numbers.
+    void Set(const char* property, unsigned long type, const std::vector<long>& values) const;
+    void Show() const;
+
+  private:
+    unsigned long m_id;
+};
 
 } // namespace plenair
