@@ -2,59 +2,27 @@
 // made as short as it can be, and told as it was done.
 #include "desktop/DesktopTest.h"
 
+#include <QDeadlineTimer>
+
 #include <X11/Xlib.h>
 
 #include <algorithm>
-#include <cctype>
-#include <chrono>
 #include <cmath>
-#include <cstdlib>
 #include <filesystem>
 #include <iostream>
+#include <iterator>
 #include <random>
 #include <sstream>
 
 namespace plenair {
 namespace {
 
-// Numbers alone, so that it means something in whatever state it is done.
-struct Action {
-    unsigned Kind, Target, X, Y;
-};
-using Actions = std::vector<Action>;
+// An action is a number, the seed of all that it does, so that it means something in whatever state it is
+// done.
+using Actions = std::vector<unsigned>;
 
 constexpr int kLongestWork = 1000; // ms
 constexpr int kMostMemory = 600;   // MB, of which the sanitizers need most
-
-std::string Row(const Actions& actions) {
-    std::ostringstream row;
-    for (const Action& action : actions) {
-        row << action.Kind << ' ' << action.Target << ' ' << action.X << ' ' << action.Y << ' ';
-    }
-    return row.str();
-}
-
-Actions FromRow(const std::string& row) {
-    std::istringstream numbers(row);
-    Actions actions;
-    for (Action action; numbers >> action.Kind >> action.Target >> action.X >> action.Y;) {
-        actions.push_back(action);
-    }
-    return actions;
-}
-
-Actions Random(unsigned seed, std::size_t count) {
-    std::mt19937 random(seed);
-    const auto below = [&random](unsigned end) { return static_cast<unsigned>(random()) % end; };
-    Actions actions(count);
-    for (Action& action : actions) {
-        action.Kind = below(2000);
-        action.Target = below(10000);
-        action.X = below(10000);
-        action.Y = below(10000);
-    }
-    return actions;
-}
 
 // Chords and texts, divided by '|'.
 constexpr char kKeys[] =
@@ -75,15 +43,6 @@ constexpr char kControls[] =
     "picGrid|picGrid|picGrid|picGrid|cmdGus|cmdGus|cmdGus|cmdLoadGsp|scrDuctNo|scrDuctNo|txtParam(1)|"
     "txtParam(3)|txtParam(4)|txtParam(5)|txtParam(6)|txtParam(8)|cmdCalcPressure|cmdCalcPressure|"
     "cmdLessDuct(2)|optDuct(1)";
-
-std::string OneOf(const char* items, unsigned number) {
-    std::istringstream stream(items);
-    std::vector<std::string> all;
-    for (std::string item; std::getline(stream, item, '|');) {
-        all.push_back(item);
-    }
-    return all[number % all.size()];
-}
 
 struct Outcome {
     std::string Wrong; // empty if nothing is
@@ -111,8 +70,7 @@ class Monkey : public DesktopTest {
             outcome.Wrong = failure.what();
         }
         if (!outcome.Wrong.empty() && !HasEnded()) {
-            outcome.Wrong += "\nthe windows, by the program: " + Ask("windows") +
-                             "\nand by the server, lowest first: " + TheScreen().Windows();
+            outcome.Wrong += "\nthe windows, lowest first: " + TheScreen().Windows();
         }
         outcome.Steps = m_steps;
         std::cout << outcome.Done.size() << " actions, at most " << m_mostMemory << " MB and "
@@ -123,7 +81,7 @@ class Monkey : public DesktopTest {
   private:
     void TestBody() override {}
 
-    std::string DoOne(const Action& action) {
+    std::string DoOne(unsigned action) {
         if (HasEnded()) {
             m_steps += "start\n";
             Start();
@@ -131,7 +89,8 @@ class Monkey : public DesktopTest {
         const std::string modal = Ask("modal");
         const int pressesBefore = Presses();
         m_sent = 0;
-        Act(action, modal);
+        m_random.seed(action);
+        Act(modal);
         // Until it is there, or was meant for nobody in the program.
         int asked = 0;
         Until([&] {
@@ -140,13 +99,14 @@ class Monkey : public DesktopTest {
         });
         std::string wrong;
         asked = 0;
-        Until([&] { return (wrong = Ask("wrong")).empty() || wrong == "ended" || ++asked > m_patience; });
+        Until([&] { return (wrong = Wrong()).empty() || wrong == "ended" || ++asked > m_patience; });
         if (wrong == "ended") {
             Until([this] { return HasEnded(); });
             return HasEndedWell() ? "" : "it crashed: " + ReadFile(File("output"));
         }
         // Its own work in ms, which no other program makes longer, and its memory in MB.
-        int work = 0, memory = 0;
+        int work = 0;
+        int memory = 0;
         std::istringstream(Ask("effort")) >> work >> memory;
         m_mostMemory = std::max(m_mostMemory, memory);
         if (modal != "frmAbout" && Ask("modal") != "frmAbout") { // its show takes its time
@@ -159,42 +119,62 @@ class Monkey : public DesktopTest {
                                               : "";
     }
 
-    void Act(const Action& action, const std::string& modal) {
-        const unsigned kind = action.Kind % 100;
+    // What must not be, whatever a user does; empty if nothing of it is.
+    std::string Wrong() {
+        for (const Window window : TheScreen().Stack()) {
+            const auto parents = TheScreen().Numbers(window, "WM_TRANSIENT_FOR");
+            if (TheScreen().Holds(window, "_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_DIALOG") &&
+                (parents.empty() || TheScreen().Client(parents[0]).isEmpty())) {
+                return "a dialog without a parent";
+            }
+        }
+        return Ask("wrong");
+    }
+
+    // A number from 0 on.
+    int RandomBelow(qsizetype end) { return static_cast<int>(m_random() % static_cast<unsigned>(end)); }
+
+    std::string OneOf(const char* items) {
+        const QStringList all = QString(items).split('|');
+        return all[RandomBelow(all.size())].toStdString();
+    }
+
+    void Act(const std::string& modal) {
+        const int kind = RandomBelow(100);
         // In a dialog of files anything else could go to other folders, and remove what is there.
         if (modal == "QFileDialog" || (modal != "none" && kind < 70)) {
-            return Reply(action, modal);
+            return Reply(modal);
         }
         if (kind < 20) {
-            return Press(OneOf(kKeys, action.Target));
+            return Press(OneOf(kKeys));
         }
         if (kind < 38) {
-            return Write(OneOf(kTexts, action.Target), action.X % 2 == 0 ? "Return" : "Tab");
+            return Write(OneOf(kTexts), RandomBelow(2) == 0 ? "Return" : "Tab");
         }
         if (kind < 40) {
-            Close(OneOf(kTitles, action.Target));
-            return action.X % 3 == 0 ? Close(OneOf(kTitles, action.Y)) : void();
+            Close(OneOf(kTitles));
+            return RandomBelow(3) == 0 ? Close(OneOf(kTitles)) : void();
         }
         if (kind < 80) {
-            const std::string name = OneOf(kControls, action.Target);
-            const std::string place = Ask("place " + name);
+            const std::string control = OneOf(kControls);
+            const std::string name = Place(control).isEmpty() ? "chkParam" : control;
             return modal == "none" && Ask("visible picGrid") != "true" ? Press("Alt+f p")
-                   : std::isdigit(place[0]) ? PointAndClick(place + " " + name, action)
-                                            : PointAndClick(Ask("place chkParam") + " chkParam", action);
+                                                                       : PointAndClick(Place(name), name);
         }
-        PointAndClick(Ask("target " + std::to_string(action.Target)), action);
+        const std::string target = Ask("target " + std::to_string(RandomBelow(10000)));
+        PointAndClick(OnScreen(target), target.substr(target.rfind(' ') + 1));
     }
 
     // To a question, as a user would.
-    void Reply(const Action& action, const std::string& modal) {
-        if (modal == "QFileDialog" && action.X % 8 != 0) {
+    void Reply(const std::string& modal) {
+        if (modal == "QFileDialog" && RandomBelow(8) != 0) {
             // For whoever opens it: a project that can be solved.
-            std::filesystem::copy_file(PLENAIR_SAMPLE, OneOf(kFiles, 0),
+            std::filesystem::copy_file(PLENAIR_SAMPLE, "monkey1.gsp",
                                        std::filesystem::copy_options::overwrite_existing);
-            return Write(OneOf(kFiles, action.Target), "Return");
+            return Write(OneOf(kFiles), "Return");
         }
         if (modal == "QInputDialog") {
-            return Write(OneOf(kPaths, action.Target), "Return");
+            return Write(OneOf(kPaths), "Return");
         }
         if (modal == "frmAbout") {
             return Close("About Plenair");
@@ -203,40 +183,38 @@ class Monkey : public DesktopTest {
         // It mostly keeps what it has, to come further with it.
         const bool isRefused =
             asked.find("delete") != std::string::npos ||
-            (action.X % 4 != 0 && (asked.starts_with("Clear") || asked.starts_with("Do you")));
+            (RandomBelow(4) != 0 && (asked.starts_with("Clear") || asked.starts_with("Do you")));
         const bool isAnswered = modal == "QMessageBox" || modal == "frmInputs";
         if (asked.find("already exists") != std::string::npos && !isRefused) {
             return Press("Alt+y");
         }
-        Press(isAnswered && !isRefused ? OneOf(kAnswers, action.Target) : "Escape");
+        Press(isAnswered && !isRefused ? OneOf(kAnswers) : "Escape");
     }
 
-    // At a random place of what is at "LEFT TOP WIDTH HEIGHT NAME".
-    void PointAndClick(const std::string& target, const Action& action) {
-        int left = 0, top = 0, width = 0, height = 0;
-        std::string name;
-        if (!(std::istringstream(target) >> left >> top >> width >> height >> name) || width * height == 0) {
+    // At a random place of it.
+    void PointAndClick(const QRect& place, const std::string& name) {
+        if (place.isEmpty()) {
             return;
         }
-        const auto move = [&](unsigned across, unsigned down) {
-            const int x = static_cast<int>(across % static_cast<unsigned>(width));
-            const int y = static_cast<int>(down % static_cast<unsigned>(height));
-            TheScreen().MoveTo(left + x, top + y);
+        const auto move = [&] {
+            const int x = RandomBelow(place.width());
+            const int y = RandomBelow(place.height());
+            TheScreen().MoveTo(place.left() + x, place.top() + y);
             m_steps += " " + std::to_string(x) + "," + std::to_string(y);
         };
-        const unsigned kind = action.Kind / 100 % 20;
-        const int buttons[] = {1, 1, 1, 1, 1, 1, 3, 2, 4, 5}; // the last two are the wheel
-        const int button = buttons[kind / 2];
+        constexpr int kButtons[] = {1, 1, 1, 1, 1, 1, 3, 2, 4, 5}; // the last two are the wheel
+        const int button = kButtons[RandomBelow(std::size(kButtons))];
+        m_steps += "button " + std::to_string(button) + " on " + name;
+        move();
+        const int kind = RandomBelow(20);
         for (int times = kind == 0 ? 2 : 1; times > 0; --times, ++m_sent) {
-            m_steps += "button " + std::to_string(button) + " on " + name;
-            move(action.X, action.Y);
             TheScreen().Button(button, true);
-            if (kind == 2) {
-                move(action.Y, action.X);
+            if (kind == 1) { // a drag
+                move();
             }
             TheScreen().Button(button, false);
-            m_steps += "\n";
         }
+        m_steps += "\n";
     }
 
     void Press(const std::string& chords) {
@@ -261,6 +239,7 @@ class Monkey : public DesktopTest {
     }
 
     int m_patience;
+    std::minstd_rand m_random;
     std::string m_steps;
     int m_sent = 0; // keys and buttons, by one action
     int m_work = 0; // up to the last action
@@ -293,28 +272,27 @@ Outcome Shrunk(Outcome shortest) {
     return shortest;
 }
 
-// What tools/monkey asks for.
-std::string Asked(const char* name, const char* otherwise) {
-    const char* value = std::getenv(name);
-    return value != nullptr ? value : otherwise;
-}
-
+// tools/monkey sets the variables.
 TEST(Monkey, NothingItDoesBreaksWhatMustHold) {
-    using Clock = std::chrono::steady_clock;
-    const auto end =
-        Clock::now() + std::chrono::seconds(std::lround(std::stod(Asked("MONKEY_HOURS", "0")) * 3600));
-    auto seed = static_cast<unsigned>(std::stoul(Asked("MONKEY_SEED", "1")));
-    const Actions again = FromRow(Asked("MONKEY_ROW", ""));
+    const QDeadlineTimer end(std::lround(qEnvironmentVariable("MONKEY_HOURS").toDouble() * 3'600'000));
+    unsigned seed = qEnvironmentVariable("MONKEY_SEED", "1").toUInt();
+    std::istringstream row(qgetenv("MONKEY_ROW").toStdString());
+    const Actions again{std::istream_iterator<unsigned>(row), {}};
     do {
         std::cout << "seed " << seed << ": " << std::flush;
-        const Outcome outcome = Monkey(3000).Do(again.empty() ? Random(seed, 2000) : again);
+        Actions actions(2000);
+        std::generate(actions.begin(), actions.end(), std::mt19937(seed));
+        const Outcome outcome = Monkey(3000).Do(again.empty() ? actions : again);
         if (!outcome.Wrong.empty()) {
             const Outcome shortest = again.empty() ? Shrunk(outcome) : outcome;
+            std::ostringstream numbers;
+            std::copy(shortest.Done.begin(), shortest.Done.end(),
+                      std::ostream_iterator<unsigned>(numbers, " "));
             FAIL() << shortest.Wrong << "\nafter these actions:\n"
-                   << shortest.Steps << "once more: tools/monkey again '" << Row(shortest.Done) << "'";
+                   << shortest.Steps << "once more: tools/monkey again '" << numbers.str() << "'";
         }
         ++seed;
-    } while (Clock::now() < end);
+    } while (!end.hasExpired());
 }
 
 } // namespace

@@ -1,43 +1,17 @@
 #include "desktop/Screen.h"
 
+#include <QDebug>
+
 #include <X11/XKBlib.h>
-#include <X11/Xatom.h>
 #include <X11/Xutil.h>
 #include <X11/extensions/XTest.h>
 
 #include <algorithm>
-#include <chrono>
-#include <filesystem>
-#include <sstream>
 #include <stdexcept>
-#include <thread>
-
-#include <fcntl.h>
-#include <signal.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace plenair {
 
 namespace {
-
-std::vector<std::string> Split(const std::string& text, char mark) {
-    std::vector<std::string> parts;
-    std::istringstream stream(text);
-    for (std::string part; std::getline(stream, part, mark);) {
-        parts.push_back(part);
-    }
-    return parts;
-}
-
-std::vector<char*> Pointers(const std::vector<std::string>& texts) {
-    std::vector<char*> pointers;
-    for (const std::string& text : texts) {
-        pointers.push_back(const_cast<char*>(text.c_str()));
-    }
-    pointers.push_back(nullptr);
-    return pointers;
-}
 
 // A property of a window, as a list of numbers or as a text; empty if it isn't there.
 template <typename Items>
@@ -58,164 +32,94 @@ Items Property(Display* display, Window window, const char* name) {
     return items;
 }
 
-// A window may vanish while it is looked at.
-int PassOver(Display*, XErrorEvent*) {
-    return 0;
-}
-
 } // namespace
 
-bool Until(const std::function<bool()>& isTrue) {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(PatienceSeconds);
-    while (!isTrue()) {
-        if (std::chrono::steady_clock::now() > end) {
-            return false;
-        }
-        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+Screen::Screen(const QString& windowManager) {
+    XSetErrorHandler([](Display*, XErrorEvent*) { return 0; }); // a window may vanish while it is looked at
+    m_server.startCommand("Xvfb -displayfd 1 -screen 0 1280x1024x24 -nolisten tcp -noreset");
+    m_name = m_server.HasLine() ? ":" + m_server.readLine().trimmed() : QString();
+    m_display = XOpenDisplay(m_name.toUtf8());
+    if (m_display == nullptr) {
+        throw std::runtime_error("Xvfb does not start: " + m_server.readAllStandardError().toStdString());
     }
-    return true;
-}
-
-Child::Child(const std::vector<std::string>& words, const std::vector<std::string>& environment, int handle,
-             const std::string& log)
-    : m_id(fork()) {
-    if (m_id == 0) {
-        const int output = open(log.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0600);
-        dup2(output, 1);
-        dup2(output, 2);
-        if (handle >= 0) {
-            fcntl(handle, F_SETFD, 0);
-        }
-        execvpe(words.front().c_str(), Pointers(words).data(), Pointers(environment).data());
-        _exit(127);
-    }
-}
-
-Child::~Child() {
-    if (!HasEnded()) {
-        kill(m_id, SIGTERM);
-        if (!Until([this] { return HasEnded(); })) {
-            kill(m_id, SIGKILL);
-        }
-    }
-}
-
-bool Child::HasEnded() {
-    if (m_id > 0 && waitpid(m_id, &m_status, WNOHANG) != 0) {
-        m_id = 0;
-    }
-    return m_id == 0;
-}
-
-void Child::Kill() {
-    if (!HasEnded()) {
-        kill(m_id, SIGKILL);
-        Until([this] { return HasEnded(); });
-    }
-}
-
-Screen::Screen(const std::string& windowManager, const std::string& size) {
-    XSetErrorHandler(PassOver);
-    StartServer(size);
     XkbSetAutoRepeatRate(m_display, XkbUseCoreKbd, 150, 10);
     // xfwm4 reads its settings over a session's bus, and only a desktop has one.
-    const std::string bus = "unix:path=" + m_home.File("bus");
-    m_bus = std::make_unique<Child>(
-        std::vector<std::string>{"dbus-daemon", "--session", "--nofork", "--nopidfile", "--address=" + bus},
-        Environment(), -1, m_home.File("bus.log"));
-    Until([this] { return m_bus->HasEnded() || std::filesystem::exists(m_home.File("bus")); });
-    std::vector<std::string> environment = Environment();
-    environment.push_back("DBUS_SESSION_BUS_ADDRESS=" + bus);
-    m_manager =
-        std::make_unique<Child>(Split(windowManager, ' '), environment, -1, m_home.File("manager.log"));
+    m_bus.setEnvironment(Environment());
+    m_bus.startCommand("dbus-daemon --session --nofork --nopidfile --print-address");
+    m_busAddress = m_bus.HasLine() ? "DBUS_SESSION_BUS_ADDRESS=" + m_bus.readLine().trimmed() : "";
+    m_manager.setEnvironment(Environment() << m_busAddress);
+    m_manager.startCommand(windowManager);
     const bool isManaged = Until([this] {
         const auto window = Numbers(Root(), "_NET_SUPPORTING_WM_CHECK");
         return !window.empty() && window == Numbers(window[0], "_NET_SUPPORTING_WM_CHECK");
     });
     if (!isManaged) {
-        throw std::runtime_error(windowManager + " does not start: " + ReadFile(m_home.File("manager.log")));
+        throw std::runtime_error("no window manager: " + m_manager.readAllStandardError().toStdString());
     }
 }
 
 Screen::~Screen() {
-    m_manager.reset();
     XCloseDisplay(m_display);
 }
 
-void Screen::StartServer(const std::string& size) {
-    int ends[2] = {};
-    if (pipe2(ends, O_CLOEXEC) != 0) {
-        throw std::runtime_error("no pipe");
-    }
-    m_server = std::make_unique<Child>(std::vector<std::string>{"Xvfb", "-displayfd", std::to_string(ends[1]),
-                                                                "-screen", "0", size + "x24", "-nolisten",
-                                                                "tcp", "-noreset"},
-                                       Environment(), ends[1], m_home.File("server.log"));
-    close(ends[1]);
-    m_name = ":";
-    for (char digit = 0; read(ends[0], &digit, 1) == 1 && digit != '\n';) {
-        m_name += digit;
-    }
-    close(ends[0]);
-    m_display = m_name.size() > 1 ? XOpenDisplay(m_name.c_str()) : nullptr;
-    if (m_display == nullptr) {
-        throw std::runtime_error("Xvfb does not start: " + ReadFile(m_home.File("server.log")));
-    }
+OtherWindow::OtherWindow(const QRect& place)
+    : m_id(XCreateSimpleWindow(TheScreen().Connection(), TheScreen().Root(), place.x(), place.y(),
+                               static_cast<unsigned>(place.width()), static_cast<unsigned>(place.height()), 0,
+                               0, 0x808080)) {
+    XSizeHints hints = {};
+    hints.flags = USPosition; // where it was made
+    XSetWMNormalHints(TheScreen().Connection(), m_id, &hints);
+}
+
+OtherWindow::~OtherWindow() {
+    XDestroyWindow(TheScreen().Connection(), m_id);
+    XSync(TheScreen().Connection(), False);
+}
+
+void OtherWindow::Set(const char* property, unsigned long type, const std::vector<long>& values) const {
+    XChangeProperty(TheScreen().Connection(), m_id, XInternAtom(TheScreen().Connection(), property, False),
+                    type, 32, PropModeReplace, reinterpret_cast<const unsigned char*>(values.data()),
+                    static_cast<int>(values.size()));
+}
+
+void OtherWindow::Show() const {
+    XMapWindow(TheScreen().Connection(), m_id);
+    XSync(TheScreen().Connection(), False);
 }
 
 std::string Screen::Pasted(const std::string& form) const {
-    const Window window = XCreateSimpleWindow(m_display, Root(), 0, 0, 1, 1, 0, 0, 0);
+    const OtherWindow window;
     const auto atom = [this](const std::string& name) { return XInternAtom(m_display, name.c_str(), False); };
-    XConvertSelection(m_display, atom("CLIPBOARD"), atom(form), atom("PASTED"), window, CurrentTime);
+    XConvertSelection(m_display, atom("CLIPBOARD"), atom(form), atom("PASTED"), window.Id(), CurrentTime);
     XEvent event = {};
-    Until([&] { return XCheckTypedWindowEvent(m_display, window, SelectionNotify, &event) != 0; });
-    const std::string pasted =
-        event.xselection.property != None ? Property<std::string>(m_display, window, "PASTED") : "";
-    XDestroyWindow(m_display, window);
-    return pasted;
+    Until([&] { return XCheckTypedWindowEvent(m_display, window.Id(), SelectionNotify, &event) != 0; });
+    return Property<std::string>(m_display, window.Id(), "PASTED");
 }
 
-std::vector<std::string> Screen::Environment() const {
-    std::vector<std::string> all = {
-        "DISPLAY=" + m_name, "HOME=" + m_home.Path(), "XDG_RUNTIME_DIR=" + m_home.Path(),
-        "LC_ALL=C.UTF-8",    "NO_AT_BRIDGE=1",        "GSETTINGS_BACKEND=memory"};
-    for (const std::string name : {"PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS"}) {
-        if (const char* value = getenv(name.c_str()); value != nullptr) {
-            all.push_back(name + "=" + value);
-        }
-    }
-    return all;
+QStringList Screen::Environment() const {
+    const QRegularExpression passedOn("^(PATH|ASAN_OPTIONS|UBSAN_OPTIONS)=");
+    return QProcess::systemEnvironment().filter(passedOn)
+           << "DISPLAY=" + m_name << "HOME=" + m_home.path() << "XDG_RUNTIME_DIR=" + m_home.path()
+           << "LC_ALL=C.UTF-8"
+           << "NO_AT_BRIDGE=1"
+           << "GSETTINGS_BACKEND=memory";
 }
 
 void Screen::Key(const std::string& name, bool down) {
-    const KeySym symbol = XStringToKeysym(name.c_str());
-    const KeyCode code = XKeysymToKeycode(m_display, symbol);
-    if (code == 0) {
-        throw std::runtime_error("no key " + name);
-    }
+    const KeyCode code = XKeysymToKeycode(m_display, XStringToKeysym(name.c_str()));
     XTestFakeKeyEvent(m_display, code, down ? True : False, 0);
     XSync(m_display, False);
 }
 
 int Screen::Chord(const std::string& chord) {
-    std::vector<std::string> keys;
-    for (const std::string& word : Split(chord, '+')) {
-        keys.push_back(word == "Alt" || word == "Shift" || word == "Control" ? word + "_L" : word);
+    QStringList keys = QString::fromStdString(chord).split('+');
+    keys.replaceInStrings(QRegularExpression("^(Alt|Shift|Control)$"), "\\1_L");
+    const KeySym last = XStringToKeysym(keys.back().toUtf8());
+    if (XkbKeycodeToKeysym(m_display, XKeysymToKeycode(m_display, last), 0, 0) != last) {
+        keys.prepend("Shift_L");
     }
-    const KeySym last = XStringToKeysym(keys.back().c_str());
-    const KeyCode code = XKeysymToKeycode(m_display, last);
-    int perCode = 0;
-    KeySym* symbols = XGetKeyboardMapping(m_display, code, 1, &perCode);
-    if (perCode > 1 && symbols[0] != last && symbols[1] == last) {
-        keys.insert(keys.begin(), "Shift_L");
-    }
-    XFree(symbols);
-    for (auto key = keys.begin(); key != keys.end(); ++key) {
-        Key(*key, true);
-    }
-    for (auto key = keys.rbegin(); key != keys.rend(); ++key) {
-        Key(*key, false);
-    }
+    std::for_each(keys.begin(), keys.end(), [this](const QString& key) { Key(key.toStdString(), true); });
+    std::for_each(keys.rbegin(), keys.rend(), [this](const QString& key) { Key(key.toStdString(), false); });
     return static_cast<int>(keys.size());
 }
 
@@ -229,56 +133,59 @@ void Screen::Button(int button, bool down) {
     XSync(m_display, False);
 }
 
+std::vector<unsigned long> Screen::Stack() const {
+    const auto stack = Numbers(Root(), "_NET_CLIENT_LIST_STACKING");
+    return stack.empty() ? Numbers(Root(), "_NET_CLIENT_LIST") : stack; // as of xfwm4 with one window
+}
+
 std::string Screen::Windows() const {
-    const Window root = Root();
-    const auto active = Numbers(root, "_NET_ACTIVE_WINDOW");
-    std::string list;
-    for (const Window window : Numbers(root, "_NET_CLIENT_LIST_STACKING")) {
-        XWindowAttributes look = {};
-        int x = 0;
-        int y = 0;
-        Window child = 0;
-        XGetWindowAttributes(m_display, window, &look);
-        XTranslateCoordinates(m_display, window, root, 0, 0, &x, &y, &child);
-        const bool isActive = !active.empty() && active[0] == window;
-        std::ostringstream line;
-        line << Property<std::string>(m_display, window, "_NET_WM_NAME") << (isActive ? "*" : "") << ' ' << x
-             << ',' << y << ' ' << look.width << 'x' << look.height;
-        list += (list.empty() ? "" : "; ") + line.str();
+    QString list;
+    QDebug words(&list);
+    for (const Window window : Stack()) {
+        words.noquote() << Property<std::string>(m_display, window, "_NET_WM_NAME").c_str()
+                        << (HasKeyboard(window) ? "*" : "") << Client(window) << ' ';
     }
-    return list;
+    return list.toStdString();
 }
 
-void Screen::OpenOther() {
-    m_other = XCreateSimpleWindow(m_display, Root(), 0, 600, 200, 100, 0, 0, 0);
-    XSizeHints place = {};
-    place.flags = USPosition | USSize;
-    place.x = 0;
-    place.y = 600;
-    XSetWMNormalHints(m_display, m_other, &place);
-    XMapWindow(m_display, m_other);
-    Until([this] { return IsUpToDate(m_other); });
+unsigned long Screen::Find(const std::string& title) const {
+    const auto stack = Stack();
+    const auto found = std::find_if(stack.begin(), stack.end(), [&](Window window) {
+        return Property<std::string>(m_display, window, "_NET_WM_NAME") == title;
+    });
+    return found != stack.end() ? *found : 0;
 }
 
-void Screen::CloseOther() {
-    XDestroyWindow(m_display, m_other);
-    XSync(m_display, False);
+QRect Screen::Client(unsigned long window) const {
+    XWindowAttributes look = {};
+    if (window == 0 || XGetWindowAttributes(m_display, window, &look) == 0 || look.map_state != IsViewable ||
+        (look.override_redirect == False && Numbers(window, "WM_STATE").empty())) {
+        return {};
+    }
+    int x = 0;
+    int y = 0;
+    Window child = 0;
+    XTranslateCoordinates(m_display, window, Root(), 0, 0, &x, &y, &child);
+    return {x, y, look.width, look.height};
 }
 
 void Screen::AwaitManager() {
     // It answers in the order in which it is told of things, and this question has an answer that can be
     // seen.
-    const Window root = Root();
-    const Window asking = XCreateSimpleWindow(m_display, root, 0, 0, 1, 1, 0, 0, 0);
-    Tell(root, asking, "_NET_REQUEST_FRAME_EXTENTS", {});
-    if (!Until([&] { return !Numbers(asking, "_NET_FRAME_EXTENTS").empty(); })) {
+    const OtherWindow asking;
+    Tell(Root(), asking.Id(), "_NET_REQUEST_FRAME_EXTENTS", {});
+    if (!Until([&] { return !Numbers(asking.Id(), "_NET_FRAME_EXTENTS").empty(); })) {
         throw std::runtime_error("the window manager does not answer");
     }
-    XDestroyWindow(m_display, asking);
 }
 
 std::vector<unsigned long> Screen::Numbers(unsigned long window, const char* property) const {
     return Property<std::vector<unsigned long>>(m_display, window, property);
+}
+
+bool Screen::Holds(unsigned long window, const char* property, const char* name) const {
+    const auto names = Numbers(window, property);
+    return std::count(names.begin(), names.end(), XInternAtom(m_display, name, False)) > 0;
 }
 
 unsigned long Screen::Root() const {
@@ -306,30 +213,30 @@ bool Screen::IsPointerFree() {
     return answer == GrabSuccess;
 }
 
+bool Screen::HasKeyboard(unsigned long window) const {
+    const auto active = Numbers(Root(), "_NET_ACTIVE_WINDOW");
+    return window != 0 && !active.empty() && active[0] == window;
+}
+
 bool Screen::IsUpToDate(unsigned long active) const {
-    const Window root = Root();
-    const auto windows = Numbers(root, "_NET_CLIENT_LIST");
-    const auto known = Numbers(root, "_NET_ACTIVE_WINDOW");
-    return (active == 0 || (!known.empty() && known[0] == active)) &&
-           std::all_of(windows.begin(), windows.end(), [this](Window window) {
-               XWindowAttributes look = {};
-               return XGetWindowAttributes(m_display, window, &look) != 0 && look.map_state == IsViewable;
-           });
+    const auto windows = Numbers(Root(), "_NET_CLIENT_LIST");
+    return (active == 0 || HasKeyboard(active)) &&
+           std::none_of(windows.begin(), windows.end(),
+                        [this](Window window) { return Client(window).isEmpty(); });
 }
 
 void Screen::Close(const std::string& title) {
-    for (const Window window : Numbers(Root(), "_NET_CLIENT_LIST")) {
-        if (Property<std::string>(m_display, window, "_NET_WM_NAME") == title) {
-            const Atom close = XInternAtom(m_display, "WM_DELETE_WINDOW", False);
-            Tell(window, window, "WM_PROTOCOLS", {static_cast<long>(close)});
-        }
+    if (const Window window = Find(title); window != 0) {
+        const Atom close = XInternAtom(m_display, "WM_DELETE_WINDOW", False);
+        Tell(window, window, "WM_PROTOCOLS", {static_cast<long>(close)});
     }
 }
 
-std::string Screen::SavePicture(const std::string& path) const {
-    Child import({"import", "-window", "root", path}, Environment());
-    Until([&import] { return import.HasEnded(); });
-    return path;
+void Screen::Run(const QString& command) const {
+    Child program;
+    program.setEnvironment(Environment());
+    program.startCommand(command);
+    program.waitForFinished(kPatience);
 }
 
 } // namespace plenair

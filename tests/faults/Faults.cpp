@@ -67,17 +67,15 @@ bool Fails(What what, const char* name = __builtin_FUNCTION()) {
     return true;
 }
 
+// What the call does when nothing goes wrong.
 template <typename Function>
-Function* Next(Function*& next, const char* name) {
-    if (next == nullptr) {
-        next = reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
-    }
-    return next;
+Function* Next(const char* name) {
+    return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
 }
 
 template <typename Buffer>
-ssize_t Move(ssize_t (*next)(int, Buffer*, size_t), int file, Buffer* bytes, size_t count,
-             const char* name = __builtin_FUNCTION()) {
+ssize_t Move(int file, Buffer* bytes, size_t count, const char* name = __builtin_FUNCTION()) {
+    auto* const next = Next<ssize_t(int, Buffer*, size_t)>(name);
     if (!IsDue(file, name)) {
         return next(file, bytes, count);
     }
@@ -136,8 +134,7 @@ const char* StruckCall() {
 
 #define CALL(result, name, parameters, arguments, concerned, ...)                                            \
     result name parameters __VA_ARGS__ {                                                                     \
-        static result(*s_next) parameters = nullptr;                                                         \
-        return Fails(concerned) ? -1 : Next(s_next, #name) arguments;                                        \
+        return Fails(concerned) ? -1 : Next<result parameters>(#name) arguments;                             \
     }
 
 CALL(int, stat, (const char* path, struct stat* status), (path, status), path, noexcept)
@@ -157,26 +154,24 @@ CALL(int, rename, (const char* from, const char* to), (from, to), from, noexcept
 CALL(ssize_t, readlink, (const char* path, char* buffer, size_t size), (path, buffer, size), path, noexcept)
 
 int fsync(int file) {
-    static int (*s_next)(int) = nullptr;
     if (Fails(file, Concerns(file) && FileOf(file)->isFolder ? "fsync of a folder" : "fsync")) {
         return -1;
     }
     if (Concerns(file)) {
         FileOf(file)->isDirty = false;
     }
-    return Next(s_next, "fsync")(file);
+    return Next<int(int)>("fsync")(file);
 }
 
 // The file is closed in any case, as Linux does it.
 int close(int file) {
-    static int (*s_next)(int) = nullptr;
     const bool fails = Fails(file);
     const int error = errno;
     if (s_fault == kPowerCut && Concerns(file) && FileOf(file)->isDirty) {
         FileOf(fcntl(file, F_DUPFD_CLOEXEC, 512))->isDirty = true; // for the power cut
     }
     Opened(file, nullptr);
-    const int result = Next(s_next, "close")(file);
+    const int result = Next<int(int)>("close")(file);
     if (fails) {
         errno = error;
     }
@@ -184,13 +179,13 @@ int close(int file) {
 }
 
 int fcntl(int file, int command, ...) {
-    static int (*s_next)(int, int, ...) = nullptr;
     va_list rest;
     va_start(rest, command);
     void* const argument = va_arg(rest, void*);
     va_end(rest);
     const bool isCopy = command == F_DUPFD_CLOEXEC && Concerns(file);
-    const int result = isCopy && Fails(file) ? -1 : Next(s_next, "fcntl")(file, command, argument);
+    const int result =
+        isCopy && Fails(file) ? -1 : Next<int(int, int, ...)>("fcntl")(file, command, argument);
     if (isCopy && result >= 0) {
         *FileOf(result) = {true, false, false};
     }
@@ -198,26 +193,25 @@ int fcntl(int file, int command, ...) {
 }
 
 ssize_t read(int file, void* bytes, size_t count) {
-    static ssize_t (*s_next)(int, void*, size_t) = nullptr;
-    return Move(Next(s_next, "read"), file, bytes, count);
+    return Move(file, bytes, count);
 }
 
 ssize_t write(int file, const void* bytes, size_t count) {
-    static ssize_t (*s_next)(int, const void*, size_t) = nullptr;
     if (Concerns(file)) {
         FileOf(file)->isDirty = true;
     }
-    return Move(Next(s_next, "write"), file, bytes, count);
+    return Move(file, bytes, count);
 }
 
 #define OPEN(name, parameters, arguments)                                                                    \
     int name parameters {                                                                                    \
-        static int(*s_next) parameters = nullptr;                                                            \
         va_list rest;                                                                                        \
         va_start(rest, flags);                                                                               \
         const mode_t mode = (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(rest, mode_t) : 0;                 \
         va_end(rest);                                                                                        \
-        return Fails(path) ? -1 : Opened(Next(s_next, #name) arguments, path, (flags & O_DIRECTORY) != 0);   \
+        return Fails(path)                                                                                   \
+                   ? -1                                                                                      \
+                   : Opened(Next<int parameters>(#name) arguments, path, (flags & O_DIRECTORY) != 0);        \
     }
 
 OPEN(open, (const char* path, int flags, ...), (path, flags, mode))

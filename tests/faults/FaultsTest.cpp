@@ -417,12 +417,7 @@ TEST_F(PlacesTest, RightsAreThoseOfTheOlderFileOrOfTheMask) {
     if (getuid() != 0) {
         GTEST_SKIP() << "needs root to make files of other users";
     }
-    struct Rights {
-        uid_t Owner;
-        gid_t Group;
-        mode_t Mode;
-        bool operator==(const Rights&) const = default;
-    };
+    using Rights = std::tuple<uid_t, gid_t, mode_t>;
     const struct {
         const char* Name;
         Rights Before;
@@ -437,7 +432,7 @@ TEST_F(PlacesTest, RightsAreThoseOfTheOlderFileOrOfTheMask) {
         {"for all but its group", {kOther, kShared, 0606}, kUser, {kUser, kUser, 0606}},
     };
     for (const auto& row : rows) {
-        Make(row.Before.Owner, row.Before.Group, row.Before.Mode);
+        std::apply([this](auto... rights) { Make(rights...); }, row.Before);
         EXPECT_TRUE(AsUser(row.UsersGroup, [&] { return Save(); })) << row.Name;
         struct stat now {};
         ASSERT_EQ(stat(m_chosen.c_str(), &now), 0);

@@ -3,12 +3,10 @@
 #include "platform/files/FileFailure.h"
 #include "project/model/ProjectBlocks.h"
 #include "project/model/ProjectModel.h"
+#include "support/TemporaryFolder.h"
 
 #include <array>
 #include <vector>
-
-#include <sys/mman.h>
-#include <unistd.h>
 
 // Project files: a plain reader of the format agrees on what each holds, and what was read and is written can
 // be read again to the same.
@@ -40,11 +38,11 @@ Block NumbersOf(const DuctRecord& duct) {
 }
 
 void Read(std::string_view text) {
-    static const int s_file = memfd_create("fuzz", MFD_CLOEXEC);
-    REQUIRE(ftruncate(s_file, 0) == 0 && pwrite(s_file, text.data(), text.size(), 0) >= 0);
+    static const TemporaryFolder s_folder;
+    WriteFile(s_folder.File("p.gsp"), std::string(text));
     StartReading();
     try {
-        ReadProjectText("/proc/self/fd/" + std::to_string(s_file));
+        ReadProjectText(s_folder.File("p.gsp"));
     } catch (const FileFailure&) {
         // What was read up to there stays.
     }
