@@ -140,9 +140,8 @@ void frmInputs::Form_Load() {
     LoadSettings();
     lblConfigFile->setText(ToQt(Settings.ConfigFile));
     txtDefPath->SetText(Settings.DefPath);
-    const auto basis = static_cast<std::size_t>(Settings.CalcBasis);
-    if (basis < optCalcBasis.size()) { // Lite has one more
-        optCalcBasis[basis]->SetOn();
+    if (Settings.CalcBasis >= 0 && Settings.CalcBasis < static_cast<int>(optCalcBasis.size())) {
+        optCalcBasis[static_cast<std::size_t>(Settings.CalcBasis)]->SetOn();
     }
     for (std::size_t i = 0; i < kNumberRows.size(); ++i) {
         const auto field = kNumberRows[i].Field;

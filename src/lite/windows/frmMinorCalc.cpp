@@ -213,6 +213,7 @@ void frmMinorCalc::SetTabStops() {
 void frmMinorCalc::Form_Load() {
     SetFolded(true);
     MoveRightEdgeTo(ScreenWidth(), kTop);
+    SetCurrentCell(0, 0);
     for (MSFlexGrid* grid : {grdMinorCalc, grdOtherShapes}) {
         const bool round = grid == grdOtherShapes;
         const double width = round ? 3015 : 2895;
@@ -305,6 +306,7 @@ void frmMinorCalc::txtCalcBasis_KeyPress(int character) {
 }
 
 void frmMinorCalc::optCalcBasis_Click(int index) {
+    TxtCalcBasis(index)->setEnabled(true);
     for (int other = 0; other < kBases; ++other) {
         TxtCalcBasis(other)->setEnabled(other == index);
     }
@@ -379,7 +381,9 @@ void frmMinorCalc::SetCurrentCell(int row, int column) {
 }
 
 std::string frmMinorCalc::BasisText(int index) const {
-    return TxtCalcBasis(index)->Text();
+    // The settings file may name a basis that there is no box for.
+    const auto box = txtCalcBasis.find(index);
+    return box != txtCalcBasis.end() ? box->second->Text() : std::string();
 }
 
 std::string frmMinorCalc::MinorCell(int row, int column) const {

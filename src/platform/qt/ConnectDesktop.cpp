@@ -46,7 +46,9 @@ NumberLocale DesktopNumbers() {
     NumberLocale numbers;
     numbers.DecimalMark = FromQt(desktop.decimalPoint());
     numbers.GroupMark = FromQt(desktop.groupSeparator());
-    const QStringList groups = desktop.toString(1000000000LL).split(desktop.groupSeparator());
+    QLocale plain(desktop);
+    plain.setNumberOptions(QLocale::DefaultNumberOptions);
+    const QStringList groups = plain.toString(1000000000LL).split(desktop.groupSeparator());
     if (groups.size() >= 3) {
         numbers.FirstGroup = static_cast<int>(groups[groups.size() - 1].size());
         numbers.OtherGroups = static_cast<int>(groups[groups.size() - 2].size());

@@ -85,7 +85,7 @@ bool ShowFileDialog(DialogKind kind, CommonDialog& properties) {
     while (dialog.exec() == QDialog::Accepted) {
         CommonDialog chosen = properties;
         chosen.FileName = FromQt(ChosenFile(dialog));
-        if (kind == DialogKind::Save) { // the question of replacing is about that name
+        if (kind == DialogKind::Save || !QFileInfo::exists(ToQt(chosen.FileName))) {
             chosen.FileName = WithDefaultExt(chosen);
         }
         if (MayTake(kind, dialog.windowTitle(), ToQt(chosen.FileName), properties.Flags)) {

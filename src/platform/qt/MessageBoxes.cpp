@@ -79,6 +79,7 @@ void WidenToTitle(QMessageBox& box) {
 MessageAnswer AskByMessageBox(const MessageRequest& request) {
     const PointerForTheUser pointer;
     QMessageBox box(WindowInUse());
+    box.setFont(FormFont());
     box.setWindowTitle(ToQt(request.Title));
     box.setTextFormat(Qt::PlainText);
     box.setText(ToQt(request.Text));

@@ -43,7 +43,7 @@ frmMajorCalc::frmMajorCalc(SheetWindow& sheet)
     CreateButtons();
     picGrid = new PictureBox("picGrid", m_picture, Client());
     picGrid->setAccessibleName("Network");
-    picGrid->ItemCount = [] { return DuctCount; };
+    picGrid->ItemCount = [] { return std::max<int>(DuctCount, 0); };
     picGrid->ItemText = [](int index) { return DuctInWords(static_cast<std::int16_t>(index + 1)); };
     picGrid->MouseDown = [this](Qt::MouseButton button, float x, float y) {
         picGrid_MouseDown(button, x, y);

@@ -4,6 +4,7 @@
 #include "platform/qt/FocusEvents.h"
 #include "platform/qt/FormFont.h"
 #include "platform/qt/Labels.h"
+#include "platform/qt/Panels.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/SurfacePainter.h"
 #include "platform/qt/Twips.h"
@@ -17,6 +18,7 @@
 #include <QPalette>
 #include <QPoint>
 #include <QRect>
+#include <QScreen>
 #include <QString>
 #include <QWidget>
 #include <QWindow>
@@ -41,11 +43,13 @@ QColor BlueOn(const QColor& background) {
     return background.lightness() < 128 ? QColor(140, 170, 255) : QColor(0, 0, 255);
 }
 
-// At the top right corner of the grid. The room above is for a title bar of the solver; where that is higher,
-// the grid is the measure.
-Spot OnGrid(QPoint solver, const QRect& grid) {
+// At the top right corner of the grid, as far as it can be seen. The room above is for a title bar of the
+// solver; where that is higher, the grid is the measure.
+Spot OnGrid(QPoint solver, const QRect& grid, const QRect& visible) {
     const int top = solver.y() + ToPixelsY(kGridTop + kBelowGrid);
-    return {{solver.x() + grid.width(), std::max(top, grid.top())}, Spot::Part::TopRight};
+    return {{std::min(solver.x() + grid.width(), visible.right() + 1),
+             std::max({top, grid.top(), visible.top()})},
+            Spot::Part::TopRight};
 }
 
 void SetColour(QWidget* widget, QPalette::ColorRole role, const QColor& colour) {
@@ -130,14 +134,15 @@ void frmMajorParam::Form_Load(SolverWindow& solver, const QWidget& grid) {
                  WholePixels(Width(), TwipsPerPixelX()), WholePixels(Height(), TwipsPerPixelY()),
                  SWP_NOACTIVATE);
     windowHandle()->setTransientParent(grid.window()->windowHandle());
+    ShowDuctSheet(*m_windows, SheetDuct(*m_windows));
 }
 
 void frmMajorParam::PlaceOnGrid() {
-    // Where the grid really is shows only when the solver is on the screen: panels push it, and its title bar
-    // may be higher than the room left for it.
+    // Where the grid really is, and how much of it can be seen, shows only when the solver is on the screen:
+    // panels cover or push it, and its title bar may be higher than the room left for it.
     const auto* solver = qobject_cast<const Form*>(m_grid->window());
     const QRect grid(solver->geometry().topLeft() + m_grid->mapTo(solver, QPoint()), m_grid->size());
-    PutOn(OnGrid(solver->Corner(), grid));
+    PutOn(OnGrid(solver->Corner(), grid, FreeArea(*solver->screen())));
 }
 
 void frmMajorParam::Show() {

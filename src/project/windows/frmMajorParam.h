@@ -22,7 +22,8 @@ class frmMajorParam : public Form, public SheetWindow {
   public:
     frmMajorParam();
 
-    // Ties the sheet to its solver, and places it in the top right corner of the grid.
+    // Ties the sheet to its solver, places it in the top right corner of the grid, and shows the present
+    // duct.
     void Form_Load(SolverWindow& solver, const QWidget& grid);
 
     bool IsVisible() const override { return isVisible(); }
