@@ -190,7 +190,10 @@ TEST_F(Controls, OtherWindowsOfTheProgramCount) {
     Play("| events: ");
     m_second->setFocus();
     Activate(m_form);
+    m_other.AddKeys({QKeySequence("Ctrl+K")}, [this] { m_events += " key"; });
     Play("| focus: first; events: ");
+    Activate(m_other);
+    Play("Ctrl+K | events:  lost first key");
 }
 
 TEST_F(Controls, TheClickThatWakesLeavesTheWholeTextSelected) {
@@ -239,10 +242,9 @@ TEST_F(Controls, TheSmallWindowOfAnother) {
         Activate(m_foreign);
         emit qApp->applicationStateChanged(state);
         m_form.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(state == Qt::ApplicationActive ? &m_form : &tool));
+        QWidget* const expected = state == Qt::ApplicationActive ? &m_form : &tool;
+        EXPECT_TRUE(QTest::qWaitFor([=] { return QApplication::activeWindow() == expected; })) << state;
     }
-    QTest::mouseClick(m_form.windowHandle(), Qt::LeftButton); // it was meant for this one
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&m_form));
     QDialog dialog(&m_form);
     for (Form* below : {&tool, &tool, &m_form}) {
         tool.setVisible(below == &tool);

@@ -213,6 +213,7 @@ TEST_F(SolverWindows, TabsArrowsAndEnterOnTheSheet) {
         Down | selected: txtParam(8) 0
         Return Escape | focus: txtParam(8)
         Tab | focus: chkFollowOn
+        Alt+F | checked chkFollowOn: false
         Tab | focus: scrDuctNo
         Right | duct: R2 #ff0000
         Left | duct: R1 #ff0000
