@@ -106,6 +106,7 @@ TEST_F(ProjectTest, KeysDrawLikeClicks) {
     EXPECT_EQ(press({kKeyEnd, kKeyPageDown, kKeyRight, kKeyDownArrow}), (Crossing{40, 30}));
     press({kKeySpace});
     PointAtGrid(windows, {3 * P - 20, 4 * Q + 20});
+    EXPECT_EQ(solver.cross, (Point{3 * P, 4 * Q}));
     EXPECT_EQ(press({kKeyLeft}), (Crossing{2, 4}));
     press({kKeySpace});
     EXPECT_FALSE(PressGridKey(windows, 'A', false));

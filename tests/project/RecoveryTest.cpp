@@ -101,7 +101,9 @@ TEST_F(RecoveryTest, BringsBackEveryBit) {
     // says.
     Play(R"(?Yes ?=nowhere/x.gsp Close ?Yes Open | state: 1 of x.gsp, sheet
             ?Yes ?- Close | files: 0
-            Open #0,0 #2,0 Second ?Yes ?=x.gsp ?Ok Close | files: 0
+            Open #0,0 #2,0 #4,0 Less Undo | state: 2, sheet
+            Less Second ?=y.gsp ?Ok Save Second Crash ?Yes Open | state: 1 of y.gsp, sheet
+            ?Yes ?=x.gsp ?Ok Close | files: 0
             Open)");
 }
 
