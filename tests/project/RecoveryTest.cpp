@@ -104,7 +104,7 @@ TEST_F(RecoveryTest, BringsBackEveryBit) {
             Open #0,0 #2,0 #4,0 Less Undo | state: 2, sheet
             Less Second ?=y.gsp ?Ok Save Second Crash ?Yes Open | state: 1 of y.gsp, sheet
             ?Yes ?=x.gsp ?Ok Close | files: 0
-            Open)");
+            Open ?=y.gsp Load Undo | state: 0, sheet)");
 }
 
 // Each second at most, and only from one whole state to the next.
