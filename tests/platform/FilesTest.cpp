@@ -10,17 +10,12 @@
 
 namespace {
 
-class TextFiles : public testing::Test {
-  protected:
-    std::string File(const std::string& name) const { return m_folder.File(name); }
-
-    TemporaryFolder m_folder;
-};
+class TextFiles : public ProgramTest {};
 
 TEST_F(TextFiles, EndlessItemsAndWhatIsNoFileAreNotRead) {
     ASSERT_EQ(mkfifo(File("pipe").c_str(), 0600), 0);
     std::vector<std::pair<std::string, const char*>> rows = {{File("missing"), "No such file or directory"},
-                                                             {m_folder.Path(), "Is a directory"},
+                                                             {environment.Folder().Path(), "Is a directory"},
                                                              {File("pipe"), "Not a regular file"},
                                                              {File("empty"), "Unexpected end of file"}};
     WriteFile(File("empty"), "");
@@ -75,7 +70,7 @@ TEST_F(TextFiles, WhatAKilledProgramLeftBehindIsRemoved) {
     WriteFile(File(gone + "-0.tmp"), "");
     WriteFile(File(ours), "of one with the number of this one");
     WriteWholeFile(File("kept"), "new");
-    EXPECT_EQ(m_folder.Names(), kept);
+    EXPECT_EQ(environment.Folder().Names(), kept);
     close(writer);
 }
 
