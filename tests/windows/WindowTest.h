@@ -37,17 +37,6 @@ inline std::string ColourAt(const QImage& image, int x, int y) {
     return image.pixelColor((QPointF(x, y) * image.devicePixelRatio()).toPoint()).name().toStdString();
 }
 
-// What `textOf` gives of each item, unless that is empty, with `between` between them.
-template <typename Items, typename TextOf>
-std::string Joined(const Items& items, const TextOf& textOf, const char* between = " ") {
-    std::string joined;
-    for (const auto& item : items) {
-        const std::string text = textOf(item);
-        joined += (joined.empty() || text.empty() ? "" : between) + text;
-    }
-    return joined;
-}
-
 // The Lite window, started as the program starts it. This month's reminder is done, and a settings file of
 // the defaults is there, unless a test does otherwise before Start.
 class WindowTest : public ProgramTest {
