@@ -125,6 +125,7 @@ TEST_F(Focus, UpAndDownStepOnceAtTheRelease) {
         const int before = Presses();
         TheScreen().Key(key, true);
         AwaitThat("the key repeats", [&] { return Presses() > before + 15; });
+        EXPECT_NE(Ask("text txtInputB"), height) << "not before the release";
         TheScreen().Key(key, false);
         Await("selected", "txtInputB " + height);
         Key("Shift_L"); // nothing comes after it

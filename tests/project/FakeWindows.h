@@ -82,11 +82,7 @@ class FakeSheet : public SheetWindow {
 
     // The texts of all boxes, divided by blanks.
     std::string AllTexts() const {
-        std::string all;
-        for (const auto& [box, text] : texts) {
-            all += (box == SheetBox::Flow ? "" : " ") + text;
-        }
-        return all;
+        return Joined(texts, [](const auto& box) { return box.second; });
     }
 
     bool visible = false;

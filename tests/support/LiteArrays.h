@@ -27,7 +27,7 @@ class LiteArrays : public LiteWindow {
     void EnableRecordLog(bool enabled) override { canRecordLog = enabled; }
     CommonDialog& Dialog() override { return dialog; }
 
-    // The cells of a row with blanks between; empty for an empty row.
+    // The cells of a row with blanks between.
     std::string Row(int row) const { return Joined(cells.at(At(row))); }
     std::string RoundDuct() const { return Joined(other); }
     // All rows and the round duct, with commas between.
@@ -55,14 +55,6 @@ class LiteArrays : public LiteWindow {
     static std::size_t At(int index) { return static_cast<std::size_t>(index); }
     std::string& Cell(int row, int column) { return cells.at(At(row)).at(At(column)); }
     const std::string& Cell(int row, int column) const { return cells.at(At(row)).at(At(column)); }
-
-    static std::string Joined(const std::array<std::string, 4>& texts) {
-        std::string joined;
-        for (const std::string& text : texts) {
-            joined += (joined.empty() || text.empty() ? "" : " ") + text;
-        }
-        return joined;
-    }
 };
 
 } // namespace plenair

@@ -7,6 +7,17 @@
 
 namespace plenair {
 
+// What `textOf` gives of each item, unless that is empty, with `between` between them.
+template <typename Items, typename TextOf = std::identity>
+std::string Joined(const Items& items, const TextOf& textOf = {}, const char* between = " ") {
+    std::string joined;
+    for (const auto& item : items) {
+        const std::string text = textOf(item);
+        joined += (joined.empty() || text.empty() ? "" : between) + text;
+    }
+    return joined;
+}
+
 // Plays a script: each line is a row of steps with blanks between, and behind a bar questions with the
 // answers that there must be then.
 //

@@ -6,6 +6,7 @@
 #include "platform/files/Folders.h"
 #include "platform/files/ProgramFolder.h"
 #include "platform/text/NumberText.h"
+#include "support/Script.h"
 
 #include <gtest/gtest.h>
 
@@ -70,11 +71,7 @@ bool ScriptedDesktop::Expect(const std::string& step, const std::string& folder)
 }
 
 std::string ScriptedDesktop::LogInOneLine() const {
-    std::string line;
-    for (const std::string& entry : Log) {
-        line += (line.empty() ? "" : ", ") + entry;
-    }
-    return line;
+    return Joined(Log, std::identity(), ", ");
 }
 
 std::string ScriptedDesktop::Next(const std::string& starts) {

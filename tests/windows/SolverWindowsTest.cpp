@@ -21,9 +21,9 @@ class SolverWindows : public SolverTest, public QObject {
             }
             return colours;
         };
-        questions["cross"] = [this] { // how much shows of the keyboard's cross
+        const auto cross = [this](Crossing place) { // how much shows of the keyboard's cross
             const QSize grid = Find("picGrid").size();
-            const auto [column, row] = Solver().Cross;
+            const auto [column, row] = place;
             int seen = 0;
             for (const QPoint arm : {QPoint(0, 0), {9, 0}, {-9, 0}, {0, 9}, {0, -9}}) {
                 seen += ColourAt(Grid(), grid.width() * column / kCellsAcross + arm.x(),
@@ -31,6 +31,8 @@ class SolverWindows : public SolverTest, public QObject {
             }
             return seen == 5 ? "whole" : seen == 0 ? "nothing" : "part";
         };
+        questions["cross"] = [=, this] { return cross(Solver().Cross); };
+        questions["old"] = [=] { return cross({3, 2}); };
         actions["new"] = [this] { // an empty project, as the solver is opened with
             for (const char* toggle : {"chkLabels", "chkParam", "optDuct(0)"}) {
                 Find<ToggleButton>(toggle).SetOn(std::string(toggle) != "chkParam");
@@ -111,7 +113,7 @@ TEST_F(SolverWindows, DrawingByTheKeyboardAndItsColours) {
         Shift+Tab | cross: whole
         @chkLabels #3,2 | cross: nothing
         Right Left | cross: whole
-        Right | cross: nothing
+        Right | cross: whole; old: nothing
         Left Ctrl+Right Space Escape Home Return PgDown Return | network: R 3,2-8,2 R 0,2-0,30
         !new)");
     DrawRow("RFC");

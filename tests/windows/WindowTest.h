@@ -48,17 +48,6 @@ std::string Across(const QImage& picture, int x, int y);
 // and its diff is what to look at.
 void ExpectAsInFile(const std::string& name, const std::string& seen);
 
-// What `textOf` gives of each item, unless that is empty, with `between` between them.
-template <typename Items, typename TextOf>
-std::string Joined(const Items& items, const TextOf& textOf, const char* between = " ") {
-    std::string joined;
-    for (const auto& item : items) {
-        const std::string text = textOf(item);
-        joined += (joined.empty() || text.empty() ? "" : between) + text;
-    }
-    return joined;
-}
-
 // The Lite window, started as the program starts it. This month's reminder is done, and a settings file of
 // the defaults is there, unless a test does otherwise before Start.
 class WindowTest : public ProgramTest {
