@@ -13,8 +13,10 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <cstdio>
 #include <ctime>
 #include <functional>
+#include <map>
 
 #include <sys/resource.h>
 #include <unistd.h>

@@ -1,6 +1,7 @@
 #include "desktop/Screen.h"
 
 #include <QDebug>
+#include <QRegularExpression>
 
 #include <X11/XKBlib.h>
 #include <X11/Xutil.h>
