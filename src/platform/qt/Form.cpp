@@ -249,6 +249,9 @@ bool Form::eventFilter(QObject* watched, QEvent* event) {
     }
     // What the user did may have queued up until the window is gone; then it is meant for nobody.
     if (!isVisible()) {
+        if (event->type() == QEvent::Expose && windowHandle()->isExposed()) {
+            plenair::TakeFromScreen(*windowHandle());
+        }
         return IsInput(event);
     }
     if (event->type() == QEvent::Expose && windowHandle()->isExposed() && !m_frame) {

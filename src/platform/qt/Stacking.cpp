@@ -119,6 +119,17 @@ void AwaitKeyboard() {
 #endif
 }
 
+void TakeFromScreen(QWindow& window) {
+#ifdef PLENAIR_XCB
+    if (xcb_connection_t* const server = Server()) {
+        xcb_unmap_window(server, static_cast<xcb_window_t>(window.winId()));
+        xcb_flush(server);
+    }
+#else
+    static_cast<void>(window);
+#endif
+}
+
 void KeepOffTaskBar(QWindow& window) {
 #ifdef PLENAIR_XCB
     if (xcb_connection_t* const server = Server()) {

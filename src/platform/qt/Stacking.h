@@ -14,6 +14,10 @@ void KeepDialogsAbove();
 // has it. Call once.
 void AwaitKeyboard();
 
+// Hides a native window that the desktop has shown although its widget is hidden: a window manager that was
+// busy when it heard of both may do so. The toolkit believes it hidden.
+void TakeFromScreen(QWindow& window);
+
 // Keeps a window that is about to be shown out of task bars.
 void KeepOffTaskBar(QWindow& window);
 
