@@ -275,9 +275,8 @@ TEST_F(Places, OfAWaylandDesktopTheXServerIsTaken) {
     Await("enabled mnuViewOnTop", "true");
     Kill();
     DesktopTest::Start({"DISPLAY=", display});
-    Play("| enabled mnuViewOnTop: false; toolTipsVisible mnuView: true; toolTip mnuViewOnTop: A Wayland "
-         "desktop "
-         "lets no program hold its window above the others.");
+    Play("| enabled mnuViewOnTop: false; toolTipsVisible mnuView: true\n"
+         "| toolTip mnuViewOnTop: A Wayland desktop lets no program hold its window above the others.");
 }
 
 } // namespace
