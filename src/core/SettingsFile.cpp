@@ -26,7 +26,7 @@ const std::string kDefaultFile = "User.cfg";
 double ReadNumber(ItemReader& file) {
     const auto number = NumberFromText(file.ReadText(), Mark::Point);
     if (!number) {
-        throw ContentFailure("an item that should be a number is none");
+        throw ContentFailure();
     }
     return *number;
 }
@@ -34,7 +34,7 @@ double ReadNumber(ItemReader& file) {
 std::int16_t ReadWholeNumber(ItemReader& file) {
     const double whole = std::nearbyint(ReadNumber(file));
     if (whole < -32768.0 || whole > 32767.0) {
-        throw ContentFailure("an item is too large for a whole number");
+        throw ContentFailure();
     }
     return static_cast<std::int16_t>(whole);
 }

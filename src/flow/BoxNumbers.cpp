@@ -10,7 +10,7 @@ namespace plenair {
 double NumberOf(const std::string& text) {
     const auto number = NumberFromText(text);
     if (!number) {
-        throw CalcFailure("text that is no number");
+        throw CalcFailure();
     }
     return *number;
 }
@@ -18,7 +18,7 @@ double NumberOf(const std::string& text) {
 float SingleOf(const std::string& text) {
     const auto number = SingleFromText(text);
     if (!number) {
-        throw CalcFailure("text that is no 32-bit number");
+        throw CalcFailure();
     }
     return *number;
 }

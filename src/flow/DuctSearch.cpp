@@ -85,7 +85,7 @@ Search StartSearch(Working kind, double flow, double height, double roughness, c
 
 void CountStep(int& steps) {
     if (++steps > kMostSteps) {
-        throw CalcFailure("a search without an end");
+        throw CalcFailure();
     }
 }
 
@@ -93,7 +93,7 @@ void Settle(Search& search, double working) {
     int passes = 0;
     do {
         if (++passes > kDiameterPasses || ++search.Passes > kMostPasses) {
-            throw CalcFailure("the diameter does not settle");
+            throw CalcFailure();
         }
         if (search.Passes % kPassesOfAPulse == 0 && *search.Pulse) {
             (*search.Pulse)();
@@ -315,7 +315,7 @@ void Leap(Search& search, double& working, int& steps) {
 SizedDuct WalkDown(Search search, double& working) {
     for (int steps = 0;;) {
         if (working <= 0.0) {
-            throw CalcFailure("no velocity keeps the loss within its cap");
+            throw CalcFailure();
         }
         Settle(search, working);
         RoundWidth(search, kFarStart);
@@ -409,8 +409,8 @@ SizedDuct SizeWithinCaps(double flow, double height, float lossCap, float veloci
     search.LossCap = lossCap;
     try {
         return WalkDown(search, working);
-    } catch (const CalcFailure& failure) {
-        throw DuctNotFound(failure, ReasonAt(working, flow, height, velocityCap), working);
+    } catch (const CalcFailure&) {
+        throw DuctNotFound(ReasonAt(working, flow, height, velocityCap), working);
     }
 }
 

@@ -33,8 +33,7 @@ enum class NoDuct {
 
 // Throws this where it finds none; `Velocity` is the last that was tried.
 struct DuctNotFound : CalcFailure {
-    DuctNotFound(const CalcFailure& cause, NoDuct why, double lastVelocity)
-        : CalcFailure(cause), Reason(why), Velocity(lastVelocity) {}
+    DuctNotFound(NoDuct why, double lastVelocity) : Reason(why), Velocity(lastVelocity) {}
 
     NoDuct Reason;
     double Velocity; // m/s

@@ -17,10 +17,7 @@ constexpr int kOtherSidePasses = 100000;
 } // namespace
 
 double Log10(double x) {
-    if (x <= 0.0) {
-        throw CalcFailure("logarithm of a number that is not positive");
-    }
-    return std::log(Checked(x)) / std::log(10.0);
+    return Checked(std::log(Checked(x)) / std::log(10.0));
 }
 
 double RoundDuctVelocity(double flow, double diameter) {
@@ -45,7 +42,7 @@ SettledFriction SettleFriction(double flow, double diameter, double roughness, d
     int pass = 0;
     for (; change > 0.00001; ++pass) {
         if (pass == kFrictionPasses) {
-            throw CalcFailure("the friction factor does not settle");
+            throw CalcFailure();
         }
         const double x = Divide(2.51, SquareRoot(friction) * reynolds) + rough;
         const double log = Log10(x);
@@ -82,7 +79,7 @@ double OtherSide(double side, double diameter, double start) {
     double change = 1.0;
     for (int pass = 0; change > 0.0000000001; ++pass) {
         if (pass == kOtherSidePasses) {
-            throw CalcFailure("the other side does not settle");
+            throw CalcFailure();
         }
         const double next = Divide(Power(Power(other + side, 0.25) * diameter / 1.3, 1.6), side);
         change = std::fabs(other - next);

@@ -15,7 +15,7 @@ std::string RoundUpSize(double size) {
     const std::int64_t thousandths = ToInt32(size * 1000);
     const std::int64_t step = Settings.RoundOff;
     if (step == 0) {
-        throw CalcFailure("size step of 0");
+        throw CalcFailure();
     }
     const std::int64_t remainder = thousandths % step;
     if (remainder == 0) {
@@ -27,7 +27,7 @@ std::string RoundUpSize(double size) {
 double RoundedUpSize(double size) {
     const auto number = NumberFromText(RoundUpSize(size), Mark::Point);
     if (!number) {
-        throw CalcFailure("a rounded size that is no number");
+        throw CalcFailure();
     }
     return *number;
 }

@@ -55,7 +55,7 @@ void FillRows(LiteWindow& window, double inputA, double inputB, Size size) {
     Waiting waiting;
     const SearchPulse pulse = [&] {
         if (!waiting.GoOn()) {
-            throw CalcFailure("ended by the user");
+            throw CalcFailure();
         }
     };
     const double flow = ToCubicMetres(inputA);

@@ -56,7 +56,7 @@ class PlainSearch {
   private:
     static void CountStep(int& steps) {
         if (++steps > 500000) {
-            throw CalcFailure("bound");
+            throw CalcFailure();
         }
     }
 
@@ -66,7 +66,7 @@ class PlainSearch {
         int passes = 0;
         do {
             if (++passes > 10000) {
-                throw CalcFailure("bound");
+                throw CalcFailure();
             }
             previous = m_diameter;
             m_diameter = diameter();

@@ -17,10 +17,10 @@ TEST_F(TextFiles, EndlessItemsAndWhatIsNoFileAreNotRead) {
     std::vector<std::pair<std::string, const char*>> rows = {{File("missing"), "No such file or directory"},
                                                              {environment.Folder().Path(), "Is a directory"},
                                                              {File("pipe"), "Not a regular file"},
-                                                             {File("empty"), "Unexpected end of file"}};
+                                                             {File("empty"), "Damaged"}};
     WriteFile(File("empty"), "");
     for (const std::string start : {"", "\"", " "}) {
-        rows.emplace_back(File("endless" + start), "Item too long");
+        rows.emplace_back(File("endless" + start), "Damaged");
         WriteFile(rows.back().first,
                   start == " " ? std::string(131073, ' ') : start + std::string(131073, '\0'));
     }
@@ -30,7 +30,8 @@ TEST_F(TextFiles, EndlessItemsAndWhatIsNoFileAreNotRead) {
                 ItemReader reader(path);
                 ADD_FAILURE() << (reader.*read)().size();
             } catch (const FileFailure& failure) {
-                EXPECT_EQ(failure.what(), path + ": " + reason);
+                const bool isContent = std::string(reason) == "Damaged";
+                EXPECT_EQ(failure.what(), (isContent ? "" : path + ": ") + reason);
             }
         }
     }

@@ -56,6 +56,14 @@ TEST_F(PathTest, TextsOfPathsAndTheirTotals) {
     EXPECT_NEAR(PathElements[2].PressureDrop, 7.411875, 1E-12);
     Told("", "");
     Told("  ", "");
+    std::string longest = "2,3";
+    for (int i = 2; i < 32767; ++i) {
+        longest += ",3";
+    }
+    EXPECT_EQ(Told(longest, "?No"), "Total Pressure is 196603 Pa.\n\nProceed with plot?");
+    EXPECT_EQ(Told(longest + ",3", "?Ok"),
+              "\"2,3,3,3,3,3,3,3,3,3,3,3,...\" lists more than 32767 ducts.  The ducts "
+              "of this project are numbered 1 to 5.");
 }
 
 TEST_F(PathTest, PathsThatCannotBeWorkedOutOrPlotted) {

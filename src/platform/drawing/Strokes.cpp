@@ -76,9 +76,6 @@ void StrokePainter::PaintBox() {
 
 void StrokePainter::PaintAlongX(double x1, double x2, double y) {
     const double top = WholePixel(y) - m_half;
-    if (top >= m_scale.Surface.Height || top + m_thickness <= 0.0) {
-        return;
-    }
     const Span ends = AlongAxis(x1, x2);
     ForEachDash(ends.From, ends.To, {0, m_scale.Surface.Width}, [&](double from, double to) {
         Fill({from, to}, {top, top + m_thickness});
@@ -87,9 +84,6 @@ void StrokePainter::PaintAlongX(double x1, double x2, double y) {
 
 void StrokePainter::PaintAlongY(double y1, double y2, double x) {
     const double left = WholePixel(x) - m_half;
-    if (left >= m_scale.Surface.Width || left + m_thickness <= 0.0) {
-        return;
-    }
     const Span ends = AlongAxis(y1, y2);
     ForEachDash(ends.From, ends.To, {0, m_scale.Surface.Height}, [&](double from, double to) {
         Fill({left, left + m_thickness}, {from, to});

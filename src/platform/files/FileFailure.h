@@ -9,9 +9,10 @@ struct FileFailure : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-// A file that could be read, but holds something else than what belongs in it; what() may tell only that.
+// A file that could be read, but holds something else than what belongs in it. what() says only that, and
+// whoever shows it names the file.
 struct ContentFailure : FileFailure {
-    using FileFailure::FileFailure;
+    ContentFailure() : FileFailure("Damaged") {}
 };
 
 } // namespace plenair

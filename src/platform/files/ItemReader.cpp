@@ -44,7 +44,6 @@ struct ItemReader::State {
     void SkipBlanks();
     void SkipSeparator();
     void FailAtEnd();
-    [[noreturn]] void FailAsTooLong() const { throw ContentFailure(Path + ": Item too long"); }
 
     // Moves the bytes up to the first that `ends` the item, or to the end of the file, into `item`.
     template <typename Ends>
@@ -56,7 +55,7 @@ struct ItemReader::State {
             const char* end = std::find_if(from, filled, ends);
             item.append(from, end);
             if (item.size() > kLongestItem) {
-                FailAsTooLong();
+                throw ContentFailure();
             }
             m_next += static_cast<std::size_t>(end - from);
             ended = end != filled;
@@ -118,7 +117,7 @@ bool ItemReader::State::SkipIf(char byte) {
 void ItemReader::State::SkipBlanks() {
     for (std::size_t count = 0; IsBlank(Peek()); ++count) {
         if (count == kLongestItem) {
-            FailAsTooLong();
+            throw ContentFailure();
         }
         Skip();
     }
@@ -136,7 +135,7 @@ void ItemReader::State::SkipSeparator() {
 
 void ItemReader::State::FailAtEnd() {
     if (Peek() == kEnd) {
-        throw ContentFailure(Path + ": Unexpected end of file");
+        throw ContentFailure();
     }
 }
 

@@ -98,7 +98,7 @@ std::string HexOf(const std::string& data) {
 
 void RequireWhole(bool isWhole) {
     if (!isWhole) {
-        throw ContentFailure(RegistryFile() + ": Damaged");
+        throw ContentFailure();
     }
 }
 

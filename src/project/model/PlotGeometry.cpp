@@ -88,7 +88,7 @@ PlotScales ScalesOfPlot(Extent surface, const PlotFigures& figures) {
     const PlotScales scales{sums.Length / (surface.Width * figures.Span),
                             sums.Drop / (surface.Height * figures.Span)};
     if (!std::isnormal(scales.LengthScale) || !std::isnormal(scales.DropScale)) {
-        throw CalcFailure("a plot without a scale");
+        throw CalcFailure();
     }
     return scales;
 }

@@ -91,14 +91,14 @@ void ReadNumber(ItemReader& reader, Number& field) {
     const std::string text = reader.ReadNumberText();
     const std::optional<Number> number = Parse(text, field);
     if (!number && IsWrittenAsNumber(text)) {
-        throw ContentFailure("number too large: " + text);
+        throw ContentFailure();
     }
     field = number.value_or(Number{0});
 }
 
 void ReadBlock(ItemReader& reader) {
     if (DuctCount == kMostDucts) {
-        throw ContentFailure("more ducts than a project can hold");
+        throw ContentFailure();
     }
     ++DuctCount;
     FitDucts();

@@ -78,7 +78,6 @@ void StartProject() {
 void StartReading() {
     DuctCount = -1;
     Ducts.assign(1, {});
-    NoteNetworkChange();
 }
 
 void FollowOn(std::int16_t duct, SheetBox box) {

@@ -55,7 +55,8 @@ void ClearProject();
 // The same, with no start point held and no plot showing: the state in which the solver opens.
 void StartProject();
 
-// The single element 0 and a DuctCount of -1, to which a file's elements are then added one by one.
+// The single element 0 and a DuctCount of -1, to which a file's elements are then added one by one. Each that
+// comes is the change of the network, or else ClearProject is.
 void StartReading();
 
 // Copies the value of a box from duct `duct` to every later one that takes input there. What lies between

@@ -50,7 +50,7 @@ std::uint64_t SumOf(std::string_view content) {
 
 void Require(bool isWhole) {
     if (!isWhole) {
-        throw ContentFailure("Damaged");
+        throw ContentFailure();
     }
 }
 
