@@ -124,7 +124,10 @@ class Monkey : public DesktopTest {
         for (const Window window : TheScreen().Stack()) {
             const auto parents = TheScreen().Numbers(window, "WM_TRANSIENT_FOR");
             if (TheScreen().Holds(window, "_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_DIALOG") &&
-                (parents.empty() || TheScreen().Client(parents[0]).isEmpty())) {
+                (parents.empty() ||
+                 (TheScreen().Client(parents[0]).isEmpty() &&
+                  // Of a window that a click on its frame rolled up, the frame is there.
+                  !TheScreen().Holds(parents[0], "_NET_WM_STATE", "_NET_WM_STATE_SHADED")))) {
                 return "a dialog without a parent";
             }
         }
