@@ -6,6 +6,7 @@ qt_packages=(qt6-base-dev qt6-svg-dev libx11-dev)
 desktop_packages=(fonts-liberation fonts-dejavu-core x11-utils)
 check_packages=(clang libclang-rt-14-dev clang-format poppler-utils)
 real_desktop_packages=(libxtst-dev libxcb1-dev xvfb openbox xfwm4 metacity mutter x11-xserver-utils weston qt6-wayland imagemagick dbus-daemon at-spi2-core python3-pyatspi)
+names_packages=(clang clang-tidy)
 package_packages=(dpkg-dev file lintian desktop-file-utils appstream shared-mime-info)
 tour_packages=(xvfb openbox gnumeric xclip xdotool imagemagick poppler-utils)
 

@@ -204,9 +204,9 @@ int Apart(const QImage& one, const QImage& other, double contrast) {
 TEST_F(Looks, ButtonsOnAndOffAndTheFocusOnEachAreToldApart) {
     for (const Theme& theme : kThemes) {
         QWidget window;
-        window.setPalette(theme.Palette());
         ToggleButton button(ToggleButton::Kind::CheckBox, "button", &window);
         button.SetIcon("solver/labels", "Labels");
+        window.setPalette(theme.Palette()); // as when the user takes another theme meanwhile
         button.resize(28, 28);
         window.show();
         window.activateWindow();

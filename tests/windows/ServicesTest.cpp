@@ -289,6 +289,7 @@ TEST_F(Services, EditorBrowserAndPlayerAreThoseOfTheDesktop) {
     PlayByOtherProgram(File("Gus \"1\".psg"));
     EXPECT_EQ(Ask("noted"), "aplay[--quiet][--nonblock][" + File("Gus \"1\".psg") + "]");
     noteOf("pw-play");
+    fs::remove(File("paplay"));
     PlayByOtherProgram(File("Gus \"1\".psg"));
     EXPECT_EQ(Ask("noted"), "pw-play[" + File("Gus \"1\".psg") + "]");
     PlayByOtherProgram(File("missing.psg"));
