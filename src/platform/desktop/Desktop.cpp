@@ -4,12 +4,15 @@
 #include "platform/desktop/Editor.h"
 #include "platform/desktop/Sound.h"
 #include "platform/files/FileProgress.h"
+#include "platform/files/Folders.h"
 
 #include <chrono>
 #include <cstdint>
 #include <cstdio>
 #include <ctime>
+#include <filesystem>
 #include <memory>
+#include <system_error>
 #include <utility>
 
 namespace plenair {
@@ -33,6 +36,26 @@ LocalTime SystemTime() {
         .Millisecond =
             static_cast<int>(std::chrono::duration_cast<std::chrono::milliseconds>(sinceSecond).count()),
     };
+}
+
+bool Show(DialogKind kind, CommonDialog& dialog) {
+    const auto show = Desktop().ShowDialog;
+    if (show && show(kind, dialog)) {
+        return true;
+    }
+    dialog.FileName.clear();
+    if (dialog.CancelError) {
+        throw DialogCancelled();
+    }
+    return false;
+}
+
+void TakeFile(CommonDialog& dialog, std::filesystem::path file) {
+    dialog.FileName = file.string();
+    dialog.FileTitle = file.filename().string();
+    if (file.has_parent_path()) {
+        EnterFolder(file.parent_path().string());
+    }
 }
 
 } // namespace
@@ -133,6 +156,24 @@ void SetMousePointer(MousePointer pointer) {
 LocalTime Now() {
     const auto clock = Desktop().Clock;
     return clock ? clock() : SystemTime();
+}
+
+void CommonDialog::ShowSave() {
+    if (Show(DialogKind::Save, *this)) {
+        TakeFile(*this, WithDefaultExt(*this));
+    }
+}
+
+void CommonDialog::ShowOpen() {
+    if (Show(DialogKind::Open, *this)) {
+        std::error_code unknown;
+        const bool isThere = std::filesystem::exists(FileName, unknown);
+        TakeFile(*this, isThere ? FileName : WithDefaultExt(*this));
+    }
+}
+
+void CommonDialog::ShowPrinter() {
+    Show(DialogKind::Printer, *this);
 }
 
 } // namespace plenair
