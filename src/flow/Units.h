@@ -1,6 +1,6 @@
 #pragma once
 
-// Between the units that a user reads and those of the formulae. A flow is per second.
+// Between the units that a user reads and those of the formulae. Flows are in L/s and m³/s.
 namespace plenair {
 
 constexpr double ToMetres(double millimetres) {

@@ -8,14 +8,17 @@ namespace plenair {
 
 TableRows ResultTable(const LiteWindow& window) {
     TableRows table{{"Shape", "Width (mm)", "Height (mm)", "Diameter (mm)", "Velocity (m/s)", "Loss (Pa/m)"}};
-    for (int row = 0; row < 5; ++row) {
-        const auto cell = [&](int column) { return window.MinorCell(row, column); };
-        if (!cell(1).empty()) { // a flow that was worked out has no cell before it
-            table.push_back({cell(0).empty() ? "" : "Rectangular", cell(0), cell(1), "", cell(2), cell(3)});
+    for (int row = 0; row < kResultRows; ++row) {
+        const std::string width = window.MinorCell(row, kWidthColumn);
+        const std::string height = window.MinorCell(row, kHeightColumn);
+        if (!height.empty()) { // a flow that was worked out has no cell before it
+            table.push_back({width.empty() ? "" : "Rectangular", width, height, "",
+                             window.MinorCell(row, kVelocityColumn), window.MinorCell(row, kLossColumn)});
         }
     }
-    if (!window.OtherCell(0).empty()) {
-        table.push_back({"Round", "", "", window.OtherCell(0), window.OtherCell(2), window.OtherCell(3)});
+    if (!window.OtherCell(kWidthColumn).empty()) {
+        table.push_back({"Round", "", "", window.OtherCell(kWidthColumn), window.OtherCell(kVelocityColumn),
+                         window.OtherCell(kLossColumn)});
     }
     return table;
 }

@@ -9,8 +9,8 @@
 // the project as it was a second before stands in a file of this process in the user's state folder.
 namespace plenair {
 
-const std::string kRecoveryEnding = ".recovery";
-const std::string kSolverTitle = "Project Solver";
+inline const std::string kRecoveryEnding = ".recovery";
+inline const std::string kSolverTitle = "Project Solver";
 
 // The solver opens. A folder that takes no files is told of once in a run, and then nothing is kept.
 void StartKeeping();

@@ -46,7 +46,7 @@ class SolverWindow {
     virtual CommonDialog& Dialog() = 0; // dlgMajor; its CancelError is on
 };
 
-// frmMajorParam. Boxes are numbered 1 to SheetBoxes.
+// frmMajorParam, with a box for each SheetBox.
 class SheetWindow {
   public:
     virtual ~SheetWindow() = default;

@@ -64,16 +64,17 @@ class FileWork : public ProjectTest {
     bool Save(std::int16_t ducts = 2) {
         NewProject(ducts);
         m_told.clear();
-        SaveProject(windows);
-        return Told("Plenair Project Saved");
+        const bool isSaved = SaveProject(windows);
+        EXPECT_EQ(isSaved, Told("Plenair Project Saved"));
+        return isSaved;
     }
 
     bool Load(std::int16_t ducts = 2) {
         StartProject();
         m_told.clear();
-        LoadProject(windows);
+        const bool isLoaded = LoadProject(windows);
         EXPECT_GE(DuctCount, 0);
-        return DuctCount == ducts;
+        return isLoaded && DuctCount == ducts;
     }
 
     bool Record() {

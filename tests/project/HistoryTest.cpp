@@ -98,7 +98,7 @@ TEST(History, TheLargestProject) {
         EXPECT_TRUE(ReadKept(KeptContent(start, "")).State == start);
         ProjectState beyond = start;
         beyond.Elements.emplace_back();
-        EXPECT_THROW(ReadKept(KeptContent(beyond, "")), std::runtime_error);
+        EXPECT_THROW(ReadKept(KeptContent(beyond, "")), ContentFailure);
         std::size_t bytesOfFirst = 0;
         for (int step = 0; step < kSteps; ++step) {
             act(step);

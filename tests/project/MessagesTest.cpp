@@ -80,7 +80,6 @@ class Messages : public ProjectTest {
     int m_seen = 0;
     std::string m_file, m_path, m_dialog, m_events;
     LiteArrays lite;
-    NotedPrinter printer;
 };
 
 TEST_F(Messages, AndWhatEachAnswerDoes) {
@@ -121,7 +120,7 @@ TEST_F(Messages, AndWhatEachAnswerDoes) {
          [&] { m_events = AskBeforeClosing(windows) ? " closes" : ""; },
          {{Yes, "1 saved closes"}, {No, "1 closes"}, {Cancel, "1"}}},
         {"Load Project: Clear Existing Project? [YesNo Question]", [&] { ClearGrid(windows); }, {{Yes, "0"}, {No, "1"}}},
-        {"Load Project: Clear Existing Project? [YesNo Question]", [&] { LoadProject(windows); }, {{Yes, "0"}, {No, "1"}}},
+        {"Load Project: Clear Existing Project? [YesNo Question]", [&] { EXPECT_FALSE(LoadProject(windows)); }, {{Yes, "0"}, {No, "1"}}},
         {"Save: Plenair Project Saved [Ok Exclamation]", [&] { SaveProject(windows); }, {{Ok, "1 saved"}}},
         {"Save: The report of the next solution will be named \"plant.Gus\" and replace what is saved as \"plant.Gus\" "
          "now.\n\nSave the project under this name all the same? [YesNo Question]",
