@@ -1,6 +1,5 @@
 #include "platform/desktop/Clipboard.h"
 #include "project/ProjectGrid.h"
-#include "project/model/History.h"
 #include "windows/WindowTest.h"
 
 #include <QElapsedTimer>
