@@ -21,13 +21,12 @@ class SettingsFile : public ProgramTest {
         return Shown();
     }
     static std::string Shown() {
-        std::string shown = Settings.DefPath + " " + std::to_string(Settings.CalcBasis);
-        for (const double number :
-             {Settings.MaxLPM, Settings.MaxVelocity, Settings.Analysis, Settings.RoundOff * 1.0,
-              Settings.FluidTemp, Settings.SurfaceRoughness1, Settings.SurfaceRoughness2}) {
-            shown += " " + ShortestText(number, Mark::Point);
-        }
-        return shown;
+        const std::array numbers = {Settings.CalcBasis * 1.0,   Settings.MaxLPM,
+                                    Settings.MaxVelocity,       Settings.Analysis,
+                                    Settings.RoundOff * 1.0,    Settings.FluidTemp,
+                                    Settings.SurfaceRoughness1, Settings.SurfaceRoughness2};
+        return Settings.DefPath + " " +
+               Joined(numbers, [](double number) { return ShortestText(number, Mark::Point); });
     }
     static std::string Defaults(const std::string& folder) {
         return folder + " 0 0.8 5 500 25 26 0.00015 0.002";
@@ -71,17 +70,13 @@ TEST_F(SettingsFile, WhatCannotBeSavedHoldsForTheRun) {
     WriteFile(File("file"), "");
     fs::permissions(File("file"), fs::perms::all);
     fs::create_symlink("nowhere", File("link"));
-    const std::pair<std::string, const char*> rows[] = {{environment.Folder().Path(), "directory"},
-                                                        {File("file/folder"), "Not a directory"},
-                                                        {File("file"), "Not a directory"},
-                                                        {File("link"), "No such file"}};
-    for (const auto& [folder, reason] : rows) {
+    const std::string folders[] = {environment.Folder().Path(), File("file/folder"), File("file"),
+                                   File("link")};
+    for (const std::string& folder : folders) {
         SetProgramFolder(folder);
         desktop.Expect("?Ok");
         EXPECT_EQ(Loaded() + Settings.ConfigFile, Defaults(folder)) << "of no file";
         EXPECT_EQ(Reminder(), RegistryValue());
-        const std::string text = desktop.LastText();
-        EXPECT_TRUE(text.find(folder) != text.npos && text.find(reason) != text.npos) << text;
         if (folder == environment.Folder().Path()) {
             continue; // other files could be saved there
         }

@@ -61,29 +61,25 @@ TEST_F(Log, ClicksThatRecordAndThatDoNot) {
     }
 }
 
-TEST_F(Log, FileInTwoLocales) {
-    const std::string headings = "Flow\tWidth\tHeight\tRatio\tVel\tPa/m\tCalculation Basis\r\n";
+TEST_F(Log, FileInALocale) {
     Desktop().Clock = [] { return LocalTime{2026, 11, 8, 17, 7, 59, 0}; };
-    RecordRow(window, 0);
-    window.inputA = "1234567.8";
-    window.cells[2] = {"300", "1000", "12.50", "0.00"};
-    Settings.CalcBasis = 3;
-    RecordRow(window, 2);
-    RecordRow(window, 2);
-    EXPECT_EQ(Save(), "Plenair Minor Calculation Log\r\n08-Nov-26\r\n05:07 PM\r\n" + headings +
-                          "500\t450\t250\t1.8\t4.74\t0.72\t0\r\n"
-                          "1234568\t300\t1000\t3.3\t12.5\t0\t3\r\n"
-                          "1234568\t300\t1000\t3.3\t12.5\t0\t3\r\n");
     SetNumberLocale({.DecimalMark = ",", .GroupMark = "."});
     DateLocale dates{.Order = DateOrder::YearMonthDay};
     dates.ShortMonths[10] = "nov.";
     SetDateLocale(dates);
     window.inputA = "0,05";
-    window.cells[0] = {"250", "450", "4,74", "0,72"};
-    Settings.CalcBasis = 0;
+    window.cells[0] = {"450", "250", "4,74", "0,72"};
     RecordRow(window, 0);
-    EXPECT_EQ(Save(), "Plenair Minor Calculation Log\r\n26-nov.-08\r\n05:07 PM\r\n" + headings +
-                          "0,05\t250\t450\t1,8\t4,74\t0,72\t0\r\n");
+    window.inputA = "1234567,8";
+    window.cells[2] = {"300", "1000", "12,50", "0,00"};
+    Settings.CalcBasis = 3;
+    RecordRow(window, 2);
+    RecordRow(window, 2);
+    EXPECT_EQ(Save(), "Plenair Minor Calculation Log\r\n26-nov.-08\r\n05:07 PM\r\n"
+                      "Flow\tWidth\tHeight\tRatio\tVel\tPa/m\tCalculation Basis\r\n"
+                      "0,05\t450\t250\t1,8\t4,74\t0,72\t0\r\n"
+                      "1234568\t300\t1000\t3,3\t12,5\t0\t3\r\n"
+                      "1234568\t300\t1000\t3,3\t12,5\t0\t3\r\n");
 }
 
 TEST_F(Log, FullLogBeepsAndStaysUsable) {
@@ -102,12 +98,9 @@ TEST_F(Log, FullLogBeepsAndStaysUsable) {
 TEST_F(Log, WhatCannotBeSavedOrOpenedChangesNothing) {
     RecordRow(window, 2);
     Settings.DefPath = "/where it was";
-    fs::create_directory(File("folder.pnl"));
-    for (const char* answer : {"?-", "?=missing/log.pnl", "?=folder.pnl"}) {
-        Play(answer);
-        RecordLog(window);
-        EXPECT_TRUE(LogCount == 1 && window.canRecordLog);
-    }
+    Play("?-");
+    RecordLog(window);
+    EXPECT_TRUE(LogCount == 1 && window.canRecordLog);
     Desktop().StartEditor = [](const std::string&) { return false; };
     Play("?- ?=log.pnl");
     OpenLog(window);

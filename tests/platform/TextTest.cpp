@@ -75,18 +75,14 @@ TEST_F(NumberText, FormatsByPattern) {
 
 TEST_F(NumberText, WritesTheShortestText) {
     const auto texts = [](auto numbers) {
-        std::string all;
-        for (const auto number : numbers) {
-            all += ShortestText(number) + " ";
-        }
-        return all;
+        return Joined(numbers, [](auto number) { return ShortestText(number); });
     };
     const double largest = std::numeric_limits<double>::max(); // rounded up it would be no number
     EXPECT_EQ(
         texts(std::vector{0.0, -0.0, 1e-16, 1e-15, 1e14, 0.1 + 0.2, -1.5e-300, 999999999999999.7, largest}),
-        "0 0 1E-16 0.000000000000001 100000000000000 0.3 -1.5E-300 1E+15 1.79769313486231E+308 ");
+        "0 0 1E-16 0.000000000000001 100000000000000 0.3 -1.5E-300 1E+15 1.79769313486231E+308");
     EXPECT_EQ(texts(std::vector{1e-5F, 1e-8F, 9999999.0F, 0.001234567F, -1e10F, 16711680.0F}),
-              "0.00001 1E-08 9999999 1.234567E-03 -1E+10 1.671168E+07 ");
+              "0.00001 1E-08 9999999 1.234567E-03 -1E+10 1.671168E+07");
     SetNumberLocale(German);
     EXPECT_EQ(ShortestText(1.671168e7F) + ShortestText(0.5, Mark::Point), "1,671168E+070.5");
 }

@@ -69,15 +69,7 @@ TEST_F(SheetTest, ABoxThatIsLeftIsStoredAndFollowsOnWhereItMay) {
     Play(R"(Tick
             Start +R +C +R Leave:1,1 | ducts: R 1 2 3 4 5 6 7 8, C, R 1
             Start +R +C +R Leave:1,2 | ducts: R 1 2 3 4 5 6 7 8, C, R
-            Start +R +C +R Leave:1,3 | ducts: R 1 2 3 4 5 6 7 8, C, R 0 0 3
             Start +R +C +R Leave:1,4 | ducts: R 1 2 3 4 5 6 7 8, C 0 0 0 4, R 0 0 0 4
-            Start +R +C +R Leave:1,5 | ducts: R 1 2 3 4 5 6 7 8, C 0 0 0 0 5, R 0 0 0 0 5
-            Start +R +C +R Leave:1,6 | ducts: R 1 2 3 4 5 6 7 8, C, R 0 0 0 0 0 6
-            Start +R +C +R Leave:1,7 | ducts: R 1 2 3 4 5 6 7 8, C, R
-            Start +R +C +R Leave:1,8 | ducts: R 1 2 3 4 5 6 7 8, C, R
-            Start +R +C +R Leave:2,1 | ducts: R, C 1 2 3 4 5 6 7 8, R
-            Start +R +C +R Leave:2,4 | ducts: R, C 1 2 3 4 5 6 7 8, R 0 0 0 4
-            Start +R +C +R Leave:3,1 | ducts: R, C, R 1 2 3 4 5 6 7 8
             Start +R +C +R Solved Leave:1,1 | ducts: R 1 2 3 4 5 6 7 8, C, R
             Untick
             Start +R +C +R Leave:1,1 | ducts: R 1 2 3 4 5 6 7 8, C, R

@@ -11,6 +11,8 @@
 #include "project/model/ProjectModel.h"
 #include "support/Test.h"
 
+#include <span>
+
 namespace plenair {
 
 class FakeSolver : public SolverWindow {
@@ -73,11 +75,8 @@ class FakeSheet : public SheetWindow {
 
     // A letter for each box: open on white o, locked on white L, without white l.
     std::string Looks() const {
-        std::string all;
-        for (const auto& [box, look] : looks) {
-            all += look;
-        }
-        return all;
+        return Joined(
+            looks, [](const auto& box) { return std::string(1, box.second); }, "");
     }
 
     // The texts of all boxes, divided by blanks.
@@ -234,18 +233,17 @@ class ProjectTest : public ProgramTest {
     }
     // Of all ducts, in the order of the sheet's boxes, without the zeros at the end: "R 100 0 200, C, F 5".
     static std::string Values() {
-        std::string all;
-        for (std::int16_t number = 1; number <= DuctCount; ++number) {
-            std::string values = TypeLetter(Duct(number).Colour);
+        const auto valuesOf = [](const DuctRecord& duct) {
+            std::string values = TypeLetter(duct.Colour);
             for (const SheetRow& row : kSheetRows) {
-                values += " " + TextOf(Duct(number), row.Box);
+                values += " " + TextOf(duct, row.Box);
             }
             while (values.ends_with(" 0")) {
                 values.resize(values.size() - 2);
             }
-            all += (number == 1 ? "" : ", ") + values;
-        }
-        return all;
+            return values;
+        };
+        return Joined(std::span(Ducts).subspan(1), valuesOf, ", ");
     }
 
     void Click(double x, double y) {

@@ -22,12 +22,11 @@ class PathTest : public ProjectTest {
 
     // The letters of the path's elements, "-" where there is none.
     static std::string Elements() {
-        std::string all;
-        for (std::size_t position = 1; position < PathElements.size(); ++position) {
-            const std::string letter = TypeLetter(PathElements[position].Colour);
-            all += letter.empty() ? "-" : letter;
-        }
-        return all;
+        const auto letterOf = [](const auto& element) {
+            const std::string letter = TypeLetter(element.Colour);
+            return letter.empty() ? "-" : letter;
+        };
+        return Joined(std::span(PathElements).subspan(1), letterOf, "");
     }
 };
 

@@ -75,15 +75,11 @@ TEST_F(ProjectFilesTest, LoadedProjectIsOpenAndShown) {
 }
 
 TEST_F(ProjectFilesTest, WithoutABlockTheProjectIsEmptied) {
-    WriteFile(File("empty.gsp"), "");
-    WriteFile(File("text.gsp"), "nothing\r\nof use, here\r\n");
-    WriteFile(File("marker.gsp"), Block(0, ""));
     WriteFile(File("far.gsp"), Repeated("remark,1\r\n", 1'100'000) + kZeros + kOne);
     WriteFile(File("zeros.gsp"), "");
     fs::resize_file(File("zeros.gsp"), 1 << 30);
     fs::create_directory(File("folder.gsp"));
-    for (const std::string name : {"?-", "?=missing.gsp", "?=empty.gsp", "?=text.gsp", "?=marker.gsp",
-                                   "?=far.gsp", "?=zeros.gsp", "?=folder.gsp"}) {
+    for (const std::string name : {"?-", "?=missing.gsp", "?=far.gsp", "?=zeros.gsp", "?=folder.gsp"}) {
         Prepare();
         Play("?Yes " + name + " Load | state: 0");
         EXPECT_EQ(Ducts.size(), 1U);
@@ -92,17 +88,14 @@ TEST_F(ProjectFilesTest, WithoutABlockTheProjectIsEmptied) {
 }
 
 TEST_F(ProjectFilesTest, FileThatBreaksOffKeepsWhatWasRead) {
-    for (const std::string& rest :
-         {Block(2, "255 0 0.5"), Block(2, "255 0 0.5") + std::string(200000, '0')}) {
-        Prepare();
-        WriteFile(File("read.gsp"), kZeros + kOne + rest);
-        Play("?Yes ?=read.gsp Load | state: 2 of read.gsp, solved"); // the remaining steps are left out
-        EXPECT_EQ(sheet.maximum, 2);
-        const std::string read = kZeros + kOne + Block(2, "255 0 0.5");
-        EXPECT_EQ(ProjectText().substr(0, read.size()), read);
-        EXPECT_EQ(Ducts[2].StartX, 0);
-        EXPECT_EQ(Settings.DefPath, "/before");
-    }
+    const std::string read = kZeros + kOne + Block(2, "255 0 0.5");
+    Prepare();
+    WriteFile(File("read.gsp"), read);
+    Play("?Yes ?=read.gsp Load | state: 2 of read.gsp, solved"); // the remaining steps are left out
+    EXPECT_EQ(sheet.maximum, 2);
+    EXPECT_EQ(ProjectText().substr(0, read.size()), read);
+    EXPECT_EQ(Ducts[2].StartX, 0);
+    EXPECT_EQ(Settings.DefPath, "/before");
     AddDucts(kMostDucts);
     const std::string text = ProjectText();
     for (const bool oneMore : {false, true}) {

@@ -1,6 +1,7 @@
 #include "core/windows/frmInputs.h"
 #include "extras/windows/frmAbout.h"
 #include "platform/qt/MessageBoxes.h"
+#include "project/model/History.h"
 #include "windows/WindowTest.h"
 
 #include <QMessageBox>
@@ -59,6 +60,7 @@ TEST_F(Closing, ASolvedProjectTwiceInARowOrWithItsSheet) {
         Play(steps);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         EXPECT_TRUE(!SolverIsThere() && Window().isVisible()) << steps;
+        EXPECT_EQ(HistoryBytes(), 0U);
         EndProgram();
     }
 }

@@ -244,13 +244,12 @@ SolverTest::SolverTest() {
         return Joined(kSheetRows, [this](const SheetRow& row) { return SheetBoxOf(row).Text(); });
     };
     questions["looks"] = [this] {
-        std::string looks;
-        for (const SheetRow& row : kSheetRows) {
+        const auto lookOf = [this](const SheetRow& row) {
             const TextBox& box = SheetBoxOf(row);
             const bool white = box.palette().color(QPalette::Base) == Qt::white;
-            looks += box.isReadOnly() ? (white ? "L" : "l") : (white ? "o" : "!");
-        }
-        return looks;
+            return box.isReadOnly() ? (white ? "L" : "l") : (white ? "o" : "!");
+        };
+        return Joined(kSheetRows, lookOf, "");
     };
     questions["state"] = [this] {
         return FlowsOfDucts() + " " + ProjectName + (Solved != kFlagClear ? " solved" : "") +
