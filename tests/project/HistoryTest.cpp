@@ -1,4 +1,5 @@
 #include "project/model/History.h"
+#include "platform/files/FileFailure.h"
 #include "project/model/DuctBits.h"
 #include "project/model/ProjectModel.h"
 #include "support/Test.h"

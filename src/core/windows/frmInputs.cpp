@@ -140,7 +140,10 @@ void frmInputs::Form_Load() {
     LoadSettings();
     lblConfigFile->setText(ToQt(Settings.ConfigFile));
     txtDefPath->SetText(Settings.DefPath);
-    optCalcBasis.at(static_cast<std::size_t>(Settings.CalcBasis))->SetOn();
+    const auto basis = static_cast<std::size_t>(Settings.CalcBasis);
+    if (basis < optCalcBasis.size()) { // the last one has no option here
+        optCalcBasis[basis]->SetOn();
+    }
     for (std::size_t i = 0; i < kNumberRows.size(); ++i) {
         const auto field = kNumberRows[i].Field;
         txtNumbers[i]->SetText(ShortestText(field != nullptr ? Settings.*field : Settings.RoundOff));
