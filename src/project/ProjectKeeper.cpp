@@ -151,8 +151,8 @@ void EndKeeping() {
         keeper->File.Remove();
         return;
     }
-    // The last write may wait for the disk. Here only the removal before this one is waited for; the end of the
-    // program waits for all.
+    // The last write may wait for the disk. Here only the removal before this one is waited for; the end of
+    // the program waits for all.
     static std::future<std::string> s_removal;
     s_removal = InBackground([keeper] {
         keeper->Write.wait();
