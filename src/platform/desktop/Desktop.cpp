@@ -4,12 +4,15 @@
 #include "platform/desktop/Editor.h"
 #include "platform/desktop/Sound.h"
 #include "platform/files/FileProgress.h"
+#include "platform/files/Folders.h"
 
 #include <chrono>
 #include <cstdint>
 #include <cstdio>
 #include <ctime>
+#include <filesystem>
 #include <memory>
+#include <system_error>
 #include <utility>
 
 namespace plenair {
@@ -35,14 +38,35 @@ LocalTime SystemTime() {
     };
 }
 
+// Whatever calls a service here calls a copy of it, since another may be put in its place while a dialog is
+// open.
+
+bool Show(DialogKind kind, CommonDialog& dialog) {
+    const auto show = Desktop().ShowDialog;
+    if (show && show(kind, dialog)) {
+        return true;
+    }
+    dialog.FileName.clear();
+    if (dialog.CancelError) {
+        throw DialogCancelled();
+    }
+    return false;
+}
+
+void TakeFile(CommonDialog& dialog, std::filesystem::path file) {
+    dialog.FileName = file.string();
+    dialog.FileTitle = file.filename().string();
+    if (file.has_parent_path()) {
+        EnterFolder(file.parent_path().string());
+    }
+}
+
 } // namespace
 
 DesktopServices& Desktop() {
     static DesktopServices s_services;
     return s_services;
 }
-
-// Each takes a copy of its service, since another may be put in its place while a dialog is open.
 
 MessageAnswer ShowMessage(const MessageRequest& request) {
     if (const auto ask = Desktop().AskByMessageBox) {
@@ -69,6 +93,24 @@ MessageAnswer AnswerWhenClosed(MessageButtons buttons) {
 std::string AskForText(const InputRequest& request) {
     const auto ask = Desktop().AskByInputBox;
     return ask ? ask(request) : std::string();
+}
+
+void CommonDialog::ShowSave() {
+    if (Show(DialogKind::Save, *this)) {
+        TakeFile(*this, WithDefaultExt(*this));
+    }
+}
+
+void CommonDialog::ShowOpen() {
+    if (Show(DialogKind::Open, *this)) {
+        std::error_code unknown;
+        const bool isThere = std::filesystem::exists(FileName, unknown);
+        TakeFile(*this, isThere ? FileName : WithDefaultExt(*this));
+    }
+}
+
+void CommonDialog::ShowPrinter() {
+    Show(DialogKind::Printer, *this);
 }
 
 Progress::Progress(const ProgressRequest& request) {

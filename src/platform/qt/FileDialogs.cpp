@@ -1,7 +1,7 @@
 #include "platform/qt/FileDialogs.h"
 
-#include "platform/qt/FocusEvents.h"
 #include "platform/qt/QtText.h"
+#include "platform/qt/WindowInUse.h"
 
 #include <QDialog>
 #include <QDir>

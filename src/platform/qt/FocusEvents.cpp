@@ -2,6 +2,7 @@
 
 #include "platform/qt/Form.h"
 #include "platform/qt/KeyRepeat.h"
+#include "platform/qt/WindowInUse.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -17,21 +18,13 @@ namespace plenair {
 
 namespace {
 
-// The entered controls, the latest last: one of the windows that the user can reach, and one in each window
-// that is hidden or waits for a dialog.
-QList<QPointer<QWidget>>& Entered() {
-    static QList<QPointer<QWidget>> s_entered;
-    s_entered.removeAll(nullptr);
-    return s_entered;
-}
-
 bool IsControlOfAForm(const QWidget* widget) {
     return widget != nullptr && widget->focusPolicy() != Qt::NoFocus && widget->isVisible() &&
            qobject_cast<Form*>(widget->window()) != nullptr;
 }
 
 bool HasEnteredControl(const QWidget* window) {
-    const auto& entered = Entered();
+    const auto& entered = EnteredControls();
     return std::any_of(entered.begin(), entered.end(),
                        [window](const QPointer<QWidget>& control) { return control->window() == window; });
 }
@@ -39,11 +32,11 @@ bool HasEnteredControl(const QWidget* window) {
 // Leaves what is entered elsewhere, now that the user is in `window`, at `control`. What is hidden or waits
 // for that window stays entered.
 void LeaveOthers(const QWidget* window, const QWidget* control) {
-    const QList<QPointer<QWidget>> entered = Entered();
+    const QList<QPointer<QWidget>> entered = EnteredControls();
     for (const QPointer<QWidget>& other : entered) {
         const bool stays = other == nullptr || other == control || !other->window()->isVisible() ||
                            (other->window() != window && window->isModal());
-        if (!stays && Entered().removeOne(other)) {
+        if (!stays && EnteredControls().removeOne(other)) {
             if (auto* told = dynamic_cast<FocusEvents*>(other.data())) {
                 told->TellLostFocus();
             }
@@ -67,7 +60,7 @@ void ComeTo(Form* form, bool isBeingUsed) {
 
 void Enter(QWidget* control, bool byPress) {
     static QPointer<QWidget> s_coming; // to which the handlers that run here may prefer another
-    if (!IsControlOfAForm(control) || Entered().contains(control)) {
+    if (!IsControlOfAForm(control) || EnteredControls().contains(control)) {
         return;
     }
     const QPointer<QWidget> target = control;
@@ -75,13 +68,13 @@ void Enter(QWidget* control, bool byPress) {
     const bool isBeingUsed = HasEnteredControl(form);
     s_coming = target;
     LeaveOthers(form, control);
-    if (s_coming != target || target == nullptr || Entered().contains(target)) {
+    if (s_coming != target || target == nullptr || EnteredControls().contains(target)) {
         return;
     }
-    Entered().append(target);
+    EnteredControls().append(target);
     ComeTo(form, isBeingUsed);
     if (auto* told = dynamic_cast<FocusEvents*>(target.data());
-        told != nullptr && Entered().contains(target)) {
+        told != nullptr && EnteredControls().contains(target)) {
         told->TellGotFocus(byPress);
     }
 }
@@ -222,18 +215,6 @@ void WatchFocus() {
                          }
                      });
     TellRepeatFromRelease();
-}
-
-QWidget* WindowInUse() {
-    QWidget* active = QApplication::activeWindow();
-    if (active != nullptr && active->isVisible()) {
-        return active;
-    }
-    QWidget* last = nullptr;
-    for (const QPointer<QWidget>& control : Entered()) {
-        last = control->window()->isVisible() ? control->window() : last;
-    }
-    return last;
 }
 
 void GiveFocus(QWidget* control) {

@@ -39,10 +39,6 @@ class FocusEvents {
 // Starts the telling; call once, after the application object is made.
 void WatchFocus();
 
-// The window that a dialog belongs over: the active one, or between two dialogs the one in which a control
-// was entered last. Null if there is none.
-QWidget* WindowInUse();
-
 // Enters `control`, its window becoming the active one. Nothing happens if it is disabled or not shown.
 void GiveFocus(QWidget* control);
 

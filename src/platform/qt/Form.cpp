@@ -1,10 +1,10 @@
 #include "platform/qt/Form.h"
 
-#include "platform/qt/FocusEvents.h"
 #include "platform/qt/FormFont.h"
 #include "platform/qt/Panels.h"
 #include "platform/qt/Stacking.h"
 #include "platform/qt/Twips.h"
+#include "platform/qt/WindowInUse.h"
 
 #include <QActionEvent>
 #include <QApplication>

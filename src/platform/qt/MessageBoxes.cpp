@@ -1,8 +1,8 @@
 #include "platform/qt/MessageBoxes.h"
 
-#include "platform/qt/FocusEvents.h"
 #include "platform/qt/FormFont.h"
 #include "platform/qt/QtText.h"
+#include "platform/qt/WindowInUse.h"
 
 #include <QApplication>
 #include <QDialog>

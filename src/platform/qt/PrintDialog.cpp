@@ -4,8 +4,8 @@
 #include "platform/desktop/MessageBox.h"
 #include "platform/files/FileFailure.h"
 #include "platform/files/ReplacementFile.h"
-#include "platform/qt/FocusEvents.h"
 #include "platform/qt/QtText.h"
+#include "platform/qt/WindowInUse.h"
 
 #include <QAbstractPrintDialog>
 #include <QDialogButtonBox>
