@@ -89,22 +89,21 @@ void DrawHighlight(DrawingSurface& surface, std::int16_t duct) {
 }
 
 void ShowNetwork(GridPicture& picture, ColourNumber gridColour, bool labels) {
-    ShownNetwork wanted{NetworkRevision(), picture.Size(), gridColour, labels,
-                        picture.NetworkLines.Clearings()};
+    ShownNetwork wanted{NetworkRevision(), picture.Size(), gridColour, labels, picture.BaseLines.Clearings()};
     if (wanted != picture.Shown || DuctCount < picture.ShownDucts) {
         picture.Clear();
-        wanted.Clearings = picture.NetworkLines.Clearings();
+        wanted.Clearings = picture.BaseLines.Clearings();
         picture.Shown = wanted;
         picture.ShownDucts = 0;
-        picture.NetworkLines.SetLineStyle(LineStyle::Solid);
-        DrawGridLines(picture.NetworkLines, gridColour);
-        picture.NetworkLines.SetLineWidth(kNetworkLineWidth);
+        picture.BaseLines.SetLineStyle(LineStyle::Solid);
+        DrawGridLines(picture.BaseLines, gridColour);
+        picture.BaseLines.SetLineWidth(kNetworkLineWidth);
     }
     for (int number = picture.ShownDucts + 1; number <= DuctCount; ++number) {
-        DrawDuct(picture.NetworkLines, static_cast<std::int16_t>(number));
+        DrawDuct(picture.BaseLines, static_cast<std::int16_t>(number));
     }
     if (labels) {
-        PrintLabels(picture.NetworkLabels, picture.ShownDucts + 1);
+        PrintLabels(picture.BaseTexts, picture.ShownDucts + 1);
     }
     picture.ShownDucts = DuctCount;
     picture.Overlay.Clear();

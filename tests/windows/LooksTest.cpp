@@ -369,7 +369,7 @@ TEST_F(Looks, ControlsArePaintedAsInTheTable) {
     EXPECT_EQ(keys, std::vector{39}) << "one that is held down moves on, but clicks once";
     QCoreApplication::processEvents();
     for (int line = 0; line < 100; ++line) { // at once, and black
-        picture.NetworkLines.Line({7.5 * line, 0}, {7.5 * line, 750}, 0);
+        picture.BaseLines.Line({7.5 * line, 0}, {7.5 * line, 750}, 0);
     }
     for (const Point place : {Point{100, 100}, Point{300, 320}}) {
         marked.SetCross(place);

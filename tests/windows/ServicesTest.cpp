@@ -174,7 +174,7 @@ TEST_F(Services, CopiesInAllTheirForms) {
     const auto copied = [] { return QApplication::clipboard()->mimeData(); };
     const auto png = [&] { return QImage::fromData(copied()->data("image/png")); };
     LayeredPicture picture;
-    RecordedSurface& lines = picture.NetworkLines;
+    RecordedSurface& lines = picture.BaseLines;
     picture.SetSize({1200, 900});
     lines.SetLineWidth(2);
     lines.Line({150, 150}, {150150, 100150}, 0x0000FF);

@@ -43,8 +43,8 @@ void Erase(QImage& image, const QRegion& region, double ratio, const QColor& gro
 } // namespace
 
 PictureBox::PictureBox(const QString& name, LayeredPicture& picture, QWidget* parent)
-    : QWidget(parent), m_layers{{{picture.NetworkLines, QImage::Format_RGB32},
-                                 {picture.NetworkLabels, QImage::Format_ARGB32_Premultiplied},
+    : QWidget(parent), m_layers{{{picture.BaseLines, QImage::Format_RGB32},
+                                 {picture.BaseTexts, QImage::Format_ARGB32_Premultiplied},
                                  {picture.Overlay, QImage::Format_ARGB32_Premultiplied}}} {
     setObjectName(name);
     setFocusPolicy(Qt::StrongFocus);
