@@ -22,7 +22,7 @@ namespace plenair {
 
 namespace {
 
-constexpr int kNetworkLineWidth = 3;
+constexpr int kPaperNetworkLineWidth = 3;
 constexpr int kDuctsPerPage = 4;
 constexpr int kQuickly = 800; // ducts that are printed before anyone would wait: 200 pages
 const std::string kFontName = "Arial";
@@ -84,7 +84,7 @@ void SetUpPicturePage(Printer& printer) {
 void PrintNetwork(Printer& printer, PrintProgress& progress) {
     SetUpPicturePage(printer);
     printer.SetLineStyle(LineStyle::Solid);
-    printer.SetLineWidth(kNetworkLineWidth);
+    printer.SetLineWidth(kPaperNetworkLineWidth);
     for (int number = 1; number <= DuctCount; ++number) {
         DrawDuct(printer, static_cast<std::int16_t>(number));
         NoteDuct(progress);
