@@ -7,7 +7,6 @@
 #include "platform/files/Folders.h"
 #include "platform/files/ItemReader.h"
 #include "platform/files/ProgramFolder.h"
-#include "platform/files/RegistryStore.h"
 #include "platform/files/WholeFiles.h"
 #include "platform/text/NumberText.h"
 
@@ -112,12 +111,6 @@ void WriteSettings(const std::string& name) {
     WriteWholeFile(PathOf(name), content);
 }
 
-// A new user isn't asked the monthly question in the first month.
-void NoteReminder() {
-    RegCreateKey(HKEY_CURRENT_USER, kReminderSubKey);
-    RegWriteValue(HKEY_CURRENT_USER, kReminderSubKey, kReminderValueName, ReminderMonth(), REG_SZ);
-}
-
 // The first settings file of a folder. Where it can't be searched, `failure` takes the folder and the reason.
 std::optional<std::string> FirstSettingsFile(const std::string& folder, std::string& failure) {
     try {
@@ -143,7 +136,7 @@ bool TakeDeliveredSettings(std::string& failure) {
         Settings.DefPath = FirstFolderForFiles(); // the default of somebody who may write there
     }
     Settings.ConfigFile = *name;
-    NoteReminder();
+    NoteReminder(); // a new user isn't asked in the first month
     try {
         WriteSettings(*name);
     } catch (const FileFailure&) {

@@ -78,4 +78,9 @@ std::string ReminderMonth() {
     return month + year;
 }
 
+void NoteReminder() {
+    RegCreateKey(HKEY_CURRENT_USER, kReminderSubKey);
+    RegWriteValue(HKEY_CURRENT_USER, kReminderSubKey, kReminderValueName, ReminderMonth(), REG_SZ);
+}
+
 } // namespace plenair

@@ -39,4 +39,7 @@ RegistryStatus RegSetValue(RegistryKey key, const std::string& valueName, std::u
 // Today's month as the registry holds it: two digits of the month, four of the year.
 std::string ReminderMonth();
 
+// Notes this month as that of the last reminder, so that it brings no other.
+void NoteReminder();
+
 } // namespace plenair

@@ -66,8 +66,7 @@ void MonthlyReminder() {
     if (answer == MessageAnswer::No) {
         ShowMessage({"Liar!", "Plenair", MessageButtons::Ok, MessageIcon::None});
     }
-    RegCreateKey(HKEY_CURRENT_USER, kReminderSubKey);
-    RegWriteValue(HKEY_CURRENT_USER, kReminderSubKey, kReminderValueName, ReminderMonth(), REG_SZ);
+    NoteReminder();
     if (ShowAboutAfterReminder) {
         ShowAboutAfterReminder();
     }

@@ -117,8 +117,7 @@ void ProgramEnvironment::SetToday(int year, int month, int day) {
 }
 
 void ProgramEnvironment::NoteReminder() const {
-    RegCreateKey(HKEY_CURRENT_USER, kReminderSubKey);
-    RegWriteValue(HKEY_CURRENT_USER, kReminderSubKey, kReminderValueName, ReminderMonth(), REG_SZ);
+    plenair::NoteReminder();
 }
 
 } // namespace plenair
