@@ -18,6 +18,7 @@
 #include <QSize>
 
 #include <cmath>
+#include <memory>
 
 namespace plenair {
 
