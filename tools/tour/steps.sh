@@ -193,14 +193,6 @@ WaitFor() {
     WaitUntil IsActive || Fail "The window \"$1\" did not get the keys."
 }
 
-WindowIsGone() {
-    ! FindWindow "$1"
-}
-
-WaitForEndOf() {
-    WaitUntil WindowIsGone "$1" || Fail "The window \"$1\" did not go."
-}
-
 # Prints left, top, width and height of a window without its frame. Not by xdotool, which counts the frame twice.
 PlaceOf() {
     xwininfo -id "$1" 2>/dev/null |

@@ -140,8 +140,8 @@ void frmInputs::Form_Load() {
     LoadSettings();
     lblConfigFile->setText(ToQt(Settings.ConfigFile));
     txtDefPath->SetText(Settings.DefPath);
-    if (Settings.CalcBasis >= 0 && Settings.CalcBasis < static_cast<int>(optCalcBasis.size())) {
-        optCalcBasis[static_cast<std::size_t>(Settings.CalcBasis)]->SetOn();
+    if (const auto basis = static_cast<std::size_t>(Settings.CalcBasis); basis < optCalcBasis.size()) {
+        optCalcBasis[basis]->SetOn();
     }
     for (std::size_t i = 0; i < kNumberRows.size(); ++i) {
         const auto field = kNumberRows[i].Field;

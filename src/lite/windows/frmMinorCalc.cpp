@@ -381,9 +381,7 @@ void frmMinorCalc::SetCurrentCell(int row, int column) {
 }
 
 std::string frmMinorCalc::BasisText(int index) const {
-    // The settings file may name a basis that there is no box for.
-    const auto box = txtCalcBasis.find(index);
-    return box != txtCalcBasis.end() ? box->second->Text() : std::string();
+    return TxtCalcBasis(index)->Text();
 }
 
 std::string frmMinorCalc::MinorCell(int row, int column) const {

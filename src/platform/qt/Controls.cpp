@@ -244,7 +244,6 @@ void ScrollBar::keyPressEvent(QKeyEvent* event) {
 
 Label::Label(const QString& name, const QString& caption, QWidget* parent) : QLabel(caption, parent) {
     setObjectName(name);
-    setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     setTextFormat(Qt::PlainText);
 }
 
