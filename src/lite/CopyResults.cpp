@@ -8,14 +8,18 @@ namespace plenair {
 
 TableRows ResultTable(const LiteWindow& window) {
     TableRows table{{"Shape", "Width (mm)", "Height (mm)", "Diameter (mm)", "Velocity (m/s)", "Loss (Pa/m)"}};
-    for (int row = 0; row < 5; ++row) {
+    for (int row = 0; row < kResultRows; ++row) {
         const auto cell = [&](int column) { return window.MinorCell(row, column); };
-        if (!cell(1).empty()) { // a flow that was worked out has no cell before it
-            table.push_back({cell(0).empty() ? "" : "Rectangular", cell(0), cell(1), "", cell(2), cell(3)});
+        const std::string width = cell(kWidthColumn);
+        const std::string height = cell(kHeightColumn);
+        if (!height.empty()) { // a flow that was worked out has no cell before it
+            table.push_back({width.empty() ? "" : "Rectangular", width, height, "", cell(kVelocityColumn),
+                             cell(kLossColumn)});
         }
     }
-    if (!window.OtherCell(0).empty()) {
-        table.push_back({"Round", "", "", window.OtherCell(0), window.OtherCell(2), window.OtherCell(3)});
+    if (const std::string diameter = window.OtherCell(kWidthColumn); !diameter.empty()) {
+        table.push_back(
+            {"Round", "", "", diameter, window.OtherCell(kVelocityColumn), window.OtherCell(kLossColumn)});
     }
     return table;
 }
