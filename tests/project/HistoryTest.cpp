@@ -1,4 +1,5 @@
 #include "project/model/History.h"
+#include "platform/files/FileFailure.h"
 #include "project/model/DuctBits.h"
 #include "project/model/ProjectModel.h"
 #include "support/Test.h"
@@ -98,7 +99,7 @@ TEST(History, TheLargestProject) {
         EXPECT_TRUE(ReadKept(KeptContent(start, "")).State == start);
         ProjectState beyond = start;
         beyond.Elements.emplace_back();
-        EXPECT_THROW(ReadKept(KeptContent(beyond, "")), std::runtime_error);
+        EXPECT_THROW(ReadKept(KeptContent(beyond, "")), ContentFailure);
         std::size_t bytesOfFirst = 0;
         for (int step = 0; step < kSteps; ++step) {
             act(step);

@@ -80,7 +80,6 @@ class Messages : public ProjectTest {
     int m_seen = 0;
     std::string m_file, m_path, m_dialog, m_events;
     LiteArrays lite;
-    NotedPrinter printer;
 };
 
 TEST_F(Messages, AndWhatEachAnswerDoes) {
