@@ -48,7 +48,7 @@ class SolverWindow {
     virtual CommonDialog& Dialog() = 0; // dlgMajor; its CancelError is on
 };
 
-// frmMajorParam. Boxes are numbered 1 to SheetBoxes.
+// frmMajorParam
 class SheetWindow {
   public:
     virtual ~SheetWindow() = default;

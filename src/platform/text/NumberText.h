@@ -8,8 +8,8 @@
 // knows the difference. UTF-8 text.
 namespace plenair {
 
-// How the user's locale writes numbers. Marks are UTF-8 text. An empty groupMark means that the locale does
-// not group. firstGroup digits stand in the group next to the decimal mark, otherGroups in each one to the
+// How the user's locale writes numbers. Marks are UTF-8 text. An empty GroupMark means that the locale does
+// not group. FirstGroup digits stand in the group next to the decimal mark, OtherGroups in each one to the
 // left of it (3 and 3 nearly everywhere, 3 and 2 in India).
 struct NumberLocale {
     std::string DecimalMark = ".";
