@@ -5,6 +5,7 @@
 #include "platform/qt/DesktopPrinter.h"
 #include "platform/qt/QtText.h"
 #include "project/ProjectGrid.h"
+#include "project/model/NetworkChange.h"
 #include "project/model/ProjectGeometry.h"
 #include "project/model/ProjectModel.h"
 #include "project/windows/ProjectSolver.h"

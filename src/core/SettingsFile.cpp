@@ -7,7 +7,6 @@
 #include "platform/files/Folders.h"
 #include "platform/files/ItemReader.h"
 #include "platform/files/ProgramFolder.h"
-#include "platform/files/RegistryStore.h"
 #include "platform/files/WholeFiles.h"
 #include "platform/text/NumberText.h"
 

@@ -39,7 +39,7 @@ RegistryStatus RegSetValue(RegistryKey key, const std::string& valueName, std::u
 // Today's month as the registry holds it: two digits of the month, four of the year.
 std::string ReminderMonth();
 
-// Notes that month, so that the question doesn't come in it.
+// Notes this month as that of the last reminder, so that it brings no other.
 void NoteReminder();
 
 } // namespace plenair

@@ -1,6 +1,6 @@
 #pragma once
 
-// Between the units that a user reads and those of the formulae. Flows are in L/s and m³/s.
+// Conversions between the units that a user reads, mm and L/s, and those of the formulae, m and m³/s.
 namespace plenair {
 
 constexpr double ToMetres(double millimetres) {

@@ -29,7 +29,7 @@ class LiteWindow {
     virtual std::string BasisText(int index) const = 0;
     virtual void SetInputB(const std::string& text) = 0;
 
-    // Gives the box the focus and selects its whole text.
+    // Give the focus to txtInputA or txtInputB, and select its whole text.
     virtual void FocusInputA() = 0;
     virtual void FocusInputB() = 0;
 

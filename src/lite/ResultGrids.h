@@ -2,6 +2,8 @@
 
 #include "lite/LiteWindow.h"
 
+#include <string>
+
 // One result as the user reads it: cells, lamp, round duct.
 namespace plenair {
 

@@ -1,12 +1,11 @@
 #include "project/ProjectDrawing.h"
+
+#include "platform/text/NumberText.h"
 #include "project/DuctColour.h"
 #include "project/model/DuctRecord.h"
 #include "project/model/ProjectGeometry.h"
 #include "project/model/ProjectModel.h"
-
-#include <vector>
-
-#include "platform/text/NumberText.h"
+#include "project/model/SheetBoxes.h"
 
 namespace plenair {
 

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 
 // The network as it is drawn, on the grid and on paper alike.
 namespace plenair {

@@ -5,6 +5,8 @@
 #include "project/model/ProjectGeometry.h"
 #include "project/model/SheetBoxes.h"
 
+#include <string>
+
 // What the work on a project needs of its two windows. The windows implement these and hand every event on to
 // the functions of this folder; tests implement them without a window.
 //

@@ -209,7 +209,7 @@ std::string WindowTest::Table() const {
     const auto duct = [&](int row) {
         const auto& lamp = Find<Label>("lblRatio(" + std::to_string(row) + ")");
         return cells("grdMinorCalc", row) +
-               (lamp.IsOpaque() ? " " + lamp.BackColour().name().toStdString() : "");
+               (lamp.autoFillBackground() ? " " + lamp.BackColour().name().toStdString() : "");
     };
     const std::string round = cells("grdOtherShapes", 0);
     const std::string table =

@@ -381,7 +381,7 @@ void frmMinorCalc::SetCurrentCell(int row, int column) {
 }
 
 std::string frmMinorCalc::BasisText(int index) const {
-    return txtCalcBasis.at(index)->Text();
+    return TxtCalcBasis(index)->Text();
 }
 
 std::string frmMinorCalc::MinorCell(int row, int column) const {

@@ -38,6 +38,9 @@ LocalTime SystemTime() {
     };
 }
 
+// Whatever calls a service here calls a copy of it, since another may be put in its place while a dialog is
+// open.
+
 bool Show(DialogKind kind, CommonDialog& dialog) {
     const auto show = Desktop().ShowDialog;
     if (show && show(kind, dialog)) {
@@ -65,8 +68,6 @@ DesktopServices& Desktop() {
     return s_services;
 }
 
-// Each takes a copy of its service, since another may be put in its place while a dialog is open.
-
 MessageAnswer ShowMessage(const MessageRequest& request) {
     if (const auto ask = Desktop().AskByMessageBox) {
         return ask(request);
@@ -92,6 +93,24 @@ MessageAnswer AnswerWhenClosed(MessageButtons buttons) {
 std::string AskForText(const InputRequest& request) {
     const auto ask = Desktop().AskByInputBox;
     return ask ? ask(request) : std::string();
+}
+
+void CommonDialog::ShowSave() {
+    if (Show(DialogKind::Save, *this)) {
+        TakeFile(*this, WithDefaultExt(*this));
+    }
+}
+
+void CommonDialog::ShowOpen() {
+    if (Show(DialogKind::Open, *this)) {
+        std::error_code unknown;
+        const bool isThere = std::filesystem::exists(FileName, unknown);
+        TakeFile(*this, isThere ? FileName : WithDefaultExt(*this));
+    }
+}
+
+void CommonDialog::ShowPrinter() {
+    Show(DialogKind::Printer, *this);
 }
 
 Progress::Progress(const ProgressRequest& request) {
@@ -156,24 +175,6 @@ void SetMousePointer(MousePointer pointer) {
 LocalTime Now() {
     const auto clock = Desktop().Clock;
     return clock ? clock() : SystemTime();
-}
-
-void CommonDialog::ShowSave() {
-    if (Show(DialogKind::Save, *this)) {
-        TakeFile(*this, WithDefaultExt(*this));
-    }
-}
-
-void CommonDialog::ShowOpen() {
-    if (Show(DialogKind::Open, *this)) {
-        std::error_code unknown;
-        const bool isThere = std::filesystem::exists(FileName, unknown);
-        TakeFile(*this, isThere ? FileName : WithDefaultExt(*this));
-    }
-}
-
-void CommonDialog::ShowPrinter() {
-    Show(DialogKind::Printer, *this);
 }
 
 } // namespace plenair

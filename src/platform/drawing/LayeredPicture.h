@@ -2,11 +2,14 @@
 
 #include "platform/drawing/RecordedSurface.h"
 
+#include <vector>
+
 namespace plenair {
 
-// A picture in two layers: a base, which changes seldom, and over it what comes and goes. The base is in two
-// pieces, since its texts lie over all of its lines, also over those that are added later. A painter keeps an
-// image of each piece and only paints what has been added, so that what stands there costs nothing.
+// A picture of three surfaces, one over the other: a base, which changes seldom, and over it what comes and
+// goes. The base is two of them, since its texts lie over all of its lines, also over those that are added
+// later. A painter keeps an image of each and only paints what has been added, so that what stands there
+// costs nothing.
 struct LayeredPicture {
     RecordedSurface BaseLines;
     RecordedSurface BaseTexts;
@@ -19,7 +22,7 @@ struct LayeredPicture {
         Overlay.SetSize(size);
     }
 
-    // Those of all layers, in the order in which they lie over one another.
+    // Those of all three, in the order in which they lie over one another.
     std::vector<DrawnItem> Items() const {
         std::vector<DrawnItem> items = BaseLines.Items();
         items.insert(items.end(), BaseTexts.Items().begin(), BaseTexts.Items().end());

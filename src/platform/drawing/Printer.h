@@ -3,10 +3,11 @@
 #include "platform/drawing/DrawingSurface.h"
 
 #include <stdexcept>
+#include <string>
 
 namespace plenair {
 
-enum class ColourMode { Monochrome = 1, Colour = 2 };
+enum class ColourMode { Colour = 2 };
 enum class PageOrientation { Portrait = 1, Landscape = 2 };
 
 // A page or a document that can't be printed.

@@ -4,7 +4,6 @@
 #include "platform/files/FileFailure.h"
 
 #include <cerrno>
-#include <chrono>
 #include <filesystem>
 #include <system_error>
 

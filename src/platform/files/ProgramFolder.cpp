@@ -2,7 +2,6 @@
 
 #include "platform/files/Folders.h"
 
-#include <chrono>
 #include <filesystem>
 #include <system_error>
 

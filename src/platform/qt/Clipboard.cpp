@@ -1,12 +1,14 @@
 #include "platform/qt/Clipboard.h"
 
 #include "platform/drawing/LayeredPicture.h"
+#include "platform/drawing/Strokes.h"
 #include "platform/qt/FormFont.h"
 #include "platform/qt/PainterInk.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/SurfacePainter.h"
 #include "platform/qt/Twips.h"
 #include "platform/text/SpreadsheetDocument.h"
+#include "platform/text/TableText.h"
 
 #include <QApplication>
 #include <QBuffer>

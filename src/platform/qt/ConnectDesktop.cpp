@@ -34,7 +34,6 @@
 #include <cstddef>
 #include <functional>
 #include <string>
-#include <type_traits>
 
 namespace plenair {
 

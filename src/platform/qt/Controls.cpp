@@ -18,6 +18,7 @@
 #include <QSize>
 
 #include <cmath>
+#include <memory>
 
 namespace plenair {
 
@@ -243,7 +244,6 @@ void ScrollBar::keyPressEvent(QKeyEvent* event) {
 
 Label::Label(const QString& name, const QString& caption, QWidget* parent) : QLabel(caption, parent) {
     setObjectName(name);
-    setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     setTextFormat(Qt::PlainText);
 }
 

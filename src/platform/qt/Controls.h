@@ -133,7 +133,6 @@ class Label : public QLabel {
     Label(const QString& name, const QString& caption, QWidget* parent);
 
     void SetOpaque(bool opaque) { setAutoFillBackground(opaque); }
-    bool IsOpaque() const { return autoFillBackground(); }
     void SetBackColour(const QColor& colour);
     QColor BackColour() const { return palette().color(QPalette::Window); }
 };

@@ -190,9 +190,7 @@ class DesktopPrinter : public Printer {
     void SetPosition(Point place) override { m_position = place; }
     void Print(const std::string& text) override;
 
-    void SetColourMode(ColourMode mode) override {
-        Chosen().Printer.setColorMode(mode == ColourMode::Colour ? QPrinter::Color : QPrinter::GrayScale);
-    }
+    void SetColourMode(ColourMode) override { Chosen().Printer.setColorMode(QPrinter::Color); }
 
     void SetOrientation(PageOrientation orientation) override { m_orientation = orientation; }
 

@@ -130,11 +130,13 @@ class Form : public QWidget {
     bool m_fillsScreen = false;
     bool m_isOffTaskBar = false;
 
-    // Where the window belongs; nothing once the user, or the desktop, has put it elsewhere.
+    // Where the program put the window; nothing once the user, or the desktop, has put it elsewhere.
     std::optional<Spot> m_spot;
-    std::optional<QPoint> m_left;    // else the corner of the frame when it was last hidden
-    QPoint m_askedFor;               // the corner of the frame last asked for
-    std::optional<QMargins> m_frame; // the desktop's, for which it was; nothing until the window is seen
+    std::optional<QPoint> m_left; // where the corner of the frame was when the window was last hidden
+    QPoint m_askedFor;            // where the desktop was last asked to put the corner of the frame
+
+    // The frame that the desktop has put around the window; nothing until the window is seen.
+    std::optional<QMargins> m_frame;
 };
 
 } // namespace plenair

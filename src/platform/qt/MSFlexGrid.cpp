@@ -15,7 +15,6 @@
 #include <QRect>
 #include <QRectF>
 
-#include <memory>
 #include <stdexcept>
 
 namespace plenair {

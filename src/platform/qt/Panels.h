@@ -15,9 +15,10 @@ namespace plenair {
 // it.
 QRect FreeArea(const QScreen& screen);
 
-// What a panel takes of a screen, in pixels. In twelve numbers it says how far it reaches from each edge of
-// all screens together (left, right, top, bottom) and from where to where along that edge; it takes of that
-// screen on which it ends.
+// What a panel takes of a screen, in pixels. `panel` is its twelve numbers: first how far it reaches inwards
+// from the left, right, top and bottom edge of all screens together, which measure `all`; then, for each of
+// these edges, where along it the panel begins and ends. It takes something of a screen if its inner edge
+// lies on that screen.
 QMargins TakenBy(const std::vector<std::uint32_t>& panel, const QRect& screen, QSize all);
 
 } // namespace plenair

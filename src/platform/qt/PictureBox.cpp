@@ -1,6 +1,7 @@
 #include "platform/qt/PictureBox.h"
 
 #include "platform/desktop/KeyCodes.h"
+#include "platform/drawing/Strokes.h"
 #include "platform/qt/DevicePixels.h"
 #include "platform/qt/KeyCodeOf.h"
 #include "platform/qt/SurfacePainter.h"

@@ -29,9 +29,9 @@ QWindow* HighestOn(QWindow* window) {
 }
 
 #ifdef PLENAIR_XCB
-// The toolkit takes its own request for the keyboard as the grant, when the server brings it back. Of one
-// that isn't granted, as for a window that is hidden meanwhile, no other word would come: the keyboard has
-// stayed where it was.
+// Keeps from the toolkit its own requests for the keyboard, which the server sends back to it: it takes one
+// for the grant. If the request is not granted, as for a window that is hidden meanwhile, the keyboard stays
+// where it was, and nothing would ever tell the toolkit so.
 class RequestFilter : public QAbstractNativeEventFilter {
   public:
     bool nativeEventFilter(const QByteArray&, void* message, qintptr*) override {
@@ -95,8 +95,8 @@ class DialogWatcher : public QObject {
         };
         connect(&dialog, &QWindow::visibleChanged, untilHidden, goBack);
         if (QGuiApplication::platformName() == "xcb") {
-            // Its window manager knows by now. The toolkit would give the keyboard by force to a window on
-            // which it knows a dialog to stand when that window is clicked, and then it would be nobody's.
+            // The window manager knows by now on which window the dialog stands, and the toolkit must not: at
+            // a click on that window it would force the keyboard there, and then no window would have it.
             QMetaObject::invokeMethod(
                 untilHidden, [window = &dialog] { window->setTransientParent(nullptr); },
                 Qt::QueuedConnection);

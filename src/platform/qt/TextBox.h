@@ -43,8 +43,9 @@ class TextBox : public QLineEdit, public FocusEvents {
     // End, and nothing typed with Alt. Auto-repeat repeats it.
     std::function<void(int character)> KeyPress;
 
-    // Any key going down (repeated by auto-repeat) or, after it went down in a box, really released, with its
-    // code: those of KeyCodes.h, letters and digits by their character, 0 for one without a code.
+    // Any key. KeyDown runs when it goes down, and again at each auto-repeat; KeyUp runs once, when the user
+    // lets go of a key that went down in a text box. Both get its code: one of KeyCodes.h, the character of a
+    // letter or digit, or 0 for a key that has none.
     std::function<void(int keyCode)> KeyDown;
     std::function<void(int keyCode)> KeyUp;
 

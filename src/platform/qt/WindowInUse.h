@@ -4,6 +4,7 @@
 #include <QPointer>
 #include <QWidget>
 
+// Where the user is.
 namespace plenair {
 
 // The entered controls (see FocusEvents), the latest last: one of the windows that the user can reach, and

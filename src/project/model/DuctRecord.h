@@ -29,8 +29,8 @@ struct DuctRecord {
     double Flow = 0;         // L/s
 };
 
-// A record from a damaged file, or element 0, can have no type. Where ducts and connections part ways it goes
-// with the ducts.
+// Element 0, and a record from a damaged file, may be of no type. Where ducts and connections are treated
+// differently such a record goes with the ducts, but it adds nothing to the pressure drop of a path.
 enum class ElementType { None, Rigid, Flexible, Connection };
 
 ElementType TypeOf(float colour);

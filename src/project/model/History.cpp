@@ -2,6 +2,7 @@
 
 #include "project/model/DuctBits.h"
 #include "project/model/DuctRecord.h"
+#include "project/model/NetworkChange.h"
 #include "project/model/PackedWords.h"
 #include "project/model/ProjectModel.h"
 

@@ -2,7 +2,6 @@
 
 #include <bit>
 #include <unordered_map>
-#include <utility>
 
 namespace plenair {
 

@@ -9,7 +9,6 @@
 
 #include <cmath>
 #include <cstddef>
-#include <memory>
 
 namespace plenair {
 

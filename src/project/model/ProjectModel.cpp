@@ -1,5 +1,7 @@
 #include "project/model/ProjectModel.h"
 
+#include "project/model/NetworkChange.h"
+
 #include <cstddef>
 
 namespace plenair {

@@ -31,10 +31,9 @@ extern Flag DrawPending;        // a start point is held for the next click on t
 extern Flag PlotShowing;        // the grid shows a path's plot instead of the network
 extern float DrawColour;        // of the next duct
 
-// As long as this number is the same, so are colours and ends of the ducts that there were; AddDuct may have
-// added others. Whoever changes them in Ducts notes that.
+// While this number stays the same, the ducts that were there keep their colours and ends; AddDuct may add
+// others. Colours and ends are changed by the model alone.
 std::uint64_t NetworkRevision();
-void NoteNetworkChange();
 
 // Whether `duct` is a number from 1 to DuctCount.
 bool IsDuct(int duct);

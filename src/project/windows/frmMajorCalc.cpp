@@ -32,7 +32,6 @@ constexpr double kButtonTop = 50;
 constexpr double kButtonHeight = 400;
 constexpr double kCloseWidth = 1000;
 constexpr double kGridLeft = 50;
-constexpr double kGridTop = 500;
 
 } // namespace
 

@@ -18,8 +18,10 @@
 
 namespace plenair {
 
+constexpr double kGridTop = 500; // of picGrid, in twips
+
 // The Project Solver: a row of buttons and, below it, the grid on which the network is drawn. It fills the
-// screen. The work behind each button is a function of project/; a handler hands the event on.
+// screen. The work behind each button is a function of src/project; a handler hands the event on.
 class frmMajorCalc : public Form, public SolverWindow {
     Q_OBJECT
 

@@ -12,6 +12,7 @@
 #include "project/DuctColour.h"
 #include "project/DuctSheet.h"
 #include "project/windows/SolverKeys.h"
+#include "project/windows/frmMajorCalc.h"
 
 #include <QColor>
 #include <QFont>
@@ -34,8 +35,7 @@ namespace {
 
 constexpr double kWidth = 2880;
 constexpr double kHeight = 3165;
-constexpr int kFrame = 17; // ms, of a usual screen
-constexpr double kGridTop = 500;
+constexpr int kFrame = 17;         // ms, of a usual screen
 constexpr double kBelowGrid = 400; // from the top of the grid, with room for a title bar above that
 
 // Blue, as far as it can be read on that background.
