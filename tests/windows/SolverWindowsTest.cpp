@@ -105,6 +105,7 @@ TEST_F(SolverWindows, DrawingByTheKeyboardAndItsColours) {
     Play(R"(| colours: #ff0000#0000ff#ffff00
         @chkParam | colours: #00ff00#0000ff#ffff00
         @next | colours: #ff0000#00ff00#ffff00
+        #r @txtParam(1) !wake | cross: nothing
         @chkParam | colours: #ff0000#0000ff#ffff00)"); // the duct of the sheet is green
 }
 
